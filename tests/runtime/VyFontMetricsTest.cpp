@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <unistd.h>
 
@@ -79,14 +80,31 @@ TEST(VyFontMetricsElide, CutTextFitsAndEndsWithDots) {
     EXPECT_EQ(fm.elidedText(text, -5), VyString());
 }
 
+TEST(VyFontMetricsBadInput, RandomBytesElideToAFittingPrefix) {
+    VyFontEngine engine;
+    ASSERT_TRUE(engine.setFontFile(kLatinFont, VyFontEngine::kDeviceFontReserveBytes));
+    VyFontMetrics fm(VyFont(17), engine);
+    std::mt19937 random(1234);
+    for (int round = 0; round < 200; ++round) {
+        std::string bytes(random() % 40, '\0');
+        for (char& b : bytes)
+            b = static_cast<char>(random() % 2 ? 0x80 + random() % 0x80 : random() % 0x80);
+        const int maxWidth = static_cast<int>(random() % 200);
+        const VyString cut = fm.elidedText(VyString(bytes), maxWidth);
+        EXPECT_LE(fm.horizontalAdvance(cut), maxWidth);
+        const std::string kept = cut.endsWith("...") && cut.toStdString() != bytes
+                                     ? cut.toStdString().substr(0, cut.size() - 3)
+                                     : cut.toStdString();
+        EXPECT_EQ(bytes.compare(0, kept.size(), kept), 0);
+    }
+}
+
 TEST(VyFontMetricsBadInput, NoFontMeasuresZero) {
     VyFontEngine engine;
     testing::internal::CaptureStdout();
     EXPECT_FALSE(engine.setFontFile("/nonexistent.ttf", VyFontEngine::kDeviceFontReserveBytes));
     testing::internal::GetCapturedStdout();
     VyFontMetrics fm(VyFont(17), engine);
-    EXPECT_EQ(fm.ascent(), 0);
-    EXPECT_EQ(fm.descent(), 0);
     EXPECT_EQ(fm.height(), 0);
     EXPECT_EQ(fm.horizontalAdvance("Camera 1"), 0);
     EXPECT_EQ(fm.elidedText("Camera 1", 0), VyString("Camera 1"));
