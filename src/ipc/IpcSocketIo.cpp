@@ -1,0 +1,55 @@
+#include "ipc/IpcSocketIo.h"
+
+#include "runtime/VyLog.h"
+
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
+
+int WriteData(int sock, const void* data, int size) {
+    const char* p = static_cast<const char*>(data);
+    int s32Size = size;
+    int s32WriteSize = 0;
+    while (s32WriteSize < s32Size) {
+        // MSG_NOSIGNAL: App going away must show up as an error here, not kill the GUI.
+        ssize_t n = ::send(sock, p + s32WriteSize, size_t(s32Size - s32WriteSize), MSG_NOSIGNAL);
+        if (n < 0) {
+            if (errno == EINTR || errno == EAGAIN)
+                continue;
+            break;
+        }
+        s32WriteSize += int(n);
+    }
+    if (s32Size < 1)
+        return 0;
+    if (s32WriteSize != s32Size) {
+        VY_IPC_LOG("s32WriteSize != s32Size !\n");
+        return -1;
+    }
+    return 0;
+}
+
+int ReadData(int sock, void* buffer, int size, int unused) {
+    (void)unused;
+    char* p = static_cast<char*>(buffer);
+    int s32ReadSize = 0;
+    while (s32ReadSize < size) {
+        ssize_t n = ::recv(sock, p + s32ReadSize, size_t(size - s32ReadSize), 0);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            VY_IPC_LOG("------!!!-%s\n", std::strerror(errno));
+            break;
+        }
+        if (n == 0) {
+            VY_IPC_LOG("!!!!------Connect rest by peer!\n");
+            break;
+        }
+        s32ReadSize += int(n);
+    }
+    if (s32ReadSize != size && size > 0) {
+        VY_IPC_LOG("ss32Size=%d,s32ReadSize = %d\n", size, s32ReadSize);
+        return -1;
+    }
+    return 0;
+}
