@@ -19,8 +19,8 @@ public:
     int ascent() const;
     int descent() const;
     int height() const;
-    // Sum of the pen advances of the UTF-8 text's code points; malformed bytes count as
-    // U+FFFD. 0 with no valid font.
+    // Sum of the pen advances of the text's code points, decoded by VyString::toUcs4 as the
+    // text drawing decodes them (a malformed byte counts as one U+FFFD). 0 with no valid font.
     int horizontalAdvance(const VyString& text) const;
     // The text itself when it fits in maxWidth pixels; otherwise its longest leading part
     // that still fits with "..." appended, or an empty text when not even "..." fits.
