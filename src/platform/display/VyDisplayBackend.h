@@ -1,0 +1,44 @@
+#pragma once
+// What the screen knows of an output: size, pitch, the pixel memory and, for outputs that
+// are not scanned out by hardware, a way to be told which rectangles changed.
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "runtime/VyGlobal.h"
+#include "runtime/VyRect.h"
+#include "runtime/VyString.h"
+
+class VyDisplayBackend {
+public:
+    VyDisplayBackend() = default;
+    virtual ~VyDisplayBackend() = default;
+    VY_DISABLE_COPY_MOVE(VyDisplayBackend)
+
+    // Acquires the device and maps its memory; false on any failure (a log line says why).
+    virtual bool open() = 0;
+    // True once the device itself is held, even when a later step of open() failed: the
+    // screen then treats itself as open and never retries.
+    virtual bool holdsDevice() const = 0;
+
+    virtual int width() const = 0;
+    virtual int height() const = 0;
+    // Bytes from one line to the next; at least width * 2.
+    virtual int lineLength() const = 0;
+    // Null until open() succeeded.
+    virtual uint8_t* pixels() const = 0;
+    // Mapped bytes, which may exceed lineLength * height on a real device.
+    virtual size_t length() const = 0;
+
+    // Called after every flush with the rectangles that changed. A scanned-out framebuffer
+    // needs nothing; a desktop window copies them to the display.
+    virtual void present(const VyRect* rects, int count) {
+        (void)rects;
+        (void)count;
+    }
+
+    // "/dev/fbN" (any path): the Linux framebuffer; "mem:WxH": memory in this process;
+    // "mem:WxH:FILE": a shared file mapping another process can read; "window:WxH": a
+    // desktop window where built. Null for a name that is none of these (logged).
+    static std::unique_ptr<VyDisplayBackend> create(const VyString& device);
+};

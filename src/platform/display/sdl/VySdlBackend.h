@@ -1,0 +1,40 @@
+#pragma once
+// A desktop window that shows the framebuffer: pixels live in memory as on the device, and
+// every flush presents the rectangles it changed. SDL is used only from the thread that
+// flushes (the GUI thread).
+#include <vector>
+
+#include "platform/display/VyDisplayBackend.h"
+
+struct SDL_Window;
+struct SDL_Renderer;
+struct SDL_Texture;
+
+class VySdlBackend : public VyDisplayBackend {
+public:
+    VySdlBackend(int width, int height);
+    ~VySdlBackend() override;
+    VY_DISABLE_COPY_MOVE(VySdlBackend)
+
+    bool open() override;
+    bool holdsDevice() const override { return m_window != nullptr; }
+    int width() const override { return m_width; }
+    int height() const override { return m_height; }
+    int lineLength() const override { return m_width * 2; }
+    uint8_t* pixels() const override { return m_texture ? m_pixels : nullptr; }
+    size_t length() const override { return m_memory.size() * 2; }
+    void present(const VyRect* rects, int count) override;
+
+    int presentCount() const { return m_presentCount; }
+
+private:
+    int m_width;
+    int m_height;
+    std::vector<uint16_t> m_memory;
+    uint8_t* m_pixels = nullptr;
+    bool m_sdlStarted = false;
+    SDL_Window* m_window = nullptr;
+    SDL_Renderer* m_renderer = nullptr;
+    SDL_Texture* m_texture = nullptr;
+    int m_presentCount = 0;
+};
