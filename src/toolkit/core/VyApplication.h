@@ -1,0 +1,144 @@
+#pragma once
+// The single application object: owns the posted-event queue, the screen, the timer service
+// and the worker threads, and runs the GUI thread's event loop. Every event that is not
+// sent directly passes through its queue and its one dispatch routine, notify().
+#include "runtime/VyList.h"
+#include "runtime/VyPoint.h"
+#include "runtime/VyString.h"
+#include "toolkit/core/VyGuiThreads.h"
+#include "toolkit/core/VyObject.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class VyEvent;
+class VyMouseEvent;
+class VyObjectGuard;
+class VyPostedEventQueue;
+class VyRawMouseEvent;
+class VyScreen;
+class VySingleShotTimer;
+class VyTimer;
+class VyTimerCore;
+class VyTimerEvent;
+class VyWidget;
+
+class VyApplication : public VyObject {
+    VY_OBJECT(VyApplication, VyObject)
+public:
+    // Opens the display (setDisplayDevice, else $VY_FBDEV_NODE, else "/dev/fb0") and exits
+    // the process with status 1 when it cannot; then starts the timer thread.
+    explicit VyApplication(int argc = 0, char** argv = nullptr);
+    ~VyApplication() override;
+
+    static VyApplication* instance();
+    // Must be called before the application object is made.
+    static void setDisplayDevice(const VyString& path);
+    static VyString displayDevice();
+
+    // Runs the loop until quit(). Returns 1 at once when already running: nested loops are
+    // EventLoop's job.
+    int exec();
+    void quit() { m_running = false; }
+    bool isRunning() const { return m_running; }
+
+    // Thread-safe; takes ownership of the event. Without an application the event is
+    // dropped.
+    static void postEvent(VyObject* receiver, VyEvent* e);
+    // Synchronous delivery through the application's filters, then the receiver's, then
+    // event(); types from 1000 up go straight to customEvent.
+    static bool sendEvent(VyObject* receiver, VyEvent* e);
+    void removePostedEvents(VyObject* receiver);
+
+    // Takes one event (sleeping while the queue is empty) and dispatches it.
+    void processOneEvent();
+    // Dispatches what is queued now, without sleeping; returns how many events ran. An
+    // event posted while they run waits for the next call, so a 1 ms timer cannot keep it
+    // busy forever.
+    int processPostedEvents();
+    // The one dispatch routine: raw mouse conversion, deferred deletes of widgets, modal and
+    // popup redirection, mouse targets, hover and propagation to the parents.
+    bool notify(VyObject* receiver, VyEvent* e);
+
+    // Called from ~VyObject: clears every non-owning reference to the dying object.
+    void objectDestroyed(VyObject* object);
+
+    VyScreen* screen() const { return m_screen.get(); }
+    VyTimerCore* timerCore() const { return m_threads.timerCore.get(); }
+    VyPostedEventQueue* postedEvents() const { return m_postedEvents.get(); }
+    VySingleShotTimer* singleShotTimer() const { return m_singleShotTimer.get(); }
+    // The three application timers of the key and mouse handling.
+    const VyList<VyTimer*>& timers() const { return m_timers; }
+    // Installs the mouse reader thread (a VyMouseWatcher), owned from then on and started
+    // here; it posts raw samples with postEvent or injectPointer.
+    void setMouseWatcher(std::unique_ptr<VyThread> watcher);
+    VyThread* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
+
+    // The timer service; ids are never 0.
+    uint32_t registerTimer(int ms, VyObject* receiver, int repeat);
+    bool unregisterTimer(uint32_t id);
+    void unregisterTimers(VyObject* receiver);
+
+    // Seconds counted by the application's 1000 ms tick; `secondTick` is emitted after
+    // each increment (the idle counting of the input code listens to it).
+    uint32_t seconds() const { return m_seconds; }
+    VySignal secondTick;
+
+    // Posts a raw mouse sample to the application (App's remote pointer, the mouse reader).
+    static void injectPointer(int x, int y, uint8_t buttons, int16_t wheel);
+
+    // Widget side: focus, modal stack, hover and hit test.
+    VyWidget* focusWidget() const { return m_focusWidget; }
+    // The application's focus change; reason 8 never changes anything.
+    void setFocusWidget(VyWidget* widget, int reason);
+    VyWidget* activeModalWidget() const;
+    VyWidget* activePopupWidget() const;
+    const VyList<VyWidget*>& modalStack() const { return m_modalStack; }
+    void pushModal(VyWidget* window);
+    void removeModal(VyWidget* window);
+    bool isBlockedByModal(const VyWidget* widget) const;
+    VyWidget* hoverWidget() const { return m_hoverWidget; }
+    VyPoint lastMousePos() const { return m_lastMousePos; }
+    // The topmost shown window containing the screen point, skipping hidden (5) and
+    // mouse-transparent (9) windows; null when none.
+    VyWidget* topLevelAt(VyPoint global) const;
+    // The deepest visible widget under the screen point.
+    VyWidget* widgetAt(VyPoint global) const;
+
+protected:
+    void timerEvent(VyTimerEvent* e) override;
+
+private:
+    friend class VyObjectGuard;
+    void addGuard(VyObjectGuard* guard);
+    void removeGuard(VyObjectGuard* guard);
+
+    void handleRawMouse(VyRawMouseEvent* e);
+    bool dispatchMouse(VyWidget* receiver, VyMouseEvent* e);
+    bool dispatchWheel(VyWidget* receiver, VyEvent* e);
+    void updateHover(VyWidget* widget, VyPoint global);
+    bool deliverToTarget(VyWidget* target, VyEvent* e, VyPoint global);
+
+    // Members, in the order of their meaning rather than size.
+    VyList<VyTimer*> m_timers;
+    uint32_t m_tickTimerId = 0;
+    VyPoint m_lastMousePos;
+    std::unique_ptr<VyScreen> m_screen;
+    VyGuiThreads m_threads;
+    VyWidget* m_hoverWidget = nullptr;
+    // The last entry is the active modal window or popup.
+    VyList<VyWidget*> m_modalStack;
+    uint32_t m_seconds = 0;
+    std::unique_ptr<VyPostedEventQueue> m_postedEvents;
+    bool m_running = false;
+    // Per mouse button (left, right, middle): the widget that took the press and gets the
+    // moves and the release while that button is held.
+    VyWidget* m_mouseGrab[3] = {nullptr, nullptr, nullptr};
+    VyWidget* m_focusWidget = nullptr;
+    // The last raw sample, to turn the next one into press/release/move/wheel.
+    VyPoint m_rawPos{-1, -1};
+    int m_rawButtons = 0;
+    std::unique_ptr<VySingleShotTimer> m_singleShotTimer;
+    std::vector<VyObjectGuard*> m_guards;
+};

@@ -1,0 +1,147 @@
+// Connecting, disconnecting and emitting signals.
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyQueuedSignalEvent.h"
+
+namespace {
+
+// Drops the connections that were cut while the list was being emitted.
+void sweepDeadConnections(ConnectionList* list) {
+    VyList<Connection*>& connections = list->connections;
+    for (int i = connections.size() - 1; i >= 0; --i) {
+        if (!connections.at(i)->receiver)
+            delete connections.takeAt(i);
+    }
+    list->hasDeadConnections = false;
+}
+
+// Cuts one connection: at once when the list is idle, by marking it while an emission
+// runs over it (the loop indexes the list and must not see it shift).
+void cutConnection(ConnectionList* list, int index) {
+    if (list->emitDepth > 0) {
+        Connection* c = list->connections.at(index);
+        c->receiver = nullptr;
+        c->slot = nullptr;
+        list->hasDeadConnections = true;
+    } else {
+        delete list->connections.takeAt(index);
+    }
+}
+
+} // namespace
+
+bool VyObject::connect(VyObject* sender, const VySignal* signal, VyObject* receiver, VySlot slot,
+                       bool queued) {
+    if (!sender || !signal || !receiver || !slot)
+        return false;
+    auto& table = sender->m_connections.m_signalTable;
+    ConnectionList* list = table.value(signal, nullptr);
+    if (!list) {
+        list = new ConnectionList;
+        list->sender = sender;
+        table.insert(signal, list);
+    }
+    for (const Connection* c : list->connections)
+        if (c->receiver == receiver && c->slot == slot)
+            return false;
+    auto* c = new Connection;
+    c->receiver = receiver;
+    c->slot = slot;
+    c->queued = queued ? 1 : 0;
+    list->connections.append(c);
+    receiver->m_connections.m_senders.append(sender);
+    return true;
+}
+
+bool VyObject::disconnect(VyObject* sender, const VySignal* signal, VyObject* receiver,
+                          VySlot slot) {
+    if (!sender || !receiver)
+        return false;
+    auto& table = sender->m_connections.m_signalTable;
+    auto it = table.find(signal);
+    if (it == table.end())
+        return false;
+    ConnectionList* list = it->second;
+    for (int i = 0; i < list->connections.size(); ++i) {
+        const Connection* c = list->connections.at(i);
+        if (c->receiver == receiver && c->slot == slot) {
+            cutConnection(list, i);
+            receiver->m_connections.m_senders.removeOne(sender);
+            if (list->emitDepth == 0 && list->connections.isEmpty()) {
+                table.erase(it);
+                delete list;
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+void VyObject::emitSignal(VyObject* sender, const VySignal* signal) {
+    if (sender->m_signalsBlocked)
+        return;
+    auto& table = sender->m_connections.m_signalTable;
+    if (table.isEmpty())
+        return;
+    auto it = table.find(signal);
+    if (it == table.end())
+        return;
+    ConnectionList* list = it->second;
+    ++list->emitDepth;
+    // The length is read again after every call: slots may connect more receivers, which
+    // then run in this same emission.
+    for (int i = 0; i < list->connections.size(); ++i) {
+        const Connection* c = list->connections.at(i);
+        if (!c->receiver)
+            continue;
+        if (c->queued)
+            VyApplication::postEvent(c->receiver,
+                                     new VyQueuedSignalEvent(sender, c->receiver, c->slot));
+        else
+            c->slot(sender, c->receiver);
+        if (!list->sender)
+            break; // the sender died inside the slot
+    }
+    if (--list->emitDepth > 0)
+        return;
+    if (!list->sender) {
+        // The dying sender left the list to us; its table entry is already gone.
+        for (Connection* c : list->connections)
+            delete c;
+        delete list;
+        return;
+    }
+    if (list->hasDeadConnections)
+        sweepDeadConnections(list);
+    if (list->connections.isEmpty()) {
+        sender->m_connections.m_signalTable.remove(signal);
+        delete list;
+    }
+}
+
+int VyObject::receivers(const VyObject* sender, const VySignal* signal) {
+    const ConnectionList* list = sender->m_connections.m_signalTable.value(signal, nullptr);
+    if (!list)
+        return 0;
+    int n = 0;
+    for (const Connection* c : list->connections)
+        if (c->receiver)
+            ++n;
+    return n;
+}
+
+void VyObject::removeSenderConnectionsTo(VyObject* receiver) {
+    auto& table = m_connections.m_signalTable;
+    for (auto it = table.begin(); it != table.end();) {
+        ConnectionList* list = it->second;
+        for (int i = list->connections.size() - 1; i >= 0; --i)
+            if (list->connections.at(i)->receiver == receiver)
+                cutConnection(list, i);
+        if (list->emitDepth == 0 && list->connections.isEmpty()) {
+            delete list;
+            it = table.erase(it);
+        } else {
+            ++it;
+        }
+    }
+}

@@ -1,0 +1,31 @@
+#include "toolkit/core/VySignalMapper.h"
+
+#include "toolkit/core/VyObject.h"
+
+// Runs as the owner's last step of destruction: cuts the connections in both directions.
+VySignalMapper::~VySignalMapper() {
+    for (auto& entry : m_signalTable) {
+        ConnectionList* list = entry.second;
+        for (Connection* c : list->connections)
+            if (c->receiver)
+                c->receiver->m_connections.m_senders.removeOne(m_owner);
+        if (list->emitDepth > 0) {
+            // A slot of this very signal is destroying us: the running emission sees the
+            // null sender, stops, and frees the list and its connections.
+            list->sender = nullptr;
+            continue;
+        }
+        for (Connection* c : list->connections)
+            delete c;
+        delete list;
+    }
+    m_signalTable.clear();
+
+    // The senders' lists are pruned once per sender; duplicates in m_senders (one per
+    // connection) find nothing left the second time.
+    VyList<VyObject*> senders = m_senders;
+    m_senders.clear();
+    for (VyObject* sender : senders)
+        if (sender != m_owner)
+            sender->removeSenderConnectionsTo(m_owner);
+}
