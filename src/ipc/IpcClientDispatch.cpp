@@ -1,0 +1,89 @@
+// IpcClient: the dispatch callback, run on the dispatch thread for every received message.
+#include "ipc/IpcClient.h"
+
+#include "ipc/IpcRemotePointer.h"
+#include "ipc/IpcReplyWaiter.h"
+#include "runtime/VyLog.h"
+#include "toolkit/core/CEvent.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+
+int IpcClient::dispatchThunk(IpcMsgBlock block, void* self) {
+    return static_cast<IpcClient*>(self)->dispatch(std::move(block));
+}
+
+int IpcClient::dispatch(IpcMsgBlock block) {
+    if (!block)
+        return -1;
+    IpcMsgHeader h = ipcBlockHeader(block.get());
+    if (h.MainType == kAppMainType && h.SubType == kRemotePointerSubType) {
+        remotePointer(block);
+        return 0;
+    }
+    {
+        std::lock_guard<std::mutex> lock(m_waitMutex);
+        if (m_blockingActive) {
+            m_numbers.push_back(h.seqNumber);
+            // emplace keeps an existing entry: the first block with a number stays the
+            // candidate for that number.
+            m_replies.emplace(h.seqNumber, block.get());
+            m_held.push_back(std::move(block));
+            m_waitCond.notify_all();
+            return 0;
+        }
+        if (!m_receiver.load()) {
+            // Start-up: only the stage notifications matter, noted as one number.
+            m_numbers.push_back(uint32_t(h.MainType) + h.SubType);
+            m_waitCond.notify_all();
+            return 0; // the block is freed here
+        }
+    }
+    waiterDeliver(std::move(block));
+    return 0;
+}
+
+void IpcClient::remotePointer(const IpcMsgBlock& block) {
+    IpcMsgHeader h = ipcBlockHeader(block.get());
+    auto pointer = IpcRemotePointer::decode(ipcBlockBody(block.get()), h.dataLen);
+    if (!pointer) {
+        VY_IPC_LOG("remote pointer dropped: body of %u bytes or zero reference size\n", h.dataLen);
+        return;
+    }
+    VyApplication* app = VyApplication::instance();
+    if (!app || !app->screen()) {
+        VY_IPC_LOG("remote pointer dropped: no application screen yet\n");
+        return;
+    }
+    int16_t x = IpcRemotePointer::scale(pointer->x, app->screen()->width(), pointer->refWidth);
+    int16_t y = IpcRemotePointer::scale(pointer->y, app->screen()->height(), pointer->refHeight);
+    VyApplication::injectPointer(x, y, pointer->buttons, pointer->wheel);
+}
+
+void IpcClient::waiterDeliver(IpcMsgBlock block) {
+    VyObject* receiver = m_receiver.load();
+    if (!receiver)
+        return;
+    {
+        std::lock_guard<std::mutex> lock(m_waiterMutex);
+        if (!m_waiters.empty()) {
+            IpcMsgHeader h = ipcBlockHeader(block.get());
+            for (auto& entry : m_waiters) {
+                IpcReplyWaiter* waiter = entry.second;
+                if (waiter->matches(h)) {
+                    waiter->markMatched();
+                    // The waiter lives until it is removed from the map under this mutex,
+                    // so posting to it here is safe.
+                    postToReceiver(waiter, std::move(block));
+                    return;
+                }
+            }
+        }
+    }
+    postToReceiver(receiver, std::move(block));
+}
+
+void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block) {
+    auto* event = new CEvent(kIpcEventType);
+    event->setData(VyEventData(block.release(), &std::free));
+    VyApplication::postEvent(receiver, event);
+}

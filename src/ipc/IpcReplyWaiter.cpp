@@ -1,0 +1,11 @@
+#include "ipc/IpcReplyWaiter.h"
+
+#include "toolkit/core/CEvent.h"
+#include "toolkit/core/EventLoop.h"
+
+void IpcReplyWaiter::customEvent(VyEvent* e) {
+    auto* ce = static_cast<CEvent*>(e);
+    m_reply.reset(static_cast<uint8_t*>(ce->takeData().release()));
+    e->accept();
+    m_loop->quit();
+}
