@@ -1,0 +1,63 @@
+#include "app/CustomConfigSender.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+#include "app/ColorDefaultBlock.h"
+#include "app/DefaultParamSet.h"
+#include "app/DeviceDefaultRecord.h"
+#include "runtime/VyLog.h"
+#include "toolkit/style/VyIniSettings.h"
+
+CustomConfigSender::CustomConfigSender(CustomConfigLink link)
+    : m_link(std::move(link))
+    , m_record(DeviceDefaultRecord::kSize, 0) {}
+
+CustomConfig::Outcome CustomConfigSender::configureDefaults(const VyString& path) {
+    const VyIniSettings ini(path);
+    CustomConfig::Outcome outcome = CustomConfig::packDeviceDefaults(ini, m_record.data());
+    if (!outcome.proceed())
+        return outcome;
+    m_link.send(kMainType, kDeviceDefaults, m_record.data(), DeviceDefaultRecord::kSize);
+
+    std::vector<uint8_t> params = m_link.request(kMainType, kDefaultParamRequest);
+    if (params.size() != DefaultParamSet::kSize) {
+        vyStartupLog("default parameter set from App has %zu bytes, expected %u\n", params.size(),
+                     DefaultParamSet::kSize);
+        params.resize(DefaultParamSet::kSize, 0);
+    }
+
+    const std::vector<uint8_t> tail = m_link.request(kMainType, kDeviceTailRequest);
+    const size_t tailBytes = std::min<size_t>(tail.size(), DeviceDefaultRecord::kTailSize);
+    if (tailBytes < tail.size())
+        vyStartupLog("device information from App has %zu bytes, kept %zu\n", tail.size(),
+                     tailBytes);
+    if (tailBytes)
+        std::memcpy(m_record.data() + DeviceDefaultRecord::kTail, tail.data(), tailBytes);
+
+    CustomConfig::patchDefaultParamSet(ini, params.data());
+    const VyString warning = CustomConfig::deviceTypeWarning(ini);
+    if (!warning.isEmpty())
+        std::printf("%s\n", warning.c_str());
+    m_link.send(kMainType, kPatchedParamSet, params.data(), DefaultParamSet::kSize);
+    return outcome;
+}
+
+void CustomConfigSender::configureDefaultsOrExit(const VyString& path) {
+    const CustomConfig::Outcome outcome = configureDefaults(path);
+    if (outcome.proceed())
+        return;
+    std::fputs(outcome.message.c_str(), stdout);
+    std::fflush(stdout);
+    std::exit(outcome.exitStatus);
+}
+
+void CustomConfigSender::sendColorDefaults(const VyString& path, uint32_t profileCode) {
+    const VyIniSettings ini(path);
+    std::vector<uint8_t> block(ColorDefaultBlock::kSize);
+    CustomConfig::packColorDefaults(ini, profileCode, block.data());
+    m_link.send(kMainType, kColorDefaults, block.data(), ColorDefaultBlock::kSize);
+}

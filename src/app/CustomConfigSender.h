@@ -1,0 +1,42 @@
+#pragma once
+// Start-up's exchange of the customisation file with the recorder service: pack the device
+// default record and send it, fetch the default parameter set and the device information
+// tail, patch and return the parameter set; later the colour defaults of the profile App
+// reported. Packing lives in CustomConfig; this class only moves the bytes.
+#include <cstdint>
+#include <vector>
+
+#include "app/CustomConfig.h"
+#include "app/CustomConfigLink.h"
+#include "runtime/VyGlobal.h"
+#include "runtime/VyString.h"
+
+class CustomConfigSender {
+public:
+    static constexpr uint16_t kMainType = 600;
+    static constexpr uint16_t kDefaultParamRequest = 3; // request: App's default parameter set
+    static constexpr uint16_t kDeviceDefaults = 4;      // GUI -> App: device default record
+    static constexpr uint16_t kPatchedParamSet = 10;    // GUI -> App: patched parameter set
+    static constexpr uint16_t kColorDefaults = 11;      // GUI -> App: colour default block
+    static constexpr uint16_t kDeviceTailRequest = 14;  // request: device information tail
+
+    explicit CustomConfigSender(CustomConfigLink link);
+    VY_DISABLE_COPY_MOVE(CustomConfigSender)
+
+    // Reads the file at `path` and runs the whole exchange. When a node list does not hold
+    // its count nothing is sent and the outcome asks the caller to end the process.
+    CustomConfig::Outcome configureDefaults(const VyString& path);
+    // As configureDefaults, but prints the outcome's message and ends the process with its
+    // status when it cannot go on; this is what start-up calls.
+    void configureDefaultsOrExit(const VyString& path);
+
+    // Reads the file again and sends the colour defaults of the section chosen by `profileCode`.
+    void sendColorDefaults(const VyString& path, uint32_t profileCode);
+
+    // The device default record as sent, with App's device information tail filled in.
+    const std::vector<uint8_t>& deviceRecord() const { return m_record; }
+
+private:
+    CustomConfigLink m_link;
+    std::vector<uint8_t> m_record;
+};
