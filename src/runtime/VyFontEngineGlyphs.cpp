@@ -7,6 +7,7 @@
 #include FT_FREETYPE_H
 
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
@@ -29,8 +30,8 @@ bool copyCoverage(const FT_Bitmap& bitmap, VyGlyph* out) {
     out->coverage.assign(static_cast<size_t>(width) * static_cast<size_t>(height), 0);
     if (width == 0 || height == 0)
         return true;
-    // A negative pitch means the rows are stored bottom-up; buffer then points at the top row
-    // of the image as it lies in memory, which is the last row of the glyph.
+    // A negative pitch stores the rows bottom-up from buffer: the glyph's top row is the last
+    // one in memory, and adding the pitch still moves one row down the glyph.
     const int pitch = bitmap.pitch;
     const unsigned char* firstRow =
         pitch >= 0 ? bitmap.buffer : bitmap.buffer + static_cast<ptrdiff_t>(-pitch) * (height - 1);
