@@ -1,0 +1,249 @@
+#include "toolkit/core/VyScreenCursor.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "runtime/VyLog.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyScreen.h"
+
+namespace {
+
+struct ShapeInfo {
+    const char* name;
+    VyPoint hotspot; // in pixels of the normal-size image
+};
+
+// In the order of VyScreenCursor::Shape.
+constexpr ShapeInfo kShapes[VyScreenCursor::ShapeCount] = {
+    {"arrow", {0, 0}},        {"cursor-uparrow", {13, 2}},  {"cursor-cross", {12, 12}},
+    {"cursor-wait", {6, 2}},  {"cursor-ibeam", {9, 2}},     {"cursor-sizev", {13, 12}},
+    {"cursor-sizeh", {0, 0}}, {"cursor-vsplit", {12, 12}},  {"cursor-hsplit", {12, 12}},
+    {"cursor-hand", {9, 1}},  {"cursor-forbidden", {6, 6}}, {"cursor-whatsthis", {0, 0}},
+    {"cursor-busy", {0, 0}},  {"cursor-openhand", {0, 0}},  {"cursor-closehand", {0, 0}},
+};
+
+bool validShape(int shape) {
+    return shape >= 0 && shape < VyScreenCursor::ShapeCount;
+}
+
+} // namespace
+
+VyScreenCursor::VyScreenCursor(VyScreen* screen)
+    : m_screen(screen) {
+    vyFrameworkLog("using software mouse\n");
+    reinitialiseLocked();
+    loadShape(Arrow);
+}
+
+VyScreenCursor::~VyScreenCursor() = default;
+
+const char* VyScreenCursor::shapeName(int shape) {
+    return validShape(shape) ? kShapes[shape].name : nullptr;
+}
+
+VyString VyScreenCursor::imageName(int shape, int span) {
+    if (!validShape(shape))
+        return VyString();
+    VyString name = VyString("cursor-image/") + kShapes[shape].name;
+    if (span >= kLargeScreenSpan)
+        name += "-max";
+    return name + ".png";
+}
+
+VyPoint VyScreenCursor::hotspot(int shape, int span) {
+    if (!validShape(shape))
+        return VyPoint();
+    const VyPoint h = kShapes[shape].hotspot;
+    return span >= kLargeScreenSpan ? VyPoint(h.x * 2, h.y * 2) : h;
+}
+
+bool VyScreenCursor::loadShape(int shape) {
+    if (!validShape(shape)) {
+        vyFrameworkLog("cursor shape %d unknown !!!\n", shape);
+        return false;
+    }
+    m_shape = shape;
+    const VyString path = VyResources::path(imageName(shape, m_span));
+    m_image = VyBitmap::loadPng(path);
+    m_hotspot = hotspot(shape, m_span);
+    if (m_image.isNull()) {
+        vyFrameworkLog("load cursor image (%s) failed !!!\n", path.c_str());
+        return false;
+    }
+    return true;
+}
+
+bool VyScreenCursor::setShape(int shape) {
+    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    restore();
+    const bool loaded = loadShape(shape);
+    if (m_shown && m_base) {
+        save(m_position - m_hotspot);
+        draw();
+    }
+    return loaded;
+}
+
+int VyScreenCursor::shape() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_shape;
+}
+
+void VyScreenCursor::setImage(const VyBitmap& image, VyPoint hotspot) {
+    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    restore();
+    m_image = image;
+    m_hotspot = hotspot;
+    if (m_shown && m_base) {
+        save(m_position - m_hotspot);
+        draw();
+    }
+}
+
+void VyScreenCursor::setPosition(int x, int y) {
+    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_position = VyPoint(x, y);
+    if (!m_shown || !m_base)
+        return;
+    restore();
+    save(m_position - m_hotspot);
+    draw();
+}
+
+VyPoint VyScreenCursor::position() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_position;
+}
+
+void VyScreenCursor::show() {
+    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_shown)
+        return;
+    m_shown = true;
+    // The screen may have been reopened while the cursor was hidden.
+    m_base = m_screen->mapping();
+    m_lineLength = m_screen->lineLength();
+    m_screenWidth = m_screen->width();
+    m_screenHeight = m_screen->height();
+    if (m_base) {
+        save(m_position - m_hotspot);
+        draw();
+    }
+}
+
+void VyScreenCursor::hide() {
+    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_shown)
+        return;
+    // Put the covered pixels back so that the image leaves the screen at once.
+    restore();
+    m_saved = false;
+    m_shown = false;
+}
+
+bool VyScreenCursor::isShown() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_shown;
+}
+
+VyRect VyScreenCursor::area() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_image.isNull())
+        return VyRect();
+    return VyRect(m_position - m_hotspot, VySize(m_image.width(), m_image.height()));
+}
+
+void VyScreenCursor::restoreLocked() {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    restore();
+}
+
+void VyScreenCursor::saveAndDrawLocked() {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_shown || !m_base)
+        return;
+    save(m_position - m_hotspot);
+    draw();
+}
+
+void VyScreenCursor::reinitialiseLocked() {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_base = m_screen->mapping();
+    m_lineLength = m_screen->lineLength();
+    m_screenWidth = m_screen->width();
+    m_screenHeight = m_screen->height();
+    // The old memory is gone or cleared: nothing saved belongs to it any more.
+    m_saved = false;
+    const VyRect clip = m_screen->clipRect();
+    const int span = clip.right - clip.left;
+    const bool wasLarge = m_span >= kLargeScreenSpan;
+    const bool isLarge = span >= kLargeScreenSpan;
+    m_span = span;
+    if (wasLarge != isLarge && !m_image.isNull())
+        loadShape(m_shape);
+}
+
+VyRect VyScreenCursor::clippedArea(VyPoint topLeft) const {
+    return VyRect(topLeft, VySize(m_saveWidth, m_saveHeight))
+        .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
+}
+
+void VyScreenCursor::save(VyPoint topLeft) {
+    if (m_image.isNull() || !m_base)
+        return;
+    const int w = m_image.width();
+    const int h = m_image.height();
+    if (w != m_saveWidth || h != m_saveHeight) {
+        m_saveUnder.assign(static_cast<size_t>(w) * h, 0);
+        m_saveWidth = w;
+        m_saveHeight = h;
+    }
+    m_savedAt = topLeft;
+    m_saved = true;
+    const VyRect r = clippedArea(topLeft);
+    for (int y = r.top; y <= r.bottom; ++y) {
+        const uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
+        std::memcpy(&m_saveUnder[(y - topLeft.y) * w + (r.left - topLeft.x)], line + r.left * 2,
+                    static_cast<size_t>(r.width()) * 2);
+    }
+}
+
+void VyScreenCursor::restore() {
+    if (!m_saved || !m_base)
+        return;
+    const VyRect r = clippedArea(m_savedAt);
+    for (int y = r.top; y <= r.bottom; ++y) {
+        uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
+        std::memcpy(line + r.left * 2,
+                    &m_saveUnder[(y - m_savedAt.y) * m_saveWidth + (r.left - m_savedAt.x)],
+                    static_cast<size_t>(r.width()) * 2);
+    }
+}
+
+void VyScreenCursor::draw() {
+    if (m_image.isNull() || !m_shown || !m_base)
+        return;
+    const VyPoint topLeft = m_position - m_hotspot;
+    const int w = m_image.width();
+    const VyRect r = VyRect(topLeft, VySize(w, m_image.height()))
+                         .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
+    const uint8_t* bits = m_image.constBits();
+    for (int y = r.top; y <= r.bottom; ++y) {
+        uint16_t* line =
+            reinterpret_cast<uint16_t*>(m_base + static_cast<size_t>(y) * m_lineLength);
+        const uint8_t* src =
+            bits + (static_cast<size_t>(y - topLeft.y) * w + (r.left - topLeft.x)) * 4;
+        for (int x = r.left; x <= r.right; ++x, src += 4) {
+            // No blending: the cursor is drawn with full pixels, top bit set.
+            if (src[3] != 0)
+                line[x] = static_cast<uint16_t>(0x8000 | (src[0] >> 3) << 10 | (src[1] >> 3) << 5 |
+                                                (src[2] >> 3));
+        }
+    }
+}

@@ -1,0 +1,107 @@
+#pragma once
+// The software mouse cursor: an image drawn straight into the framebuffer over whatever
+// the last flush left there, with the covered pixels saved beneath it so that moving or
+// hiding the cursor puts them back exactly.
+//
+// Locks: the screen's framebuffer mutex first, then the cursor's own mutex. The mouse
+// thread moves the cursor (setPosition); the GUI thread flushes, which restores the saved
+// pixels before it writes and saves and draws again afterwards.
+#include <cstdint>
+#include <mutex>
+#include <vector>
+
+#include "runtime/VyBitmap.h"
+#include "runtime/VyGlobal.h"
+#include "runtime/VyPoint.h"
+#include "runtime/VyRect.h"
+#include "runtime/VyString.h"
+
+class VyScreen;
+
+class VyScreenCursor {
+public:
+    enum Shape {
+        Arrow,
+        UpArrow,
+        Cross,
+        Wait,
+        IBeam,
+        SizeVer,
+        SizeHor,
+        VSplit,
+        HSplit,
+        Hand,
+        Forbidden,
+        WhatsThis,
+        Busy,
+        OpenHand,
+        CloseHand,
+        ShapeCount
+    };
+
+    // Outputs at least this wide (right edge minus left edge) use the "-max" images and
+    // doubled hotspots.
+    static constexpr int kLargeScreenSpan = 1920; // pixels
+
+    explicit VyScreenCursor(VyScreen* screen);
+    ~VyScreenCursor();
+    VY_DISABLE_COPY_MOVE(VyScreenCursor)
+
+    // The shape's name ("arrow", "cursor-hand", ...); null for an unknown number.
+    static const char* shapeName(int shape);
+    // The image's resource path ("cursor-image/cursor-hand-max.png") and the hotspot in
+    // image pixels, for a drawing area whose right minus left edge is span.
+    static VyString imageName(int shape, int span);
+    static VyPoint hotspot(int shape, int span);
+
+    // Loads the shape's image; false (and a log line) when it cannot be read, in which
+    // case the cursor draws nothing until another shape loads.
+    bool setShape(int shape);
+    int shape() const;
+    // Uses a caller's image instead of a shape's (drag and drop).
+    void setImage(const VyBitmap& image, VyPoint hotspot);
+
+    // The pointer position (the hotspot lands on it). Any thread.
+    void setPosition(int x, int y);
+    VyPoint position() const;
+
+    void show();
+    void hide();
+    bool isShown() const;
+    // The rectangle the image covers on screen now (unclipped), empty with no image.
+    VyRect area() const;
+
+private:
+    friend class VyScreen;
+    // Called by the screen with its framebuffer mutex held.
+    void restoreLocked();
+    void saveAndDrawLocked();
+    // Takes the framebuffer base, pitch and size from the screen again; after a reopen
+    // also reloads the shape when the output crossed the large-screen width.
+    void reinitialiseLocked();
+
+    void save(VyPoint topLeft);
+    void restore();
+    void draw();
+    VyRect clippedArea(VyPoint topLeft) const;
+    bool loadShape(int shape);
+
+    VyScreen* m_screen;
+    // Guards everything below; taken after the screen's framebuffer mutex.
+    mutable std::mutex m_mutex;
+    uint8_t* m_base = nullptr;
+    int m_lineLength = 0;
+    int m_screenWidth = 0;
+    int m_screenHeight = 0;
+    int m_span = 0;
+    int m_shape = Arrow;
+    VyBitmap m_image;
+    VyPoint m_hotspot;
+    VyPoint m_position;
+    VyPoint m_savedAt;
+    bool m_saved = false;
+    bool m_shown = true;
+    std::vector<uint16_t> m_saveUnder;
+    int m_saveWidth = 0;
+    int m_saveHeight = 0;
+};

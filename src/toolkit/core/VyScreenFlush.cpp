@@ -1,0 +1,99 @@
+// Composition of the dirty windows into the framebuffer.
+#include <utility>
+
+#include "platform/display/VyDisplayBackend.h"
+#include "toolkit/core/VyEvent.h"
+#include "toolkit/core/VyFbCanvas.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/core/VyWindowSurface.h"
+
+namespace {
+
+// What shows where no window does: black with the overlay bit set, so the video layer
+// beneath the GUI plane does not show through by accident.
+constexpr uint16_t kOpaqueBlack = 0x8000;
+
+} // namespace
+
+bool VyScreen::event(VyEvent* e) {
+    if (e->type() == VyEvent::UpdateRequest) {
+        flush();
+        return true;
+    }
+    return VyObject::event(e);
+}
+
+void VyScreen::flush() {
+    VyRegion dirty;
+    dirty.swap(m_dirtyRegion);
+    // Cleared before painting: an update made while windows paint starts the next batch
+    // instead of being lost with this one.
+    m_updatePending = false;
+    if (!isOpen() || !m_front || dirty.isEmpty())
+        return;
+
+    // Each composing window gets the part of the dirty region where it is the topmost
+    // window, so that no pixel is written twice.
+    struct Part {
+        VyWindowSurface* window;
+        VyRegion region;
+    };
+    std::vector<Part> parts;
+    VyRegion uncovered = dirty;
+    for (int i = windowCount() - 1; i >= 0 && !uncovered.isEmpty(); --i) {
+        VyWindowSurface* w = m_windows[i].get();
+        if (!w->composes())
+            continue;
+        VyRegion part = uncovered.intersected(w->rect());
+        if (part.isEmpty())
+            continue;
+        uncovered.subtract(w->rect());
+        parts.push_back({w, std::move(part)});
+    }
+
+    // Windows paint outside the framebuffer mutex, bottom first.
+    if (m_paintHandler) {
+        for (auto it = parts.rbegin(); it != parts.rend(); ++it) {
+            const VyPoint offset = VyPoint() - it->window->rect().topLeft();
+            m_paintHandler(it->window, it->region.translated(offset));
+        }
+    }
+
+    uint64_t written = 0;
+    VyRect cursorArea;
+    {
+        std::lock_guard<std::mutex> lock(m_framebufferMutex);
+        if (m_cursor)
+            m_cursor->restoreLocked();
+        for (auto it = parts.rbegin(); it != parts.rend(); ++it) {
+            // A paint handler may have removed the window.
+            if (indexOf(it->window) < 0) {
+                uncovered.unite(it->region);
+                continue;
+            }
+            const VyPoint origin = it->window->rect().topLeft();
+            const VyFbCanvas& source = *it->window->canvas();
+            for (const VyRect& r : it->region.rects()) {
+                m_front->copyFrom(source, r.translated(VyPoint() - origin), r.topLeft());
+                written += static_cast<uint64_t>(r.width()) * r.height();
+            }
+        }
+        for (const VyRect& r : uncovered.rects()) {
+            m_front->fillRaw(r, kOpaqueBlack);
+            written += static_cast<uint64_t>(r.width()) * r.height();
+        }
+        if (m_cursor) {
+            m_cursor->saveAndDrawLocked();
+            cursorArea = m_cursor->area();
+        }
+    }
+    ++m_flushCount;
+    m_flushedPixels += written;
+
+    // The cursor was redrawn inside the region; a window backend shows both.
+    VyVector<VyRect> changed = dirty.rects();
+    if (!cursorArea.isEmpty())
+        changed.append(cursorArea);
+    m_backend->present(changed.data(), changed.size());
+}
