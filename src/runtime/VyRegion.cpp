@@ -234,6 +234,50 @@ void VyRegion::combineInPlace(const View& b, Op op) {
     swap(scratch);
 }
 
+void VyRegion::combineRectLocally(int x0, int y0, int x1, int y1, Op op) {
+    // Only the bands in the rectangle's rows change, plus the one just above and the one
+    // just below, which may join what the operation leaves at its edges. Everything else is
+    // kept where it is, so a cost per call is a local merge and one move of the tail.
+    const int n = static_cast<int>(m_bands.size());
+    const int first = std::max(0, firstBandBelow(y0) - 1);
+    auto below = std::partition_point(m_bands.begin() + first, m_bands.end(),
+                                      [y1](const Band& band) { return band.top < y1; });
+    const int last = std::min(n, static_cast<int>(below - m_bands.begin()) + 1);
+
+    static thread_local VyRegion scratch;
+    const Band band{y0, y1, 0, 2};
+    const int xs[2] = {x0, x1};
+    combine({m_bands.data() + first, last - first, m_xs.data()}, {&band, 1, xs}, op, scratch);
+
+    const int xsFrom = first < n ? m_bands[first].begin : static_cast<int>(m_xs.size());
+    const int xsTo = last > first ? m_bands[last - 1].end : xsFrom;
+    const int xsDelta = static_cast<int>(scratch.m_xs.size()) - (xsTo - xsFrom);
+    if (xsDelta > 0)
+        m_xs.insert(m_xs.begin() + xsTo, static_cast<size_t>(xsDelta), 0);
+    else if (xsDelta < 0)
+        m_xs.erase(m_xs.begin() + xsTo + xsDelta, m_xs.begin() + xsTo);
+    std::copy(scratch.m_xs.begin(), scratch.m_xs.end(), m_xs.begin() + xsFrom);
+
+    const int newCount = static_cast<int>(scratch.m_bands.size());
+    const int bandDelta = newCount - (last - first);
+    if (bandDelta > 0)
+        m_bands.insert(m_bands.begin() + last, static_cast<size_t>(bandDelta), Band{});
+    else if (bandDelta < 0)
+        m_bands.erase(m_bands.begin() + last + bandDelta, m_bands.begin() + last);
+    for (int i = 0; i < newCount; ++i) {
+        Band b = scratch.m_bands[i];
+        b.begin += xsFrom;
+        b.end += xsFrom;
+        m_bands[first + i] = b;
+    }
+    if (xsDelta != 0) {
+        for (size_t i = static_cast<size_t>(first + newCount); i < m_bands.size(); ++i) {
+            m_bands[i].begin += xsDelta;
+            m_bands[i].end += xsDelta;
+        }
+    }
+}
+
 bool VyRegion::uniteFast(int x0, int y0, int x1, int y1) {
     if (m_bands.empty()) {
         m_bands.push_back({y0, y1, 0, 2});
@@ -278,9 +322,7 @@ VyRegion& VyRegion::unite(const VyRect& rect) {
     const Edges e = clippedEdges(rect);
     if (e.isEmpty() || uniteFast(e.x0, e.y0, e.x1, e.y1) || contains(rect))
         return *this;
-    const Band band{e.y0, e.y1, 0, 2};
-    const int xs[2] = {e.x0, e.x1};
-    combineInPlace({&band, 1, xs}, Op::Unite);
+    combineRectLocally(e.x0, e.y0, e.x1, e.y1, Op::Unite);
     return *this;
 }
 
@@ -322,11 +364,9 @@ VyRegion& VyRegion::intersect(const VyRegion& other) {
 
 VyRegion& VyRegion::subtract(const VyRect& rect) {
     const Edges e = clippedEdges(rect);
-    if (e.isEmpty() || isEmpty() || !boundingRect().intersects(rect))
+    if (e.isEmpty() || !intersects(rect))
         return *this;
-    const Band band{e.y0, e.y1, 0, 2};
-    const int xs[2] = {e.x0, e.x1};
-    combineInPlace({&band, 1, xs}, Op::Subtract);
+    combineRectLocally(e.x0, e.y0, e.x1, e.y1, Op::Subtract);
     return *this;
 }
 

@@ -90,6 +90,8 @@ private:
     // Appends the band [top, bottom) whose boundaries were just pushed from xsBegin on,
     // dropping it when empty and merging it into the band above when that one is equal.
     void closeBand(int top, int bottom, int xsBegin);
+    // Unite or subtract one rectangle, touching only the bands near its rows.
+    void combineRectLocally(int x0, int y0, int x1, int y1, Op op);
     bool uniteFast(int x0, int y0, int x1, int y1);
     int firstBandBelow(int y) const;
 
