@@ -1,0 +1,50 @@
+#include "model/MainViewManager.h"
+
+#include "ipc/IpcMsgBlock.h"
+#include "model/OutputSettingsBlock.h"
+#include "model/ParamAccess.h"
+#include "model/UiRouteTable.h"
+#include "toolkit/core/CEvent.h"
+
+MainViewManager* MainViewManager::instance() {
+    static MainViewManager* manager = new MainViewManager; // lives to process end
+    return manager;
+}
+
+void MainViewManager::setShown(bool shown) {
+    if (m_shown == shown)
+        return;
+    m_shown = shown;
+    emitSignal(this, &viewChanged);
+}
+
+void MainViewManager::setLayout(int layout) {
+    if (m_layout == layout)
+        return;
+    m_layout = layout;
+    emitSignal(this, &viewChanged);
+}
+
+void MainViewManager::refresh() {
+    m_outputResolution = ParamAccess::get<OutputSettingsBlock>().resolution;
+    emitSignal(this, &viewChanged);
+}
+
+void MainViewManager::refreshSettings() {
+    m_settings.load();
+    emitSignal(this, &settingsChanged);
+}
+
+void MainViewManager::customEvent(VyEvent* e) {
+    if (e->type() != UiRouteTable::kMainViewEventType)
+        return;
+    e->accept();
+    const void* block = static_cast<CEvent*>(e)->data();
+    if (block == nullptr)
+        return;
+    const IpcMsgHeader h = ipcBlockHeader(block);
+    ++m_previewMessageCount;
+    m_lastPreviewSubType = h.SubType;
+    m_lastPreviewValue = h.msgValue;
+    emitSignal(this, &previewMessage);
+}

@@ -1,0 +1,25 @@
+#include "model/RecDataManager.h"
+
+#include "model/SystemInfoRecord.h"
+#include "runtime/VyLog.h"
+
+RecDataManager* RecDataManager::instance() {
+    static RecDataManager* manager = new RecDataManager; // lives to process end
+    return manager;
+}
+
+void RecDataManager::refresh() {
+    m_recordSettings.load();
+    emitSignal(this, &recordSettingsChanged);
+}
+
+std::vector<uint8_t> RecDataManager::channelToBitArray(int channel) const {
+    const int channels = SystemInfoRecord::instance().channelCount;
+    if (channel < 0 || channel >= channels) {
+        VY_GUI_LOG("chnIndex invalid:%d !!!\n", channel);
+        return {};
+    }
+    std::vector<uint8_t> bits(size_t((channels + 7) / 8), 0);
+    bits[size_t(channel / 8)] = uint8_t(1u << (channel % 8));
+    return bits;
+}

@@ -1,0 +1,28 @@
+#pragma once
+// The record data model: the record settings the playback and search screens depend on
+// (parameter block 16) and the channel masks that record-search messages carry.
+#include "model/CachedParamBlock.h"
+#include "toolkit/core/VyObject.h"
+
+#include <vector>
+
+class RecDataManager : public VyObject {
+    VY_OBJECT(RecDataManager, VyObject)
+public:
+    static constexpr uint32_t kRecordBlock = 16;
+    static constexpr uint32_t kRecordBlockSize = 1024; // bytes
+
+    static RecDataManager* instance();
+
+    // Rereads block 16 (App reported a change).
+    void refresh();
+    const CachedParamBlock& recordSettings() const { return m_recordSettings; }
+    // One bit per channel, LSB first, channelCount bits rounded up to whole bytes; empty
+    // (and a log line) for a channel outside the device.
+    std::vector<uint8_t> channelToBitArray(int channel) const;
+    VySignal recordSettingsChanged;
+
+private:
+    RecDataManager() = default;
+    CachedParamBlock m_recordSettings{kRecordBlock, kRecordBlockSize};
+};

@@ -1,0 +1,6 @@
+#include "model/SystemInfoRecord.h"
+
+SystemInfoRecord& SystemInfoRecord::instance() {
+    static SystemInfoRecord record{};
+    return record;
+}

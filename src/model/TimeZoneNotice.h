@@ -1,0 +1,18 @@
+#pragma once
+// Body of App's time-zone notification (MainType 600, SubType 7): the POSIX TZ text,
+// NUL-terminated, then a u32 that App keeps with it (its time-zone table index).
+#include <cstddef>
+#include <cstdint>
+
+struct TimeZoneNotice {
+    static constexpr uint16_t kMainType = 600;
+    static constexpr uint16_t kSubType = 7;
+    static constexpr size_t kSize = 24; // bytes on the wire
+    static constexpr size_t kValueOffset = 20;
+
+    char tz[20];    // e.g. "CST-8"
+    uint32_t value; // App's index of the zone
+};
+
+static_assert(sizeof(TimeZoneNotice) == TimeZoneNotice::kSize, "wire size");
+static_assert(offsetof(TimeZoneNotice, value) == TimeZoneNotice::kValueOffset, "value");

@@ -1,0 +1,289 @@
+// UiManager: routing of App's messages and the notifications it handles itself.
+#include "model/UiManager.h"
+
+#include "ipc/IpcMsgBlock.h"
+#include "model/AIManager.h"
+#include "model/DeviceParamModel.h"
+#include "model/FrontPanelModel.h"
+#include "model/MainViewManager.h"
+#include "model/RecDataManager.h"
+#include "model/RecorderLink.h"
+#include "model/RemoteAccessModel.h"
+#include "model/TimeZoneNotice.h"
+#include "model/UiRouteTable.h"
+#include "model/UiShell.h"
+#include "runtime/VyLog.h"
+#include "toolkit/core/CEvent.h"
+#include "toolkit/core/VyApplication.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+namespace {
+
+constexpr uint16_t kMainTypeSystem = 1000;
+constexpr uint16_t kSubTypeBusy = 14;
+constexpr uint16_t kSubTypeSubscriptionCheck = 44;
+constexpr uint16_t kSubTypeSync45 = 45;
+constexpr uint16_t kSubTypeLedState = 47;
+constexpr uint16_t kSubTypeNetworkStatus = 116;
+constexpr uint16_t kSubTypeQuery199 = 199;
+constexpr uint16_t kSubTypeShutdown = 280;
+constexpr uint16_t kSubTypeSubscriptionCheck2 = 308;
+constexpr uint16_t kSubTypeNtp = 11;
+constexpr uint16_t kSubTypeTwoTargets = 13;
+
+constexpr uint16_t kParamChanged = 0;
+constexpr uint16_t kParamForward1 = 1;
+constexpr uint16_t kParamForward2 = 2;
+constexpr size_t kBlockNumberSize = 4; // bytes: the changed block's number, u32
+
+uint32_t loadU32(const uint8_t* p) {
+    return uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24;
+}
+
+} // namespace
+
+void UiManager::setReceiver(int uiEventType, VyObject* receiver) {
+    const int slot = uiEventType - kSlotBase;
+    if (slot < 0 || slot >= kSlotCount) {
+        vyFrameworkLog("UiManager: no receiver slot for event type %d !!!\n", uiEventType);
+        return;
+    }
+    m_receivers[slot] = receiver;
+    watch(receiver);
+}
+
+void UiManager::watch(VyObject* receiver) {
+    // A window that dies without clearing its slot must not be posted to afterwards.
+    if (receiver != nullptr)
+        connect(receiver, &receiver->destroyed, this, VY_SLOT(UiManager, receiverDestroyed));
+}
+
+void UiManager::receiverDestroyed(VyObject* receiver) {
+    for (VyObject*& slot : m_receivers) {
+        if (slot == receiver)
+            slot = nullptr;
+    }
+    if (m_second1032 == receiver)
+        m_second1032 = nullptr;
+    for (PlaybackReceiver*& p : m_playback) {
+        if (p == receiver)
+            p = nullptr;
+    }
+}
+
+VyObject* UiManager::receiver(int uiEventType) const {
+    const int slot = uiEventType - kSlotBase;
+    return slot >= 0 && slot < kSlotCount ? m_receivers[slot] : nullptr;
+}
+
+void UiManager::setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second) {
+    m_playback[0] = first;
+    m_playback[1] = second;
+    watch(first);
+    watch(second);
+}
+
+void UiManager::customEvent(VyEvent* e) {
+    if (e->type() != CEvent::IpcMessage)
+        return;
+    routeMessage(static_cast<CEvent*>(e));
+    e->accept();
+}
+
+void UiManager::routeMessage(CEvent* e) {
+    const void* block = e->data();
+    if (block == nullptr)
+        return;
+    const IpcMsgHeader h = ipcBlockHeader(block);
+    const uint8_t* body = ipcBlockBody(block);
+    const UiRoute route = UiRouteTable::route(h.MainType, h.SubType);
+    switch (route.kind) {
+    case UiRouteKind::Forward:
+        routeSubType(e, h, route.uiEventType);
+        break;
+    case UiRouteKind::SelfHandled:
+        handleSelf(h);
+        break;
+    case UiRouteKind::MainView:
+        forward(e, MainViewManager::instance(), route.uiEventType);
+        break;
+    case UiRouteKind::Playback: {
+        PlaybackReceiver* p = m_playback[0] != nullptr ? m_playback[0] : m_playback[1];
+        if (p != nullptr && p->readyForRecorderMessages())
+            forward(e, p, route.uiEventType);
+        else
+            ++m_droppedCount;
+        break;
+    }
+    case UiRouteKind::Parameter:
+        handleParameter(e, h, body);
+        break;
+    case UiRouteKind::Drop:
+        ++m_droppedCount;
+        break;
+    }
+}
+
+void UiManager::routeSubType(CEvent* e, const IpcMsgHeader& h, int uiEventType) {
+    VyObject* target = receiver(uiEventType);
+    if (h.SubType == kSubTypeTwoTargets && target == nullptr)
+        target = m_second1032;
+    forward(e, target, uiEventType, h.SubType == kSubTypeNtp ? int(h.msgValue) : 0);
+}
+
+void UiManager::forward(CEvent* e, VyObject* target, int uiEventType, int param) {
+    if (target == nullptr) {
+        ++m_droppedCount;
+        return;
+    }
+    // The block now travels with the new event; the target's event frees it.
+    auto* next = new CEvent(uiEventType, param);
+    next->setData(e->takeData());
+    VyApplication::postEvent(target, next);
+}
+
+void UiManager::reply(uint16_t subType) {
+    if (RecorderLink* link = RecorderLink::instance())
+        link->send(kMainTypeSystem, subType, nullptr, 0);
+}
+
+void UiManager::showMessage(MessageId id) {
+    if (m_shell == nullptr) {
+        vyFrameworkLog("UiManager: no window layer to show \"%s\" !!!\n", messageText(id).c_str());
+        return;
+    }
+    m_shell->showMessage(messageText(id));
+}
+
+void UiManager::handleSelf(const IpcMsgHeader& h) {
+    const uint32_t value = h.msgValue;
+    m_lastValues.insert(h.SubType, value);
+    switch (h.SubType) {
+    case kSubTypeBusy:
+        if (value != 0) {
+            reply(kSubTypeBusyAck);
+            showMessage(MsgBusy);
+        }
+        break;
+    case kSubTypeSubscriptionCheck:
+    case kSubTypeSubscriptionCheck2:
+        reply(kSubTypeBusyAck);
+        break;
+    case kSubTypeSync45:
+        reply(kSubTypeAck45);
+        break;
+    case kSubTypeQuery199:
+        reply(kSubTypeAck201);
+        break;
+    case kSubTypeLedState:
+        std::printf("LED state: %d ------------------\n", int(value));
+        FrontPanelModel::instance()->setLedState(uint8_t(value & 0xFF));
+        break;
+    case kSubTypeNetworkStatus:
+        m_networkStatus = value;
+        std::printf("UI:NET STATUS:%d\n", int(value));
+        emitSignal(this, &networkStatusChanged);
+        emitSignal(this, &connectionStateChanged);
+        break;
+    case kSubTypeShutdown:
+        // Nothing may start any more; App powers the board off when it is done.
+        m_shuttingDown = true;
+        m_halted = 1;
+        m_wizardSuppressed = true;
+        showMessage(MsgShutdown);
+        break;
+    default:
+        // Kept for the screens that read it; no action of its own.
+        VY_DEBUG("ui", "UiManager: notification %u value %u\n", unsigned(h.SubType), value);
+        break;
+    }
+}
+
+void UiManager::handleParameter(CEvent* e, const IpcMsgHeader& h, const uint8_t* body) {
+    switch (h.SubType) {
+    case kParamChanged:
+        if (h.msgValue == 0) {
+            if (h.dataLen < kBlockNumberSize) {
+                vyFrameworkLog("parameter changed without a block number (%u bytes), dropped "
+                               "!!!\n",
+                               h.dataLen);
+                ++m_droppedCount;
+                return;
+            }
+            reactToParameterChange(loadU32(body));
+        }
+        forward(e, receiver(UiRouteTable::kParamChangedEventType),
+                UiRouteTable::kParamChangedEventType);
+        break;
+    case TimeZoneNotice::kSubType:
+        handleTimeZone(h, body);
+        break;
+    case kParamForward1:
+        forward(e, receiver(UiRouteTable::kParam1EventType), UiRouteTable::kParam1EventType);
+        break;
+    case kParamForward2:
+        forward(e, receiver(UiRouteTable::kParam2EventType), UiRouteTable::kParam2EventType);
+        break;
+    default:
+        ++m_droppedCount;
+        break;
+    }
+}
+
+void UiManager::handleTimeZone(const IpcMsgHeader& h, const uint8_t* body) {
+    // The text must end inside the body and the value must be there too; anything less is
+    // a message out of step with App and is not trusted.
+    if (h.dataLen < TimeZoneNotice::kSize || std::memchr(body, 0, h.dataLen) == nullptr) {
+        vyFrameworkLog("time zone notice malformed (%u bytes), dropped !!!\n", h.dataLen);
+        ++m_droppedCount;
+        return;
+    }
+    m_timeZoneValue = loadU32(body + TimeZoneNotice::kValueOffset);
+    setenv("TZ", reinterpret_cast<const char*>(body), 1);
+    tzset();
+    std::printf("[GUI] Set TZ to %s\n", getenv("TZ"));
+}
+
+void UiManager::reactToParameterChange(uint32_t blockNumber) {
+    const ParamReaction r = UiRouteTable::reactionForBlock(blockNumber);
+    switch (r.kind) {
+    case ParamReactionKind::None:
+        break;
+    case ParamReactionKind::ReloadPart:
+        DeviceParamModel::instance()->reloadPart(r.part);
+        break;
+    case ParamReactionKind::Block6Changed:
+        emitSignal(this, &block6Changed);
+        DeviceParamModel::instance()->reloadPart(r.part);
+        break;
+    case ParamReactionKind::OutputSettingsChanged:
+        setupOutput();
+        MainViewManager::instance()->refresh();
+        break;
+    case ParamReactionKind::RefreshRecordModel:
+        RecDataManager::instance()->refresh();
+        break;
+    case ParamReactionKind::ReloadGeneralSettings:
+        loadGeneralSettings();
+        break;
+    case ParamReactionKind::RefreshPendingStart:
+        RemoteAccessModel::instance()->refresh();
+        break;
+    case ParamReactionKind::RefreshMainViewSettings:
+        MainViewManager::instance()->refreshSettings();
+        break;
+    case ParamReactionKind::RereadDisplaySwitches:
+        loadDisplaySwitches();
+        break;
+    case ParamReactionKind::Block60Changed:
+        emitSignal(this, &block60Changed);
+        break;
+    case ParamReactionKind::RefreshAiModel:
+        AIManager::instance()->refresh();
+        break;
+    }
+}

@@ -1,0 +1,71 @@
+// UiManager: the delayed start that decides the first screen.
+#include "model/UiManager.h"
+
+#include "model/GeneralSettingsBlock.h"
+#include "model/MainViewManager.h"
+#include "model/OutputSettingsBlock.h"
+#include "model/ParamAccess.h"
+#include "model/RecorderLink.h"
+#include "model/RemoteAccessModel.h"
+#include "model/SystemInfoRecord.h"
+#include "model/UiShell.h"
+#include "runtime/VyLog.h"
+
+void UiManager::delayedStart() {
+    if (m_halted != 0)
+        return;
+    RecorderLink* link = RecorderLink::instance();
+    // From now on a request waits in a nested loop, so the screens stay alive meanwhile.
+    if (link != nullptr)
+        link->setWaiterMode(true);
+
+    if (SystemInfoRecord::instance().outputCheckDisabled == 0)
+        checkOutputResolution();
+    else if (link != nullptr)
+        link->send(1000, kSubTypeOutputCheckSkipped, nullptr, 0);
+
+    RemoteAccessModel* late = RemoteAccessModel::instance();
+    if (late->pendingStart())
+        late->start();
+
+    MainViewManager::instance()->setShown(true);
+    if (m_shell != nullptr)
+        m_shell->showMainView();
+
+    // Read fresh: the wizard may have been switched off from the web page meanwhile.
+    const GeneralSettingsBlock general = ParamAccess::get<GeneralSettingsBlock>();
+    if (!m_wizardSuppressed && general.wizardEnabled != 0) {
+        vyStartupLog("first screen: start-up wizard over the main view\n");
+        // Once per run: closing the wizard must not bring it back on a later start.
+        m_wizardSuppressed = true;
+        if (m_shell != nullptr)
+            m_shell->openStartupWizard();
+    } else {
+        vyStartupLog("first screen: main view\n");
+    }
+    m_delayedStartDone = true;
+}
+
+void UiManager::checkOutputResolution() {
+    OutputSettingsBlock b = ParamAccess::get<OutputSettingsBlock>();
+    if (b.resolution == b.confirmedResolution) {
+        if (b.checkState == OutputSettingsBlock::kCheckNotice) {
+            if (m_shell != nullptr)
+                m_shell->confirmResolution(true, b.resolution);
+            b.checkState = OutputSettingsBlock::kCheckSettled; // the local copy only
+        }
+        return;
+    }
+    const int result = m_shell != nullptr ? m_shell->confirmResolution(false, b.resolution) : 0;
+    const bool kept = result == 1;
+    if (kept) {
+        b.checkState = OutputSettingsBlock::kCheckSettled;
+        b.confirmedResolution = b.resolution;
+    } else {
+        b.resolution = b.confirmedResolution;
+        b.checkState = OutputSettingsBlock::kCheckNotice;
+    }
+    ParamAccess::set(b);
+    if (m_shell != nullptr)
+        m_shell->applyOutputMode(b, !kept);
+}

@@ -1,0 +1,90 @@
+#pragma once
+// The key manager's state: pending digit lists and their timers, the key focus and its search
+// rectangle, the device identity on the remote bus, the front-panel lamp state and the serial
+// keyboard line settings. The key dispatch itself (device key -> focus move or main-view
+// action) builds on this state.
+#include "runtime/VyList.h"
+#include "toolkit/core/VyObject.h"
+
+#include <cstdint>
+
+class VyTimer;
+class VyWidget;
+struct SerialKeyboardBlock;
+
+// Line settings as the platform library takes them.
+struct Key485SerConfig {
+    int32_t baudIndex = 1;
+    uint8_t dataBits = 0;
+    uint8_t stopBits = 0;
+    uint8_t parity = 0;
+};
+
+class VyKeyManager : public VyObject {
+    VY_OBJECT(VyKeyManager, VyObject)
+public:
+    static constexpr int kDigitTimeoutMs = 500; // pending digits are dropped after this
+    static constexpr int kRepeatWindowMs = 400; // presses closer than this count as repeats
+
+    static VyKeyManager* instance();
+
+    // Device key value for a key code App forwards (notification 186); 0 = ignored.
+    static uint32_t serviceKeyToDeviceKey(uint32_t serviceCode);
+    // Line settings from parameter block 18 (bytes 2 and 3 are deliberately crossed) and the
+    // multiplexer choice (0 = key board, 1 = PTZ).
+    static Key485SerConfig serialConfigFrom(const SerialKeyboardBlock& block, int* mux);
+    // Hardware class from the board version word: 2 outside 0x40000000..0x7FFFFFFF.
+    static int hardwareClassFor(uint32_t boardVersion);
+
+    void appendChannelDigit(uint32_t key);
+    const VyList<uint32_t>& channelDigits() const { return m_channelDigits; }
+    void appendAddressDigit(uint32_t key);
+    const VyList<uint32_t>& addressDigits() const { return m_addressDigits; }
+
+    uint32_t deviceId() const { return m_deviceId; }
+    void setDeviceId(uint32_t id) { m_deviceId = id; }
+    uint32_t remoteAddress() const { return m_remoteAddress; }
+    // A key from an addressed remote is taken only when the remote addresses this device.
+    bool acceptsRemote() const { return m_remoteAddress == m_deviceId; }
+
+    int lampMode() const { return m_lampMode; }
+    void setLampMode(int mode);
+    int hardwareClass() const { return m_hardwareClass; }
+    void setBoardVersion(uint32_t boardVersion) {
+        m_hardwareClass = hardwareClassFor(boardVersion);
+    }
+    const Key485SerConfig& serialConfig() const { return m_serialConfig; }
+    int serialMux() const { return m_serialMux; }
+    void applySerialSettings(const SerialKeyboardBlock& block);
+
+    VyWidget* keyFocusWidget() const { return m_keyFocus; }
+    void setKeyFocusWidget(VyWidget* widget) { m_keyFocus = widget; }
+
+private:
+    VyKeyManager();
+    void clearChannelDigits() { m_channelDigits.clear(); }
+    void clearSecondKeys() { m_secondKeys.clear(); }
+    void finishAddress();
+
+    VyList<uint32_t> m_channelDigits;
+    VyList<uint32_t> m_secondKeys;
+    VyList<uint32_t> m_addressDigits;
+    VyTimer* m_channelDigitTimer;
+    VyTimer* m_secondKeyTimer;
+    VyTimer* m_repeatTimer;
+    // Key focus search rectangle, screen pixels.
+    int32_t m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
+    VyWidget* m_keyFocus = nullptr;
+    int32_t m_focusLeft = 0, m_focusTop = 0, m_searchX = 0, m_searchY = 0;
+    bool m_widgetCapturesArrows = false;
+    bool m_keyFocusShown = false;
+    uint32_t m_deviceId = 0;
+    uint32_t m_remoteAddress = 0;
+    bool m_addressEntry = false;
+    int m_lampMode = 1;
+    int m_hardwareClass = 1;
+    uint8_t m_blinkPhase[3] = {0, 0, 0};
+    bool m_blink = false;
+    Key485SerConfig m_serialConfig;
+    int m_serialMux = 1;
+};
