@@ -468,3 +468,21 @@ TEST(CustomConfigDeviceType, WarnsWhenTheModelCodeNamesAnotherType) {
                   ini("[DeviceType]\nDeviceType = MODEL-B\n[KeyPara]\nDevType = 1\n")),
               "The DeviceType is MODEL-B <1>, please check it that you want or");
 }
+
+TEST(CustomConfigSample, ShippedFileDescribesAnEightChannelRecorder) {
+    const VyIniSettings file(VY_RESOURCES_DIR "/custom-config.ini");
+    std::vector<uint8_t> record(R::kSize);
+    ASSERT_TRUE(CustomConfig::packDeviceDefaults(file, record.data()).proceed());
+    EXPECT_EQ(record[R::kNumberSettingAudioNum], 8);
+    EXPECT_EQ(record[R::kDiskConfigMaxDiskNum], 4);
+    EXPECT_EQ(textAt(record, R::kDiskNodes + 3 * R::kDiskNodeSize), "sdd");
+    EXPECT_EQ(textAt(record, R::kUsbNodes + R::kUsbNodeSize), "sdg");
+    EXPECT_EQ(textAt(record, R::kUserInfoDefDefDeviceName), "NVR 8CH");
+    EXPECT_EQ(CustomConfig::deviceTypeWarning(file), "");
+
+    std::vector<uint8_t> block(C::kSize);
+    CustomConfig::packColorDefaults(file, 3, block.data());
+    EXPECT_EQ(block[C::kValues + 7 * C::kValuesPerFormat], 118);
+    CustomConfig::packColorDefaults(file, 0, block.data());
+    EXPECT_EQ(block[C::kValues + 17 * C::kValuesPerFormat], 128);
+}

@@ -297,3 +297,47 @@ TEST(StyleScreen, ReloadsTheCommonSheetWhenTheGeometryChanges) {
     EXPECT_EQ(style.option().get<VyPushButtonOption>().font.value(0).font.pixelSize(), 11);
     VyResources::setRoot("");
 }
+
+TEST(StyleResources, ShippedSheetsNameEveryKeyTheControlsRead) {
+    const VyIniSettings common(VY_RESOURCES_DIR "/style/commonstyle.ini");
+    ASSERT_FALSE(common.isEmpty());
+    for (const KeySlot& k : colourKeys())
+        EXPECT_TRUE(common.map().contains(VyString(k.key.c_str()))) << k.key;
+    for (const char* width :
+         {"VyPushButton/BorderWidth", "VyCheckBox/Border/width", "VyTableWidget/Border/Width",
+          "VyComboBox/Popup/BorderWidth", "VyToolTip/BorderWidth", "VyComboBox/Popup/BorderColor",
+          "VyToolTip/BorderColor"})
+        EXPECT_TRUE(common.map().contains(width)) << width;
+
+    const char* const views[] = {"dialog",
+                                 "calendar",
+                                 "mainview",
+                                 "settingswindow",
+                                 "keyboard",
+                                 "patternwidget",
+                                 "uiwidget",
+                                 "recordtimebar",
+                                 "thumbnailbar",
+                                 "wndtitlebar",
+                                 "scheduleboard",
+                                 "playerdialog",
+                                 "userlogindialog",
+                                 "settingstile",
+                                 "ptz",
+                                 "playback",
+                                 "backuptoolbar",
+                                 "mosearchpanel",
+                                 "playbackdetailspanel",
+                                 "playbacksearchpanel",
+                                 "playbackscreen",
+                                 "volumepanel",
+                                 "wizard"};
+    for (const char* view : views) {
+        const VyIniSettings sheet(VyString(VY_RESOURCES_DIR "/style/") + view + ".ini");
+        EXPECT_FALSE(sheet.isEmpty()) << view;
+    }
+    const VyIniSettings mainView(VY_RESOURCES_DIR "/style/mainview.ini");
+    EXPECT_EQ(mainView.color("MainView/Background"), VyColor(0, 0, 0));
+    EXPECT_TRUE(mainView.map().contains("FishEyeToolBar/Border"));
+    EXPECT_TRUE(mainView.map().contains("MainViewVideo/Border/Normal/Selected"));
+}
