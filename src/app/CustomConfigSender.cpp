@@ -9,6 +9,7 @@
 #include "app/ColorDefaultBlock.h"
 #include "app/DefaultParamSet.h"
 #include "app/DeviceDefaultRecord.h"
+#include "ipc/IpcClient.h"
 #include "runtime/VyLog.h"
 #include "toolkit/style/VyIniSettings.h"
 
@@ -60,4 +61,32 @@ void CustomConfigSender::sendColorDefaults(const VyString& path, uint32_t profil
     std::vector<uint8_t> block(ColorDefaultBlock::kSize);
     CustomConfig::packColorDefaults(ini, profileCode, block.data());
     m_link.send(kMainType, kColorDefaults, block.data(), ColorDefaultBlock::kSize);
+}
+
+uint32_t CustomConfigSender::configureAppDefaults(const VyString& path) {
+    configureDefaultsOrExit(path);
+    const std::vector<uint8_t> reply = m_link.request(kStartupMainType, kColorProfileRequest);
+    uint32_t code = 0;
+    if (reply.size() >= 4)
+        code = uint32_t(reply[0]) | uint32_t(reply[1]) << 8 | uint32_t(reply[2]) << 16 |
+               uint32_t(reply[3]) << 24;
+    else
+        vyStartupLog("colour profile reply from App has %zu bytes, using profile 0\n",
+                     reply.size());
+    sendColorDefaults(path, code);
+    m_link.send(kStartupMainType, kDefaultsConfigured, nullptr, 0);
+    return code;
+}
+
+CustomConfigLink CustomConfigSender::ipcLink(IpcClient& client) {
+    CustomConfigLink link;
+    link.send = [&client](uint16_t mainType, uint16_t subType, const uint8_t* body, uint32_t size) {
+        client.send(mainType, subType, body, size);
+    };
+    link.request = [&client](uint16_t mainType, uint16_t subType) {
+        std::vector<uint8_t> reply;
+        client.request(reply, mainType, subType, nullptr, 0);
+        return reply;
+    };
+    return link;
 }

@@ -11,6 +11,8 @@
 #include "runtime/VyGlobal.h"
 #include "runtime/VyString.h"
 
+class IpcClient;
+
 class CustomConfigSender {
 public:
     static constexpr uint16_t kMainType = 600;
@@ -19,6 +21,12 @@ public:
     static constexpr uint16_t kPatchedParamSet = 10;    // GUI -> App: patched parameter set
     static constexpr uint16_t kColorDefaults = 11;      // GUI -> App: colour default block
     static constexpr uint16_t kDeviceTailRequest = 14;  // request: device information tail
+    static constexpr uint16_t kStartupMainType = 1000;
+    static constexpr uint16_t kColorProfileRequest = 104; // request: u32 colour-profile code
+    static constexpr uint16_t kDefaultsConfigured = 105;  // GUI -> App: defaults are in place
+
+    // The link over the IPC client: one-way sends and (blocking, at start-up) requests.
+    static CustomConfigLink ipcLink(IpcClient& client);
 
     explicit CustomConfigSender(CustomConfigLink link);
     VY_DISABLE_COPY_MOVE(CustomConfigSender)
@@ -29,6 +37,11 @@ public:
     // As configureDefaults, but prints the outcome's message and ends the process with its
     // status when it cannot go on; this is what start-up calls.
     void configureDefaultsOrExit(const VyString& path);
+
+    // Start-up's whole share of the customisation file, in order: the exchange above (ending
+    // the process on a node-count failure), the colour-profile request, the colour defaults
+    // of that profile and the notice that the defaults are configured. Answers the code.
+    uint32_t configureAppDefaults(const VyString& path);
 
     // Reads the file again and sends the colour defaults of the section chosen by `profileCode`.
     void sendColorDefaults(const VyString& path, uint32_t profileCode);

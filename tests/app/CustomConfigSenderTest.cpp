@@ -23,6 +23,7 @@ struct ScriptedRecorder {
     std::vector<Sent> log;
     std::vector<uint8_t> paramSet = std::vector<uint8_t>(DefaultParamSet::kSize, 0x5A);
     std::vector<uint8_t> tail = {1, 2, 3, 4};
+    std::vector<uint8_t> profileReply = {12, 0, 0, 0, 0xFF};
 
     CustomConfigLink link() {
         CustomConfigLink l;
@@ -31,6 +32,8 @@ struct ScriptedRecorder {
         };
         l.request = [this](uint16_t m, uint16_t s) {
             log.push_back({m, s, {}});
+            if (m == 1000)
+                return profileReply;
             return s == 3 ? paramSet : tail;
         };
         return l;
@@ -113,6 +116,28 @@ TEST(CustomConfigSender, ColorDefaultsFollowTheProfileCode) {
     ASSERT_EQ(app.log[0].body.size(), ColorDefaultBlock::kSize);
     EXPECT_EQ(app.log[0].body[ColorDefaultBlock::kValues + ColorDefaultBlock::kValuesPerFormat],
               50);
+}
+
+TEST(CustomConfigSender, StartupStepsAskForTheProfileAndSendItsColours) {
+    ScriptedRecorder app;
+    CustomConfigSender sender(app.link());
+    const VyString path =
+        writeConfig("startup", std::string(kEightChannel) +
+                                   "[Color_AHD_6158]\nNormalColorDefaultVal = 1,2,3,4,5\n");
+    EXPECT_EQ(sender.configureAppDefaults(path), 12u);
+    ASSERT_EQ(app.log.size(), 7u);
+    EXPECT_EQ(app.log[4].mainType, 1000);
+    EXPECT_EQ(app.log[4].subType, 104);
+    EXPECT_EQ(app.log[5].subType, 11);
+    EXPECT_EQ(app.log[5].body[ColorDefaultBlock::kValues + 4], 5);
+    EXPECT_EQ(app.log[6].mainType, 1000);
+    EXPECT_EQ(app.log[6].subType, 105);
+    EXPECT_TRUE(app.log[6].body.empty());
+
+    // A reply too short to hold the code falls back to the default section.
+    app.log.clear();
+    app.profileReply = {7};
+    EXPECT_EQ(sender.configureAppDefaults(path), 0u);
 }
 
 TEST(CustomConfigSenderDeathTest, NodeCountFailureEndsTheProcessWithStatusOne) {
