@@ -359,7 +359,8 @@ VyString VyString::number(double n, char format, int precision) {
     const int len = std::snprintf(buf, sizeof(buf), fmt, precision, n);
     if (len < 0)
         return VyString();
-    return VyString(buf, len < static_cast<int>(sizeof(buf)) ? len : sizeof(buf) - 1);
+    return VyString(buf,
+                    len < static_cast<int>(sizeof(buf)) ? len : static_cast<int>(sizeof(buf)) - 1);
 }
 
 int VyString::length() const {
