@@ -1,0 +1,211 @@
+// Construction, the event loop, posting and the timer service of the application.
+#include "toolkit/core/VyApplication.h"
+
+#include "runtime/VyLog.h"
+#include "toolkit/core/VyEvent.h"
+#include "toolkit/core/VyPointer.h"
+#include "toolkit/core/VyPostedEventQueue.h"
+#include "toolkit/core/VyRawMouseEvent.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VySingleShotTimer.h"
+#include "toolkit/core/VyTimer.h"
+#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/core/VyWidget.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kTickIntervalMs = 1000; // ms between two counts of VyApplication::seconds
+constexpr int kApplicationTimerCount = 3;
+const char* const kDefaultDisplayDevice = "/dev/fb0";
+
+VyApplication* g_application = nullptr;
+
+VyString& displayDevicePath() {
+    static VyString path;
+    return path;
+}
+
+} // namespace
+
+VyApplication::VyApplication(int argc, char** argv) {
+    (void)argc;
+    (void)argv;
+    VY_ASSERT(g_application == nullptr);
+    g_application = this;
+    m_postedEvents = std::make_unique<VyPostedEventQueue>();
+
+    VyString device = displayDevicePath();
+    if (device.isEmpty()) {
+        const char* env = std::getenv("VY_FBDEV_NODE");
+        device = env && *env ? VyString(env) : VyString(kDefaultDisplayDevice);
+    }
+    m_screen = std::make_unique<VyScreen>();
+    if (!m_screen->open(device)) {
+        vyFrameworkLog(
+            "open (%s) failed, set \"VY_FBDEV_NODE\" env or call VyApplication::setDisplayDevice() "
+            "!!!\n",
+            device.c_str());
+        std::exit(1);
+    }
+    vyFrameworkLog("open fbdev(%s) success !\n", device.c_str());
+    // Widgets paint into their window surfaces when the screen flushes a batch.
+    m_screen->setPaintHandler(&VyWidget::paintWindow);
+
+    m_threads.timerCore = std::make_unique<VyTimerCore>();
+    m_threads.timerCore->start();
+    m_singleShotTimer = std::make_unique<VySingleShotTimer>();
+    m_tickTimerId = registerTimer(kTickIntervalMs, this, -1);
+    for (int i = 0; i < kApplicationTimerCount; ++i)
+        m_timers.append(new VyTimer);
+}
+
+VyApplication::~VyApplication() {
+    // Worker threads first: nothing may post into a queue that is going away.
+    if (m_threads.mouseWatcher)
+        m_threads.mouseWatcher.reset();
+    if (m_threads.timerCore)
+        m_threads.timerCore->stop();
+    for (VyTimer* timer : m_timers)
+        delete timer;
+    m_timers.clear();
+    m_singleShotTimer.reset();
+    m_screen.reset();
+    m_threads.timerCore.reset();
+    m_postedEvents.reset();
+    for (VyObjectGuard* guard : m_guards)
+        guard->m_object = nullptr;
+    m_guards.clear();
+    g_application = nullptr;
+}
+
+VyApplication* VyApplication::instance() {
+    return g_application;
+}
+
+void VyApplication::setDisplayDevice(const VyString& path) {
+    displayDevicePath() = path;
+}
+
+VyString VyApplication::displayDevice() {
+    return displayDevicePath();
+}
+
+int VyApplication::exec() {
+    if (m_running)
+        return 1;
+    m_running = true;
+    while (m_running)
+        processOneEvent();
+    return 0;
+}
+
+void VyApplication::postEvent(VyObject* receiver, VyEvent* e) {
+    std::unique_ptr<VyEvent> event(e);
+    if (!event)
+        return;
+    VyApplication* app = g_application;
+    if (!app || !receiver) {
+        VY_DEBUG("event", "postEvent: type %d dropped (%s)\n", event->type(),
+                 app ? "no receiver" : "no application");
+        return;
+    }
+    app->m_postedEvents->post(receiver, std::move(event));
+}
+
+void VyApplication::removePostedEvents(VyObject* receiver) {
+    if (receiver && m_postedEvents)
+        m_postedEvents->removePostedEvents(receiver);
+}
+
+void VyApplication::processOneEvent() {
+    VyPostedEvent entry = m_postedEvents->take();
+    notify(entry.receiver, entry.event.get());
+}
+
+int VyApplication::processPostedEvents() {
+    int pending = m_postedEvents->size();
+    int handled = 0;
+    while (handled < pending) {
+        VyPostedEvent entry = m_postedEvents->tryTake();
+        if (!entry.event)
+            break;
+        notify(entry.receiver, entry.event.get());
+        ++handled;
+    }
+    return handled;
+}
+
+bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
+    if (!receiver || !e)
+        return false;
+    if (e->type() >= VyEvent::User) {
+        receiver->customEvent(e);
+        return true;
+    }
+    VyApplication* app = g_application;
+    if (app) {
+        // Indexed, not iterated: a filter may install or remove filters while it runs.
+        for (int i = 0; i < app->m_eventFilters.size(); ++i) {
+            VyObject* filter = app->m_eventFilters.at(i);
+            if (filter && filter->eventFilter(receiver, e)) {
+                e->setAccepted(true);
+                return true;
+            }
+        }
+    }
+    if (receiver != app) {
+        for (int i = 0; i < receiver->m_eventFilters.size(); ++i) {
+            VyObject* filter = receiver->m_eventFilters.at(i);
+            if (filter && filter->eventFilter(receiver, e)) {
+                e->setAccepted(true);
+                return true;
+            }
+        }
+    }
+    return receiver->event(e);
+}
+
+uint32_t VyApplication::registerTimer(int ms, VyObject* receiver, int repeat) {
+    if (!m_threads.timerCore)
+        return 0;
+    return m_threads.timerCore->registerTimer(ms, receiver, repeat);
+}
+
+bool VyApplication::unregisterTimer(uint32_t id) {
+    return m_threads.timerCore && m_threads.timerCore->unregisterTimer(id);
+}
+
+void VyApplication::unregisterTimers(VyObject* receiver) {
+    if (m_threads.timerCore)
+        m_threads.timerCore->unregisterTimers(receiver);
+}
+
+void VyApplication::timerEvent(VyTimerEvent* e) {
+    if (static_cast<uint32_t>(e->timerId()) != m_tickTimerId)
+        return;
+    ++m_seconds;
+    emitSignal(this, &secondTick);
+}
+
+void VyApplication::setMouseWatcher(std::unique_ptr<VyThread> watcher) {
+    m_threads.mouseWatcher = std::move(watcher);
+    if (m_threads.mouseWatcher)
+        m_threads.mouseWatcher->start();
+}
+
+void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) {
+    postEvent(g_application, new VyRawMouseEvent(x, y, buttons, wheel));
+}
+
+void VyApplication::addGuard(VyObjectGuard* guard) {
+    m_guards.push_back(guard);
+}
+
+void VyApplication::removeGuard(VyObjectGuard* guard) {
+    auto it = std::find(m_guards.begin(), m_guards.end(), guard);
+    if (it != m_guards.end())
+        m_guards.erase(it);
+}
