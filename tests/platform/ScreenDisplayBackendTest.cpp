@@ -11,6 +11,7 @@
 
 #include "platform/display/VyDisplayDeviceName.h"
 #include "platform/display/VyFbdevBackend.h"
+#include "platform/display/VyFrameDump.h"
 #include "platform/display/VyMemoryBackend.h"
 #ifdef VY_HAVE_SDL
 #include "platform/display/sdl/VySdlBackend.h"
@@ -224,3 +225,22 @@ TEST(ScreenWindowBackend, OpensPresentsAndClosesOnTheDummyDriver) {
     EXPECT_EQ(window.presentCount(), before + 1);
 }
 #endif
+
+TEST(ScreenFrameDump, WidensChannelsByRepeatingTopBitsAndRefusesShortFiles) {
+    // Pure red with the overlay bit, a mid grey without it, and black.
+    const uint16_t pixels[3] = {0xfc00, 0x4210, 0x0000};
+    const VyBitmap b = VyFrameDump::toBitmap(reinterpret_cast<const uint8_t*>(pixels), 3, 1, 6);
+    ASSERT_FALSE(b.isNull());
+    const uint8_t want[12] = {255, 0, 0, 255, 132, 132, 132, 255, 0, 0, 0, 255};
+    EXPECT_EQ(0, std::memcmp(b.constBits(), want, sizeof want));
+
+    char path[] = "/tmp/vy-dump-XXXXXX";
+    const int fd = mkstemp(path);
+    ASSERT_GE(fd, 0);
+    ASSERT_EQ(write(fd, pixels, sizeof pixels), static_cast<ssize_t>(sizeof pixels));
+    close(fd);
+    EXPECT_FALSE(VyFrameDump::fromRawFile(path, 3, 1).isNull());
+    EXPECT_TRUE(VyFrameDump::fromRawFile(path, 4, 1).isNull());
+    EXPECT_TRUE(VyFrameDump::fromRawFile(path, 0, 1).isNull());
+    unlink(path);
+}

@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstring>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "runtime/VyBitmap.h"
+#include "toolkit/core/VyFbCanvas.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/core/VyWindowSurface.h"
+
+namespace {
+
+std::vector<uint16_t> snapshot(const VyScreen& s) {
+    std::vector<uint16_t> out(static_cast<size_t>(s.width()) * s.height());
+    for (int y = 0; y < s.height(); ++y)
+        std::memcpy(&out[y * s.width()], s.mapping() + y * s.lineLength(), s.width() * 2);
+    return out;
+}
+
+// 5x4 with a transparent column, so the overlay shows both drawn and untouched pixels.
+VyBitmap cursorImage() {
+    VyBitmap image(5, 4);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 5; ++x) {
+            uint8_t* p = image.bits() + (y * 5 + x) * 4;
+            p[0] = static_cast<uint8_t>(40 * x);
+            p[1] = static_cast<uint8_t>(60 * y);
+            p[2] = 200;
+            p[3] = x == 2 ? 0 : (x == 4 ? 1 : 255);
+        }
+    return image;
+}
+
+uint16_t expectedInk(int x, int y) {
+    return static_cast<uint16_t>(0x8000 | (40 * x >> 3) << 10 | (60 * y >> 3) << 5 | (200 >> 3));
+}
+
+} // namespace
+
+TEST(CursorShapes, LargeOutputsUseMaxImagesAndDoubledHotspots) {
+    EXPECT_STREQ(VyScreenCursor::shapeName(VyScreenCursor::Hand), "cursor-hand");
+    EXPECT_STREQ(VyScreenCursor::shapeName(VyScreenCursor::CloseHand), "cursor-closehand");
+    EXPECT_EQ(VyScreenCursor::shapeName(VyScreenCursor::ShapeCount), nullptr);
+    EXPECT_EQ(VyScreenCursor::imageName(VyScreenCursor::Arrow, 1919), "cursor-image/arrow.png");
+    EXPECT_EQ(VyScreenCursor::hotspot(VyScreenCursor::Hand, 1919), VyPoint(9, 1));
+    EXPECT_EQ(VyScreenCursor::imageName(VyScreenCursor::Hand, 3839),
+              "cursor-image/cursor-hand-max.png");
+    EXPECT_EQ(VyScreenCursor::hotspot(VyScreenCursor::Hand, 3839), VyPoint(18, 2));
+    EXPECT_EQ(VyScreenCursor::hotspot(VyScreenCursor::SizeVer, 1920), VyPoint(26, 24));
+}
+
+TEST(CursorOverlay, DrawsWithoutBlendingAndRestoresTheExactPixels) {
+    VyScreen s;
+    ASSERT_TRUE(s.open("mem:32x24"));
+    VyScreenCursor* cursor = s.cursor();
+    cursor->hide();
+    std::mt19937 rng(3);
+    for (int y = 0; y < 24; ++y)
+        for (int x = 0; x < 32; ++x)
+            s.frontCanvas()->scanLine(y)[x] = static_cast<uint16_t>(rng());
+    const std::vector<uint16_t> original = snapshot(s);
+
+    cursor->setImage(cursorImage(), VyPoint(1, 1));
+    cursor->show();
+    // Inside, across each edge and entirely off the screen.
+    const VyPoint places[] = {{10, 10}, {0, 0}, {31, 23}, {-2, 12}, {30, 1}, {500, 500}, {12, 5}};
+    for (VyPoint p : places) {
+        cursor->setPosition(p.x, p.y);
+        const std::vector<uint16_t> now = snapshot(s);
+        for (int y = 0; y < 24; ++y)
+            for (int x = 0; x < 32; ++x) {
+                const int ix = x - (p.x - 1);
+                const int iy = y - (p.y - 1);
+                const bool covered = ix >= 0 && ix < 5 && iy >= 0 && iy < 4 && ix != 2;
+                const uint16_t want = covered ? expectedInk(ix, iy) : original[y * 32 + x];
+                ASSERT_EQ(now[y * 32 + x], want) << "cursor at " << p.x << "," << p.y;
+            }
+    }
+    cursor->hide();
+    EXPECT_EQ(snapshot(s), original);
+    cursor->setPosition(3, 3); // hidden: moves without drawing
+    EXPECT_EQ(snapshot(s), original);
+}
+
+TEST(CursorOverlay, StaysOnTopOfFlushesAndSavesTheNewPixelsBeneath) {
+    VyScreen s;
+    ASSERT_TRUE(s.open("mem:32x24"));
+    VyWindowSurface* w = s.createWindow(nullptr, VyRect(0, 0, 32, 24));
+    w->canvas()->fillRaw(VyRect(0, 0, 32, 24), 0x801f);
+    s.setWindowVisible(w, true);
+    s.cursor()->setImage(cursorImage(), VyPoint(0, 0));
+    s.cursor()->setPosition(4, 4);
+    s.flush();
+    EXPECT_EQ(s.frontCanvas()->pixel(4, 4), expectedInk(0, 0));
+
+    w->canvas()->fillRaw(VyRect(0, 0, 32, 24), 0x83e0);
+    s.update(w);
+    s.flush();
+    EXPECT_EQ(s.frontCanvas()->pixel(5, 5), expectedInk(1, 1));
+    EXPECT_EQ(s.frontCanvas()->pixel(6, 4), 0x83e0); // transparent column
+    s.cursor()->hide();
+    for (int y = 0; y < 24; ++y)
+        for (int x = 0; x < 32; ++x)
+            ASSERT_EQ(s.frontCanvas()->pixel(x, y), 0x83e0) << x << "," << y;
+}
+
+TEST(CursorOverlay, AMovingCursorAndFlushesLeaveNoTrace) {
+    VyScreen s;
+    ASSERT_TRUE(s.open("mem:64x48"));
+    VyWindowSurface* w = s.createWindow(nullptr, VyRect(0, 0, 64, 48));
+    s.setWindowVisible(w, true);
+    s.cursor()->setImage(cursorImage(), VyPoint(2, 2));
+    std::atomic<bool> stop{false};
+    std::thread mouse([&] {
+        // The mouse thread's side: positions only, as fast as it can.
+        for (int i = 0; !stop.load(); ++i)
+            s.cursor()->setPosition((i * 7) % 70 - 3, (i * 3) % 52 - 2);
+    });
+    for (int frame = 0; frame < 300; ++frame) {
+        w->canvas()->fillRaw(VyRect(0, 0, 64, 48), static_cast<uint16_t>(0x8000 | frame));
+        s.update(w);
+        s.flush();
+    }
+    stop = true;
+    mouse.join();
+    s.cursor()->hide();
+    for (int y = 0; y < 48; ++y)
+        for (int x = 0; x < 64; ++x)
+            ASSERT_EQ(s.frontCanvas()->pixel(x, y), 0x8000 | 299) << x << "," << y;
+}
