@@ -45,7 +45,7 @@ VyDateTime VyDateTime::fromMSecsSinceEpoch(long long msecs) {
     // The C library caches the zone; TZ may have been changed since the last call.
     tzset();
     tm local{};
-    if (!localtime_r(&secs, &local))
+    if (!localtime_r(&secs, &local) || local.tm_year < -1900 || local.tm_year > 9999 - 1900)
         return VyDateTime();
     const VyDate date(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
     // A leap second (tm_sec 60) is folded into the last ordinary second.

@@ -13,7 +13,8 @@ public:
     VyString() = default;
     VyString(const char* utf8);
     VyString(const char* utf8, int byteCount);
-    VyString(std::string utf8) : m_utf8(std::move(utf8)) {}
+    VyString(std::string utf8)
+        : m_utf8(std::move(utf8)) {}
 
     static VyString fromUtf8(const char* utf8, int byteCount = -1);
     static VyString number(int n, int base = 10);
@@ -52,8 +53,11 @@ public:
     unsigned toUInt(bool* ok = nullptr, int base = 10) const;
     long long toLongLong(bool* ok = nullptr, int base = 10) const;
     unsigned long long toULongLong(bool* ok = nullptr, int base = 10) const;
+    // Unlike the integer conversions, only blanks may surround the number; infinities and
+    // values out of range give 0 with ok false.
     double toDouble(bool* ok = nullptr) const;
 
+    // An empty separator yields the whole text as the only part.
     VyStringList split(const VyString& separator, SplitBehavior behavior = KeepEmptyParts) const;
     VyStringList split(char separator, SplitBehavior behavior = KeepEmptyParts) const;
     VyString trimmed() const;
@@ -68,6 +72,7 @@ public:
     VyString left(int n) const;
     VyString right(int n) const;
     VyString mid(int position, int n = -1) const;
+    // Case mapping covers ASCII, Latin-1, most of Latin Extended-A, Greek and Cyrillic.
     VyString toUpper() const;
     VyString toLower() const;
 
