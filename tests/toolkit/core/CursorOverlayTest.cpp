@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "runtime/VyBitmap.h"
+#include "runtime/VyResources.h"
 #include "toolkit/core/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
@@ -131,4 +132,26 @@ TEST(CursorOverlay, AMovingCursorAndFlushesLeaveNoTrace) {
     for (int y = 0; y < 48; ++y)
         for (int x = 0; x < 64; ++x)
             ASSERT_EQ(s.frontCanvas()->pixel(x, y), 0x8000 | 299) << x << "," << y;
+}
+
+TEST(CursorOverlay, LoadsTheShippedImagesAndSwitchesToLargeOnesWithTheOutput) {
+    VyResources::setRoot(VY_RESOURCES_DIR);
+    VyScreen s;
+    ASSERT_TRUE(s.open("mem:320x200"));
+    VyScreenCursor* cursor = s.cursor();
+    cursor->setPosition(50, 40);
+    const VyRect normal = cursor->area();
+    ASSERT_FALSE(normal.isEmpty()) << "arrow.png did not load";
+    EXPECT_EQ(normal.topLeft(), VyPoint(50, 40)); // the arrow's hotspot is its tip
+    EXPECT_EQ(s.frontCanvas()->pixel(50, 40) & 0x8000, 0x8000);
+
+    ASSERT_TRUE(cursor->setShape(VyScreenCursor::Hand));
+    EXPECT_EQ(cursor->area().topLeft(), VyPoint(41, 39));
+    const int handWidth = cursor->area().width();
+
+    ASSERT_TRUE(s.reopen("mem:1921x16"));
+    const VyRect large = cursor->area();
+    EXPECT_EQ(large.topLeft(), VyPoint(50 - 18, 40 - 2));
+    EXPECT_EQ(large.width(), 2 * handWidth);
+    VyResources::setRoot(VyString());
 }
