@@ -1,8 +1,35 @@
 #include "SimHandlers.h"
 
+#include "SimCommands.h"
+#include "SimRecorder.h"
 #include "SimServer.h"
 
+#include <cstdlib>
+#include <string>
+
 void registerDefaultHandlers(SimServer& server) {
-    // No recorder behaviour yet: messages are logged and left unanswered.
-    (void)server;
+    // App's side of the conversation (SimRecorder.h). Configured from the environment:
+    //   VY_SIM_CONFIG  "key = value" file (SimRecorderConfig.h)
+    //   VY_SIM_STORE   parameter store file (overrides the config's "store")
+    //   VY_SIM_SCRIPT  script of timed steps (SimCommands.h), run from start
+    // Commands are also read from standard input. Both objects live to process end: the
+    // console and script threads may still run when main returns.
+    SimRecorderConfig config;
+    if (const char* path = std::getenv("VY_SIM_CONFIG"); path && *path) {
+        std::string error;
+        if (!config.load(path, &error))
+            simRecorderLog("sim: cannot read config %s", path);
+        if (!error.empty())
+            simRecorderLog("sim: %s", error.c_str());
+    }
+    if (const char* store = std::getenv("VY_SIM_STORE"); store && *store)
+        config.storePath = store;
+    static SimRecorder* recorder = new SimRecorder(config);
+    recorder->attach(server);
+    static SimCommands* console = new SimCommands(*recorder);
+    console->startConsole();
+    if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {
+        static SimCommands* scripted = new SimCommands(*recorder);
+        scripted->startScript(script);
+    }
 }

@@ -1,0 +1,145 @@
+#include "app/AppStartup.h"
+
+#include "app/CustomConfigSender.h"
+#include "app/ResourcesOverride.h"
+#include "app/ScaledTimerSource.h"
+#include "ipc/IpcClient.h"
+#include "model/IpcRecorderLink.h"
+#include "model/ParamAccess.h"
+#include "model/SystemInfoRecord.h"
+#include "model/UiManager.h"
+#include "runtime/VyLog.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/CEvent.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/style/VyStyle.h"
+#include "ui/WindowShell.h"
+
+#include <csignal>
+#include <cstdio>
+#include <pthread.h>
+
+namespace {
+
+constexpr const char* kCustomConfigFile = "custom-config.ini";
+constexpr int kQuitEventType = 1200; // the GUI's own: asks the loop to end
+
+// Ends the event loop on SIGINT or SIGTERM. The signals are blocked in every thread and
+// taken by one thread of its own, which only posts an event; the loop then returns and the
+// application is destroyed on the GUI thread, as at any other end.
+class SignalQuitter : public VyObject {
+    VY_OBJECT(SignalQuitter, VyObject)
+public:
+    static void blockSignals(sigset_t* set) {
+        sigemptyset(set);
+        sigaddset(set, SIGINT);
+        sigaddset(set, SIGTERM);
+        pthread_sigmask(SIG_BLOCK, set, nullptr);
+    }
+    void start(const sigset_t& set) {
+        m_set = set;
+        pthread_t thread;
+        if (pthread_create(&thread, nullptr, &SignalQuitter::wait, this) == 0)
+            pthread_detach(thread);
+    }
+
+protected:
+    void customEvent(VyEvent* e) override {
+        if (e->type() != kQuitEventType)
+            return;
+        e->accept();
+        vyStartupLog("stopping\n");
+        VyApplication::instance()->quit();
+    }
+
+private:
+    static void* wait(void* self) {
+        auto* q = static_cast<SignalQuitter*>(self);
+        int sig = 0;
+        sigwait(&q->m_set, &sig);
+        VyApplication::postEvent(q, new CEvent(kQuitEventType, sig));
+        return nullptr;
+    }
+    sigset_t m_set{};
+};
+
+CustomConfigLink customConfigLink(IpcClient& ipc) {
+    CustomConfigLink link;
+    link.send = [&ipc](uint16_t mainType, uint16_t subType, const uint8_t* body, uint32_t size) {
+        ipc.send(mainType, subType, body, size);
+    };
+    link.request = [&ipc](uint16_t mainType, uint16_t subType) {
+        std::vector<uint8_t> reply;
+        ipc.request(reply, mainType, subType, nullptr, 0);
+        return reply;
+    };
+    return link;
+}
+
+} // namespace
+
+int AppStartup::run(int argc, char** argv) {
+    // 1. Where the resources are, when not in the working directory.
+    ResourcesOverride::apply();
+
+    // 2. Progress lines reach a log collector as they happen.
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+
+    // The quit signals go to one thread of their own; every thread made from here on
+    // inherits the block.
+    sigset_t quitSignals;
+    SignalQuitter::blockSignals(&quitSignals);
+
+    // 3. The link to App, with nobody to receive its events yet.
+    IpcClient& ipc = IpcClient::instance();
+    ipc.init(nullptr);
+    static IpcRecorderLink link(ipc);
+    RecorderLink::setInstance(&link);
+
+    // 4-6. Hello, then App's first stage.
+    vyStartupLog("UI is running, tell App ...\n");
+    const uint32_t hello[2] = {kHelloRevision, kHelloRecordSize};
+    ipc.send(kMainType, kSubTypeHello, hello, sizeof hello);
+    ipc.waitForStage(1);
+
+    // 7-11. Device defaults and the colour profile.
+    vyStartupLog("App is running, configurate default parameter for app ...\n");
+    CustomConfigSender config(customConfigLink(ipc));
+    const VyString configPath = VyResources::path(kCustomConfigFile);
+    config.configureDefaultsOrExit(configPath);
+    uint32_t profileCode = 0;
+    ipc.blockingRequest(kMainType, kSubTypeColorProfile, &profileCode, sizeof profileCode, nullptr,
+                        0);
+    config.sendColorDefaults(configPath, profileCode);
+    ipc.send(kMainType, kSubTypeDefaultsDone, nullptr, 0);
+
+    // 12-14. App finishes its own start.
+    vyStartupLog("Waiting App finish init work ...\n");
+    ipc.waitForStage(3);
+    vyStartupLog("App init OK, now do everything we want to do !!\n");
+
+    // 15-16. The device description; its display device, if any, is the screen to open.
+    ParamAccess::getSystemInfo();
+    VyApplication::setDisplayDevice(VyString(SystemInfoRecord::instance().displayDeviceName()));
+
+    // 17. The application opens the display; it exits the process when it cannot.
+    auto* app = new VyApplication(argc, argv);
+
+    // 18. The UiManager lives to the end of the process.
+    static ScaledTimerSource timers;
+    static WindowShell shell;
+    static UiManager* manager = new UiManager(&timers);
+    manager->setShell(&shell);
+
+    // 19. The common style, at the screen's scale and again whenever the screen changes.
+    VyStyle::instance()->followScreen(app->screen());
+
+    // Kept past the loop: its thread may still see a late signal.
+    static SignalQuitter* quitter = new SignalQuitter;
+    quitter->start(quitSignals);
+
+    // 20. The loop; its result is the exit code.
+    const int code = app->exec();
+    delete app;
+    return code;
+}

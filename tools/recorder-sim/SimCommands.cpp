@@ -1,0 +1,155 @@
+#include "SimCommands.h"
+
+#include "SimRecorder.h"
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr uint16_t kSystem = 1000;
+constexpr uint16_t kLedState = 47;
+constexpr uint16_t kNetworkStatus = 116;
+constexpr uint16_t kShutdown = 280;
+constexpr long kMaxSleepMs = 3600L * 1000; // one hour; more is a typing error
+
+bool number(const std::string& text, unsigned long max, unsigned long* out) {
+    if (text.empty() || text[0] == '-')
+        return false;
+    char* end = nullptr;
+    errno = 0;
+    const unsigned long v = std::strtoul(text.c_str(), &end, 0);
+    if (errno != 0 || *end != '\0' || v > max)
+        return false;
+    *out = v;
+    return true;
+}
+
+bool hexBody(const std::string& text, std::vector<uint8_t>* out) {
+    if (text.size() % 2 != 0)
+        return false;
+    for (size_t i = 0; i < text.size(); i += 2) {
+        unsigned long byte = 0;
+        if (!number("0x" + text.substr(i, 2), 0xFF, &byte))
+            return false;
+        out->push_back(uint8_t(byte));
+    }
+    return true;
+}
+
+void sleepMs(unsigned long ms) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+}
+
+const char* const kHelp =
+    "commands: notify MAIN SUB [VALUE [HEXBODY]] | tz TEXT [INDEX] | net STATUS | led STATE | "
+    "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | sleep MS | "
+    "await MAIN SUB [COUNT] | exit";
+
+} // namespace
+
+bool SimCommands::run(const std::string& rawLine) {
+    std::string line = rawLine.substr(0, rawLine.find('#'));
+    std::istringstream words(line);
+    std::vector<std::string> w;
+    for (std::string s; words >> s;)
+        w.push_back(s);
+    if (w.empty())
+        return true;
+
+    // "+MS command": a timed step.
+    if (w[0].size() > 1 && w[0][0] == '+') {
+        unsigned long ms = 0;
+        if (!number(w[0].substr(1), kMaxSleepMs, &ms)) {
+            simRecorderLog("sim: bad delay in \"%s\"", rawLine.c_str());
+            return false;
+        }
+        sleepMs(ms);
+        w.erase(w.begin());
+        if (w.empty())
+            return true;
+    }
+    simRecorderLog("sim: > %s", line.c_str());
+    const std::string& cmd = w[0];
+    unsigned long a = 0, b = 0, c = 0;
+    const size_t n = w.size();
+    bool ok = false;
+    if (cmd == "notify" && n >= 3 && n <= 5 && number(w[1], 0xFFFF, &a) &&
+        number(w[2], 0xFFFF, &b)) {
+        std::vector<uint8_t> body;
+        if ((n < 4 || number(w[3], 0xFFFFFFFFul, &c)) && (n < 5 || hexBody(w[4], &body))) {
+            m_recorder.notify(uint16_t(a), uint16_t(b), uint32_t(c), body);
+            ok = true;
+        }
+    } else if (cmd == "tz" && (n == 2 || (n == 3 && number(w[2], 0xFFFFFFFFul, &a)))) {
+        m_recorder.timeZone(w[1], uint32_t(a));
+        ok = true;
+    } else if (cmd == "net" && n == 2 && number(w[1], 0xFFFFFFFFul, &a)) {
+        m_recorder.notify(kSystem, kNetworkStatus, uint32_t(a));
+        ok = true;
+    } else if (cmd == "led" && n == 2 && number(w[1], 0xFFFFFFFFul, &a)) {
+        m_recorder.notify(kSystem, kLedState, uint32_t(a));
+        ok = true;
+    } else if (cmd == "shutdown" && n == 1) {
+        m_recorder.notify(kSystem, kShutdown, 0);
+        ok = true;
+    } else if (cmd == "stage" && n == 2 && number(w[1], 0xFFFF, &a)) {
+        m_recorder.notify(kSystem, uint16_t(a), 0);
+        ok = true;
+    } else if (cmd == "changed" && n == 2 && number(w[1], 0xFFFFFFFFul, &a)) {
+        m_recorder.parameterChanged(uint32_t(a));
+        ok = true;
+    } else if (cmd == "setbyte" && n == 4 && number(w[1], 0xFFFFFFFFul, &a) &&
+               number(w[2], SimParamStore::kMaxBlockSize - 1, &b) && number(w[3], 0xFF, &c)) {
+        m_recorder.store().setByte(uint32_t(a), uint32_t(b), uint8_t(c));
+        m_recorder.parameterChanged(uint32_t(a));
+        ok = true;
+    } else if (cmd == "sleep" && n == 2 && number(w[1], kMaxSleepMs, &a)) {
+        sleepMs(a);
+        ok = true;
+    } else if (cmd == "await" && (n == 3 || n == 4) && number(w[1], 0xFFFF, &a) &&
+               number(w[2], 0xFFFF, &b) && (n == 3 || number(w[3], 1000000, &c))) {
+        m_recorder.awaitMessages(uint16_t(a), uint16_t(b), n == 4 ? int(c) : 1);
+        ok = true;
+    } else if (cmd == "exit" && n == 1) {
+        m_exit = true;
+        // The main thread waits for this signal to stop the server cleanly.
+        kill(getpid(), SIGTERM);
+        ok = true;
+    } else if (cmd == "help" && n == 1) {
+        simRecorderLog("%s", kHelp);
+        ok = true;
+    }
+    if (!ok)
+        simRecorderLog("sim: cannot run \"%s\"; %s", line.c_str(), kHelp);
+    return ok;
+}
+
+void SimCommands::runAll(std::istream& in) {
+    for (std::string line; !m_exit && std::getline(in, line);)
+        run(line);
+}
+
+void SimCommands::startConsole() {
+    std::thread([this] { runAll(std::cin); }).detach();
+}
+
+void SimCommands::startScript(const std::string& path) {
+    std::thread([this, path] {
+        std::ifstream in(path);
+        if (!in) {
+            simRecorderLog("sim: cannot open script %s", path.c_str());
+            return;
+        }
+        runAll(in);
+        simRecorderLog("sim: script %s done", path.c_str());
+    }).detach();
+}
