@@ -188,6 +188,8 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
             int sock = m_sock.load();
             uint8_t raw[kIpcHeaderSize];
             if (ReadData(sock, raw, int(kIpcHeaderSize), 0) != 0) {
+                if (m_stopRequested.load())
+                    break;
                 VY_IPC_LOG("rec head error, client sock close\n");
                 needConnect = true;
                 continue;
