@@ -260,7 +260,20 @@ void VyFbCanvas::copyFrom(const VyFbCanvas& source, const VyRect& sourceRect, Vy
         return;
     src = dst.translated(VyPoint() - shift);
     const size_t bytes = static_cast<size_t>(dst.width()) * 2;
+    if (&source == this) {
+        for (int row = 0; row < dst.height(); ++row)
+            std::memmove(scanLine(dst.top + row) + dst.left,
+                         source.scanLine(src.top + row) + src.left, bytes);
+        return;
+    }
+    // Whole lines of two buffers without padding form one block: one copy, as fast as the
+    // memory allows.
+    if (bytes == static_cast<size_t>(m_bytesPerLine) &&
+        bytes == static_cast<size_t>(source.m_bytesPerLine)) {
+        std::memcpy(scanLine(dst.top), source.scanLine(src.top), bytes * dst.height());
+        return;
+    }
     for (int row = 0; row < dst.height(); ++row)
-        std::memmove(scanLine(dst.top + row) + dst.left, source.scanLine(src.top + row) + src.left,
-                     bytes);
+        std::memcpy(scanLine(dst.top + row) + dst.left, source.scanLine(src.top + row) + src.left,
+                    bytes);
 }

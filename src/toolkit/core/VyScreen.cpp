@@ -98,6 +98,7 @@ bool VyScreen::reopen(const VyString& device) {
     }
     // The old picture is gone: everything is composed again.
     m_dirtyRegion.clear();
+    m_dirtyParts.clear();
     m_updatePending = false;
     for (int i = 0; i < windowCount(); ++i)
         update(m_windows[i].get());

@@ -86,7 +86,7 @@ public:
     // posts one UpdateRequest to the screen.
     void update(VyWindowSurface* window, const VyRegion& region);
     void update(VyWindowSurface* window);
-    const VyRegion& dirtyRegion() const { return m_dirtyRegion; }
+    const VyRegion& dirtyRegion() const;
     bool updatePending() const { return m_updatePending; }
 
     void setPaintHandler(PaintHandler handler) { m_paintHandler = std::move(handler); }
@@ -106,6 +106,9 @@ public:
 private:
     int indexOf(const VyWindowSurface* window) const;
     void markDirty(int index, const VyRegion& region);
+    // Unites the collected parts into m_dirtyRegion, pairwise so that a batch of n small
+    // updates costs n log n rather than n squared.
+    void foldDirtyParts() const;
     void closeLocked();
     bool openBackend(const VyString& device);
 
@@ -126,7 +129,8 @@ private:
 
     // GUI thread only.
     std::vector<std::unique_ptr<VyWindowSurface>> m_windows;
-    VyRegion m_dirtyRegion;
+    mutable VyRegion m_dirtyRegion;
+    mutable std::vector<VyRegion> m_dirtyParts; // marked, not yet united into m_dirtyRegion
     bool m_updatePending = false;
     PaintHandler m_paintHandler;
     int m_flushCount = 0;

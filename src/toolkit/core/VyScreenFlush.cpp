@@ -25,6 +25,7 @@ bool VyScreen::event(VyEvent* e) {
 }
 
 void VyScreen::flush() {
+    foldDirtyParts();
     VyRegion dirty;
     dirty.swap(m_dirtyRegion);
     // Cleared before painting: an update made while windows paint starts the next batch

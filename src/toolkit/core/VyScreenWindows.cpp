@@ -1,10 +1,34 @@
 // The window list and the marking of dirty regions.
 #include <algorithm>
+#include <utility>
 
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyWindowSurface.h"
+
+namespace {
+
+// Updates collected before they are folded into the dirty region.
+constexpr size_t kMaxDirtyParts = 256;
+
+} // namespace
+
+const VyRegion& VyScreen::dirtyRegion() const {
+    foldDirtyParts();
+    return m_dirtyRegion;
+}
+
+void VyScreen::foldDirtyParts() const {
+    if (m_dirtyParts.empty())
+        return;
+    for (size_t step = 1; step < m_dirtyParts.size(); step *= 2) {
+        for (size_t i = 0; i + step < m_dirtyParts.size(); i += 2 * step)
+            m_dirtyParts[i].unite(m_dirtyParts[i + step]);
+    }
+    m_dirtyRegion.unite(m_dirtyParts[0]);
+    m_dirtyParts.clear();
+}
 
 int VyScreen::indexOf(const VyWindowSurface* window) const {
     for (size_t i = 0; i < m_windows.size(); ++i) {
@@ -119,7 +143,9 @@ void VyScreen::markDirty(int index, const VyRegion& region) {
     }
     if (dirty.isEmpty())
         return;
-    m_dirtyRegion.unite(dirty);
+    m_dirtyParts.push_back(std::move(dirty));
+    if (m_dirtyParts.size() >= kMaxDirtyParts)
+        foldDirtyParts();
     if (m_updatePending)
         return;
     m_updatePending = true;
