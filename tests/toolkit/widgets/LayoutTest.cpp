@@ -4,6 +4,8 @@
 #include "toolkit/widgets/VyHBoxLayout.h"
 #include "toolkit/widgets/VyVBoxLayout.h"
 
+#include <memory>
+
 using Layouts = CoreAppTest;
 
 namespace {
@@ -93,7 +95,8 @@ TEST_F(Layouts, GridColumnsFollowTheirWidestCellAndStretch) {
     grid->addWidget(wide, 2, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     testing::internal::CaptureStdout();
-    grid->addWidget(fixedChild(1, 1), -1, 0); // refused, and deleted with the page
+    std::unique_ptr<VyWidget> stray(fixedChild(1, 1));
+    grid->addWidget(stray.get(), -1, 0); // refused: stays ours
     EXPECT_NE(testing::internal::GetCapturedStdout().find("out of range !!!"), std::string::npos);
     page.show();
     app()->processPostedEvents();
