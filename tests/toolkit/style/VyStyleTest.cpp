@@ -341,3 +341,24 @@ TEST(StyleResources, ShippedSheetsNameEveryKeyTheControlsRead) {
     EXPECT_TRUE(mainView.map().contains("FishEyeToolBar/Border"));
     EXPECT_TRUE(mainView.map().contains("MainViewVideo/Border/Normal/Selected"));
 }
+
+TEST(StyleImages, FixedImagePathsResolveBelowTheResourcesRootAndMayBeMissing) {
+    const std::string root = ::testing::TempDir() + "style_images";
+    ::mkdir(root.c_str(), 0755);
+    ::mkdir((root + "/images").c_str(), 0755);
+    VyBitmap handle(4, 3);
+    handle.fill(0xFF102030);
+    ASSERT_TRUE(handle.savePng((root + "/images/slider-handle.png").c_str()));
+    VyResources::setRoot(root.c_str());
+
+    VyStyle style;
+    style.apply(sheet(""), 1.0f, 1.0f);
+    const VySliderOption& slider = style.option().get<VySliderOption>();
+    ASSERT_TRUE(slider.handle.isSet(VyStyleNormal));
+    EXPECT_EQ(slider.handle.value(VyStyleNormal).bitmap.width(), 4);
+    EXPECT_EQ(slider.handle.value(VyStyleNormal).bitmap.pixel(1, 1), 0xFF102030u);
+    EXPECT_EQ(slider.handle.value(VyStyleHover).path, "images/slider-handle-hover.png");
+    EXPECT_FALSE(slider.handle.isSet(VyStyleHover));
+    EXPECT_FALSE(style.option().get<VyCheckBoxOption>().checked.isSet(VyStyleNormal));
+    VyResources::setRoot("");
+}
