@@ -60,6 +60,16 @@ uint64_t convert(char conversion, const VyString& text) {
     }
 }
 
+bool fits(uint64_t value, uint32_t size, bool isSigned) {
+    if (size >= 8)
+        return true;
+    const int bits = 8 * static_cast<int>(size);
+    if (!isSigned)
+        return value < (uint64_t(1) << bits);
+    const auto v = static_cast<int64_t>(value);
+    return v >= -(int64_t(1) << (bits - 1)) && v < (int64_t(1) << (bits - 1));
+}
+
 // Longest prefix of at most maxBytes that does not cut a UTF-8 sequence.
 size_t utf8Prefix(const std::string& s, size_t maxBytes) {
     if (s.size() <= maxBytes)
@@ -91,17 +101,10 @@ bool CustomConfig::storeField(const CustomField& field, const VyString& text, ui
         return true;
     }
     const uint64_t value = convert(field.conversion, text);
-    if (field.size < 8) {
-        const uint64_t mask = (uint64_t(1) << (8 * field.size)) - 1;
-        const bool fits =
-            field.storage == CustomField::Signed
-                ? (value | (mask >> 1)) == (mask >> 1) || (value | (mask >> 1)) == ~uint64_t(0)
-                : (value & ~mask) == 0;
-        if (!fits)
-            vyStartupLog("custom-config.ini: %s = %s does not fit in %u byte(s), kept the low "
-                         "bytes\n",
-                         field.key, text.c_str(), field.size);
-    }
+    if (!fits(value, field.size, field.storage == CustomField::Signed))
+        vyStartupLog("custom-config.ini: %s = %s does not fit in %u byte(s), kept the low "
+                     "bytes\n",
+                     field.key, text.c_str(), field.size);
     putLittleEndian(dst, value, field.size);
     return true;
 }

@@ -1,5 +1,6 @@
 // Reading the common style sheet into the per-class records.
 #include <algorithm>
+#include <initializer_list>
 
 #include "toolkit/style/VyIniSettings.h"
 #include "toolkit/style/VyStyle.h"
@@ -7,15 +8,8 @@
 
 namespace {
 
-struct StateKey {
-    const char* suffix;
-    int slot;
-};
-
-constexpr StateKey kAllStates[] = {{"Normal", VyStyleNormal},
-                                   {"Hover", VyStyleHover},
-                                   {"Focus", VyStyleFocus},
-                                   {"Disabled", VyStyleDisabled}};
+constexpr const char* kStateNames[kVyStyleStateCount] = {"Normal", "Hover", "Focus", "Disabled"};
+constexpr int kAllStates[] = {VyStyleNormal, VyStyleHover, VyStyleFocus, VyStyleDisabled};
 
 // Reads the colours of a "<prefix>/<State>" family into the slots of their states.
 class ColorReader {
@@ -24,15 +18,12 @@ public:
         : m_settings(settings) {}
 
     void states(VySTOptArray<VySTColor, 8>& row, const VyString& prefix,
-                std::initializer_list<const char*> states) const {
-        for (const StateKey& s : kAllStates)
-            if (std::find_if(states.begin(), states.end(), [&s](const char* n) {
-                    return VyString(n) == s.suffix;
-                }) != states.end())
-                one(row, s.slot, prefix + "/" + s.suffix);
+                std::initializer_list<int> slots) const {
+        for (int slot : slots)
+            one(row, slot, prefix + "/" + kStateNames[slot]);
     }
     void all(VySTOptArray<VySTColor, 8>& row, const VyString& prefix) const {
-        states(row, prefix, {"Normal", "Hover", "Focus", "Disabled"});
+        states(row, prefix, {VyStyleNormal, VyStyleHover, VyStyleFocus, VyStyleDisabled});
     }
     void one(VySTOptArray<VySTColor, 8>& row, int slot, const VyString& key) const {
         row.edit(slot).color = m_settings.color(key);
@@ -86,7 +77,7 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     VyPushButtonOption& button = option.edit<VyPushButtonOption>();
     read.all(button.foreground, "VyPushButton/Foreground");
     read.all(button.background, "VyPushButton/Background");
-    read.states(button.borderColor, "VyPushButton/BorderColor", {"Hover", "Focus"});
+    read.states(button.borderColor, "VyPushButton/BorderColor", {VyStyleHover, VyStyleFocus});
     {
         // Only the highlighted states draw a border; the margin keeps the content clear of it.
         const int w =
@@ -103,7 +94,8 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     VySliderOption& slider = option.edit<VySliderOption>();
     read.all(slider.border, "VySlider/Border");
     read.one(slider.grooveBackground, VyStyleNormal, "VySlider/Groove/Background/Normal");
-    read.states(slider.subPageBackground, "VySlider/SubPage/Background", {"Normal", "Hover"});
+    read.states(slider.subPageBackground, "VySlider/SubPage/Background",
+                {VyStyleNormal, VyStyleHover});
     pixmap(slider.handle, "images/slider-handle.png", {VyStyleNormal});
     pixmap(slider.handle, "images/slider-handle-hover.png", {VyStyleHover, VyStyleFocus});
     setFonts(slider.font, fontSize);
@@ -120,8 +112,10 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     read.all(combo.background, "VyComboBox/Background");
     read.all(combo.dropDownBorder, "VyComboBox/DropDown/Border");
     read.one(combo.dropDownArrow, VyStyleDisabled, "VyComboBox/DropDown/Arrow/Disabled");
-    read.states(combo.popupBackground, "VyComboBox/Popup/Background", {"Normal", "Hover"});
-    read.states(combo.popupForeground, "VyComboBox/Popup/Foreground", {"Normal", "Hover"});
+    read.states(combo.popupBackground, "VyComboBox/Popup/Background",
+                {VyStyleNormal, VyStyleHover});
+    read.states(combo.popupForeground, "VyComboBox/Popup/Foreground",
+                {VyStyleNormal, VyStyleHover});
     read.border(combo.popupBorderColor, VyStyleNormal, "VyComboBox/Popup/BorderColor");
     combo.popupBorderWidth.edit(0).setAll(
         scaledWidth(settings, "VyComboBox/Popup/BorderWidth", horizontalScale));
@@ -131,12 +125,12 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     setFonts(combo.font, fontSize);
 
     VyCheckBoxOption& check = option.edit<VyCheckBoxOption>();
-    read.states(check.foreground, "VyCheckBox/Foreground", {"Normal", "Disabled"});
+    read.states(check.foreground, "VyCheckBox/Foreground", {VyStyleNormal, VyStyleDisabled});
     read.all(check.border, "VyCheckBox/Border");
     {
         const int w = scaledWidth(settings, "VyCheckBox/Border/width", horizontalScale);
-        for (const StateKey& s : kAllStates)
-            check.borderWidth.edit(s.slot).setAll(w);
+        for (int slot : kAllStates)
+            check.borderWidth.edit(slot).setAll(w);
     }
     pixmap(check.checked, "images/checkbox-checked.png", {VyStyleNormal});
     pixmap(check.unchecked, "images/checkbox-uncheck.png", {VyStyleNormal});
@@ -158,7 +152,7 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     setFonts(spin.font, fontSize);
 
     VyRadioButtonOption& radio = option.edit<VyRadioButtonOption>();
-    read.states(radio.foreground, "VyRadioButton/Foreground", {"Normal", "Disabled"});
+    read.states(radio.foreground, "VyRadioButton/Foreground", {VyStyleNormal, VyStyleDisabled});
     read.all(radio.border, "VyRadioButton/Border");
     pixmap(radio.unchecked, "images/radiobutton-uncheck.png", {VyStyleNormal});
     pixmap(radio.checked, "images/radiobutton-checked.png",
@@ -169,7 +163,7 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     setFonts(radio.font, fontSize);
 
     VyTableWidgetOption& table = option.edit<VyTableWidgetOption>();
-    read.states(table.border, "VyTableWidget/Border", {"Normal", "Focus"});
+    read.states(table.border, "VyTableWidget/Border", {VyStyleNormal, VyStyleFocus});
     read.one(table.cellBorder, VyStyleFocus, "VyTableWidget/Cell/Border/Focus");
     table.borderWidth.edit(0).setAll(
         scaledWidth(settings, "VyTableWidget/Border/Width", horizontalScale));
@@ -177,7 +171,7 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     setFonts(table.font, fontSize);
 
     VyListWidgetOption& list = option.edit<VyListWidgetOption>();
-    read.states(list.colors, "VyListWidget/Border", {"Normal", "Focus"});
+    read.states(list.colors, "VyListWidget/Border", {VyStyleNormal, VyStyleFocus});
     read.one(list.colors, VyListSelectedForeground, "VyListWidget/Selected/Foreground");
     read.one(list.colors, VyListSelectedBackground, "VyListWidget/Selected/Background");
     setFonts(list.font, fontSize);
@@ -198,9 +192,10 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     setFonts(progress.font, fontSize);
 
     VyScrollBarOption& scroll = option.edit<VyScrollBarOption>();
-    read.states(scroll.background, "VyScrollBar/Background", {"Normal", "Hover", "Focus"});
-    read.states(scroll.groove, "VyScrollBar/Groove", {"Normal", "Hover", "Focus"});
-    read.states(scroll.slider, "VyScrollBar/Slider", {"Normal", "Hover", "Focus"});
+    read.states(scroll.background, "VyScrollBar/Background",
+                {VyStyleNormal, VyStyleHover, VyStyleFocus});
+    read.states(scroll.groove, "VyScrollBar/Groove", {VyStyleNormal, VyStyleHover, VyStyleFocus});
+    read.states(scroll.slider, "VyScrollBar/Slider", {VyStyleNormal, VyStyleHover, VyStyleFocus});
     setFonts(scroll.font, fontSize);
 
     VyToolTipOption& tip = option.edit<VyToolTipOption>();
