@@ -50,8 +50,12 @@ function(vy_add_test_dir name dir)
     VY_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data"
     VY_RESOURCES_DIR="${PROJECT_SOURCE_DIR}/resources"
     VY_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  set(props TIMEOUT 300)
+  if(ARG_LABELS)
+    list(APPEND props LABELS ${ARG_LABELS})
+  endif()
   gtest_discover_tests(${name}
     WORKING_DIRECTORY ${PROJECT_BINARY_DIR}
     DISCOVERY_TIMEOUT 120
-    PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300)
+    PROPERTIES ${props})
 endfunction()
