@@ -230,15 +230,16 @@ bool SimServer::writeMessage(const IpcMsgHeader& h, const void* body, bool isRep
         simLog("sim: no GUI connected, (%u,%u) not sent", h.MainType, h.SubType);
         return false;
     }
-    if (!writeAll(m_clientFd, frame, size)) {
-        simLog("sim: write of (%u,%u) failed: %s", h.MainType, h.SubType, std::strerror(errno));
-        return false;
-    }
+    // Logged before the write, so that the line is out by the time the GUI sees the message.
     if (m_logging.load()) {
         if (isReply)
             simLog("sim -> (%u,%u) seq=%u len=%u", h.MainType, h.SubType, h.seqNumber, h.dataLen);
         else
             simLog("sim -> (%u,%u) value=%u len=%u", h.MainType, h.SubType, h.msgValue, h.dataLen);
+    }
+    if (!writeAll(m_clientFd, frame, size)) {
+        simLog("sim: write of (%u,%u) failed: %s", h.MainType, h.SubType, std::strerror(errno));
+        return false;
     }
     return true;
 }
