@@ -13,6 +13,13 @@ namespace {
 // Ink of the dotted line is shared between two pixels in 64ths.
 constexpr int kDotLineSteps = 64;
 
+// Far outside any canvas; coordinates beyond it are pulled in before int arithmetic.
+constexpr int64_t kFar = 1 << 29; // pixels
+
+int clampFar(int64_t v) {
+    return static_cast<int>(std::max(-kFar, std::min(kFar, v)));
+}
+
 } // namespace
 
 VyFbCanvas::VyFbCanvas(uint8_t* pixels, int width, int height, int bytesPerLine)
@@ -45,6 +52,12 @@ uint16_t VyFbCanvas::pixel(int x, int y) const {
     return scanLine(y)[x];
 }
 
+VyRect VyFbCanvas::toCanvas(const VyRect& rect) const {
+    return VyRect::fromEdges(
+        clampFar(int64_t(rect.left) + m_origin.x), clampFar(int64_t(rect.top) + m_origin.y),
+        clampFar(int64_t(rect.right) + m_origin.x), clampFar(int64_t(rect.bottom) + m_origin.y));
+}
+
 void VyFbCanvas::setClipRect(const VyRect& rect) {
     m_clip = rect.intersected(VyRect(0, 0, m_width, m_height));
 }
@@ -73,8 +86,13 @@ void VyFbCanvas::drawPoint(int x, int y, vyargb colour) {
     if ((colour >> 24) == 0)
         return;
     const int w = m_penWidth;
-    const VyRect square(x + m_origin.x - w / 2, y + m_origin.y - w / 2, w, w);
-    const VyRect r = clipped(square);
+    // In 64 bits: a point far outside must not wrap around into the canvas.
+    const int64_t left = int64_t(x) + m_origin.x - w / 2;
+    const int64_t top = int64_t(y) + m_origin.y - w / 2;
+    if (left > m_clip.right || top > m_clip.bottom || left + w <= m_clip.left ||
+        top + w <= m_clip.top)
+        return;
+    const VyRect r = clipped(VyRect(static_cast<int>(left), static_cast<int>(top), w, w));
     for (int row = r.top; row <= r.bottom; ++row)
         blendSpan(r.left, r.right, row, colour);
 }
@@ -85,18 +103,19 @@ void VyFbCanvas::drawLine(int x1, int y1, int x2, int y2, vyargb colour) {
     const int w = m_penWidth;
     if (y1 == y2 || x1 == x2) {
         // One rectangle, so that a translucent thick line blends every pixel once.
-        const VyRect r =
-            VyRect::fromEdges(std::min(x1, x2) - w / 2, std::min(y1, y2) - w / 2,
-                              std::max(x1, x2) - w / 2 + w - 1, std::max(y1, y2) - w / 2 + w - 1)
-                .translated(m_origin);
-        const VyRect c = clipped(r);
+        const int64_t left = int64_t(std::min(x1, x2)) - w / 2 + m_origin.x;
+        const int64_t top = int64_t(std::min(y1, y2)) - w / 2 + m_origin.y;
+        const int64_t right = int64_t(std::max(x1, x2)) - w / 2 + w - 1 + m_origin.x;
+        const int64_t bottom = int64_t(std::max(y1, y2)) - w / 2 + w - 1 + m_origin.y;
+        const VyRect c = clipped(
+            VyRect::fromEdges(clampFar(left), clampFar(top), clampFar(right), clampFar(bottom)));
         for (int row = c.top; row <= c.bottom; ++row)
             blendSpan(c.left, c.right, row, colour);
         return;
     }
     // Walk the major axis over the part that can reach the clip rectangle only, and place
     // the minor coordinate by exact rounding, so huge coordinates cost nothing.
-    const bool steep = std::abs(y2 - y1) > std::abs(x2 - x1);
+    const bool steep = std::llabs(int64_t(y2) - y1) > std::llabs(int64_t(x2) - x1);
     if (steep) {
         std::swap(x1, y1);
         std::swap(x2, y2);
@@ -112,12 +131,18 @@ void VyFbCanvas::drawLine(int x1, int y1, int x2, int y2, vyargb colour) {
     const int clipHigh = (steep ? m_clip.bottom : m_clip.right) - originM + w;
     const int64_t from = std::max<int64_t>(x1, clipLow);
     const int64_t to = std::min<int64_t>(x2, clipHigh);
+    const int64_t minorLow =
+        int64_t(steep ? m_clip.left - m_origin.x : m_clip.top - m_origin.y) - w;
+    const int64_t minorHigh =
+        int64_t(steep ? m_clip.right - m_origin.x : m_clip.bottom - m_origin.y) + w;
     for (int64_t t = from; t <= to; ++t) {
         // 128 bits: the product of two 32-bit spans times two does not fit 64.
         const __int128 num = __int128(2) * (t - x1) * dm + dM;
         const __int128 den = __int128(2) * dM;
         const int64_t minor =
             y1 + static_cast<int64_t>(num >= 0 ? num / den : -((-num + den - 1) / den));
+        if (minor < minorLow || minor > minorHigh)
+            continue;
         if (steep)
             drawPoint(static_cast<int>(minor), static_cast<int>(t), colour);
         else
@@ -156,11 +181,11 @@ void VyFbCanvas::drawDotLine(vyreal x1, vyreal y1, vyreal x2, vyreal y2, vyargb 
     for (int64_t t = static_cast<int64_t>(low); t <= static_cast<int64_t>(high); ++t) {
         // Dots on the even steps counted from the line's own start, so that clipping does
         // not shift the pattern.
-        if ((t - static_cast<int64_t>(start)) & 1)
+        if (std::fmod(vyreal(t) - start, 2.0) != 0.0)
             continue;
         const vyreal minor = y1 + (vyreal(t) - x1) * slope;
         const vyreal base = std::floor(minor);
-        if (base < -1.0 || base > vyreal(kMaxDimension))
+        if (!(base >= -1.0 && base <= vyreal(kMaxDimension)))
             continue;
         const int alphaStart = static_cast<int>((minor - base) * kDotLineSteps);
         VY_ASSERT_X(alphaStart >= 0 && alphaStart < 64, "alphaStart >= 0 && alphaStart < 64");
@@ -198,7 +223,7 @@ void VyFbCanvas::drawRect(const VyRect& rect, vyargb colour) {
 void VyFbCanvas::fillRect(const VyRect& rect, vyargb colour) {
     if ((colour >> 24) == 0)
         return;
-    const VyRect r = clipped(rect.translated(m_origin));
+    const VyRect r = clipped(toCanvas(rect));
     if (r.isEmpty())
         return;
     const int n = r.width();
@@ -209,7 +234,10 @@ void VyFbCanvas::fillRect(const VyRect& rect, vyargb colour) {
 void VyFbCanvas::fillTriangle(VyPoint a, VyPoint b, VyPoint c, vyargb colour) {
     if ((colour >> 24) == 0)
         return;
-    const VyPoint p[3] = {a + m_origin, b + m_origin, c + m_origin};
+    auto shift = [this](VyPoint v) {
+        return VyPoint(clampFar(int64_t(v.x) + m_origin.x), clampFar(int64_t(v.y) + m_origin.y));
+    };
+    const VyPoint p[3] = {shift(a), shift(b), shift(c)};
     const int top = std::max(std::min({p[0].y, p[1].y, p[2].y}), m_clip.top);
     const int bottom = std::min(std::max({p[0].y, p[1].y, p[2].y}), m_clip.bottom);
     for (int y = top; y <= bottom; ++y) {

@@ -28,7 +28,9 @@ public:
     // The raw pixel, or 0 outside the canvas.
     uint16_t pixel(int x, int y) const;
 
-    void setPenWidth(int width) override { m_penWidth = width < 1 ? 1 : width; }
+    void setPenWidth(int width) override {
+        m_penWidth = width < 1 ? 1 : width > kMaxDimension ? kMaxDimension : width;
+    }
     int penWidth() const override { return m_penWidth; }
     void setClipRect(const VyRect& rect) override;
     void resetClip() override;
@@ -61,9 +63,12 @@ public:
 private:
     // The rectangle in canvas pixels (origin applied) cut to the clip rectangle.
     VyRect clipped(const VyRect& rect) const { return rect.intersected(m_clip); }
+    // The rectangle with the origin applied, its edges held within reach of int arithmetic.
+    VyRect toCanvas(const VyRect& rect) const;
     void blendSpan(int x1, int x2, int y, vyargb colour);
     void blendOne(int x, int y, int alpha, vyargb colour);
-    void drawGlyphs(int x, int baseline, const std::u32string& text, int pixelSize, vyargb colour);
+    void drawGlyphs(int64_t x, int64_t baseline, const std::u32string& text, int pixelSize,
+                    vyargb colour);
 
     int m_width = 0;
     int m_height = 0;

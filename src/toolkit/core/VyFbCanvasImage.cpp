@@ -9,7 +9,13 @@
 void VyFbCanvas::drawImage(int x, int y, const VyBitmap& image) {
     if (image.isNull())
         return;
-    const VyRect placed(x + m_origin.x, y + m_origin.y, image.width(), image.height());
+    const int64_t left = int64_t(x) + m_origin.x;
+    const int64_t top = int64_t(y) + m_origin.y;
+    if (left > m_clip.right || top > m_clip.bottom || left + image.width() <= m_clip.left ||
+        top + image.height() <= m_clip.top)
+        return;
+    const VyRect placed(static_cast<int>(left), static_cast<int>(top), image.width(),
+                        image.height());
     const VyRect r = clipped(placed);
     if (r.isEmpty())
         return;
@@ -28,7 +34,7 @@ void VyFbCanvas::drawImage(const VyRect& target, const VyBitmap& image) {
         drawImage(target.left, target.top, image);
         return;
     }
-    const VyRect placed = target.translated(m_origin);
+    const VyRect placed = toCanvas(target);
     const VyRect r = clipped(placed);
     if (r.isEmpty())
         return;

@@ -16,17 +16,21 @@ int VyFbCanvas::textWidth(const VyString& text, int pixelSize) {
     return width;
 }
 
-void VyFbCanvas::drawGlyphs(int x, int baseline, const std::u32string& text, int pixelSize,
+void VyFbCanvas::drawGlyphs(int64_t x, int64_t baseline, const std::u32string& text, int pixelSize,
                             vyargb colour) {
+    // Glyphs are at most a few hundred pixels: text starting this far out never shows.
+    constexpr int64_t kFar = 1 << 29; // pixels
+    if (x < -kFar || x > kFar || baseline < -kFar || baseline > kFar)
+        return;
     VyFontEngine& engine = VyFontEngine::instance();
-    int pen = x;
+    int pen = static_cast<int>(x);
     for (char32_t cp : text) {
         if (pen > m_clip.right)
             break;
         const VyGlyph* g = engine.glyph(cp, pixelSize);
         if (!g)
             continue;
-        const VyRect box(pen + g->left, baseline - g->top, g->width, g->height);
+        const VyRect box(pen + g->left, static_cast<int>(baseline) - g->top, g->width, g->height);
         const VyRect r = clipped(box);
         for (int row = r.top; row <= r.bottom; ++row) {
             const uint8_t* cov =
@@ -40,7 +44,8 @@ void VyFbCanvas::drawGlyphs(int x, int baseline, const std::u32string& text, int
 void VyFbCanvas::drawText(int x, int baseline, const VyString& text, int pixelSize, vyargb colour) {
     if ((colour >> 24) == 0 || text.isEmpty())
         return;
-    drawGlyphs(x + m_origin.x, baseline + m_origin.y, text.toUcs4(), pixelSize, colour);
+    drawGlyphs(int64_t(x) + m_origin.x, int64_t(baseline) + m_origin.y, text.toUcs4(), pixelSize,
+               colour);
 }
 
 void VyFbCanvas::drawText(const VyRect& rect, int alignment, const VyString& text, int pixelSize,
@@ -51,18 +56,20 @@ void VyFbCanvas::drawText(const VyRect& rect, int alignment, const VyString& tex
     const int ascent = engine.ascent(pixelSize);
     const int descent = engine.descent(pixelSize);
     const int width = textWidth(text, pixelSize);
-    int x = rect.left;
+    const int64_t rectWidth = int64_t(rect.right) - rect.left + 1;
+    const int64_t rectHeight = int64_t(rect.bottom) - rect.top + 1;
+    int64_t x = rect.left;
     if (alignment & AlignRight)
-        x = rect.right + 1 - width;
+        x = int64_t(rect.right) + 1 - width;
     else if (alignment & AlignHCenter)
-        x = rect.left + (rect.width() - width) / 2;
-    int baseline = rect.top + (rect.height() - (ascent + descent)) / 2 + ascent;
+        x = rect.left + (rectWidth - width) / 2;
+    int64_t baseline = rect.top + (rectHeight - (ascent + descent)) / 2 + ascent;
     if (alignment & AlignTop)
-        baseline = rect.top + ascent;
+        baseline = int64_t(rect.top) + ascent;
     else if (alignment & AlignBottom)
-        baseline = rect.bottom + 1 - descent;
+        baseline = int64_t(rect.bottom) + 1 - descent;
     const VyRect savedClip = m_clip;
-    m_clip = m_clip.intersected(rect.translated(m_origin));
+    m_clip = m_clip.intersected(toCanvas(rect));
     if (!m_clip.isEmpty())
         drawGlyphs(x + m_origin.x, baseline + m_origin.y, text.toUcs4(), pixelSize, colour);
     m_clip = savedClip;

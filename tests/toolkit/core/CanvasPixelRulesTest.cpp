@@ -164,6 +164,7 @@ TEST(CanvasShapes, DotLinesSkipEveryOtherPixelAndSplitInkBetweenNeighbours) {
     const double nan = std::nan("");
     half.drawDotLine(nan, 0.0, 5.0, 5.0, 0xffffffff);
     half.drawDotLine(-1e300, 1.0, 1e300, 1.0, 0xffffffff);
+    half.drawDotLine(-1.7e308, -1.7e308, 1.7e308, 1.7e308, 0xffffffff);
 }
 
 TEST(CanvasShapes, TrianglesCoverPixelCentresOnlyOnce) {
@@ -221,4 +222,25 @@ TEST(CanvasSurfaces, RefusedSizesGiveAnEmptyCanvasThatDrawsNothing) {
     huge.fillRect(VyRect(0, 0, 10, 10), 0xffffffff);
     huge.drawLine(0, 0, 5, 9, 0xffffffff);
     EXPECT_EQ(huge.pixel(0, 0), 0);
+}
+
+TEST(CanvasSurfaces, CoordinatesAtTheEndsOfTheIntRangeDrawNothingAndDoNotWrap) {
+    VyFbCanvas c(16, 16);
+    const int big = 2147483647;
+    const int small = -2147483647 - 1;
+    c.setOrigin(VyPoint(5, 5));
+    c.setPenWidth(3);
+    c.drawPoint(big, big, 0xffffffff);
+    c.drawPoint(small, small, 0xffffffff);
+    c.drawLine(small, 3, big, 3, 0xffffffff); // crosses: the only ink allowed
+    c.drawLine(big - 5, small, big, big, 0xffffffff);
+    c.fillRect(VyRect::fromEdges(big - 3, big - 3, big, big), 0xffffffff);
+    c.fillTriangle(VyPoint(big, big), VyPoint(small, big), VyPoint(big, big - 1), 0xffffffff);
+    c.drawText(big, big, "x", 12, 0xffffffff);
+    c.drawImage(big, small, VyBitmap(2, 2));
+    int inked = 0;
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 16; ++x)
+            inked += c.pixel(x, y) != 0 ? 1 : 0;
+    EXPECT_EQ(inked, 16 * 3); // the horizontal line at y = 3 + 5, pen 3
 }
