@@ -4,6 +4,8 @@
 #include "runtime/VyGlobal.h"
 #include "runtime/VyList.h"
 #include "runtime/VyString.h"
+#include "toolkit/core/Connection.h"
+#include "toolkit/core/ConnectionList.h"
 #include "toolkit/core/VySignal.h"
 #include "toolkit/core/VySignalMapper.h"
 #include "toolkit/core/VySlot.h"
@@ -84,7 +86,28 @@ public:
                            VySlot slot);
     // Calls every slot connected to the signal, in connection order. Never allocates for a
     // direct connection; a queued one posts an event.
-    static void emitSignal(VyObject* sender, const VySignal* signal);
+    static void emitSignal(VyObject* sender, const VySignal* signal) {
+        // Inline: a signal nobody listens to costs one load, and a direct call costs little
+        // more than the slot's own indirect call.
+        ConnectionList* list = signal->m_list;
+        if (!list || sender->m_signalsBlocked)
+            return;
+        ++list->emitDepth;
+        // The length is read again after every call: slots may connect more receivers,
+        // which then run in this same emission.
+        for (int i = 0; i < list->connections.size(); ++i) {
+            const Connection* c = list->connections.toStdVector()[static_cast<size_t>(i)];
+            if (c->queued || !c->receiver) {
+                postQueued(sender, c);
+            } else {
+                c->slot(sender, c->receiver);
+            }
+            if (!list->sender)
+                break; // the sender died inside the slot
+        }
+        if (--list->emitDepth == 0 && (!list->sender || list->hasDeadConnections))
+            finishEmission(sender, list);
+    }
     // Number of connections of the signal (dead ones excluded).
     static int receivers(const VyObject* sender, const VySignal* signal);
 
@@ -96,6 +119,11 @@ protected:
     friend class VySignalMapper;
 
 private:
+    // The rare parts of an emission, out of line: a queued call (or a cut connection,
+    // skipped), and freeing what the emission left behind.
+    static void postQueued(VyObject* sender, const Connection* c);
+    static void finishEmission(VyObject* sender, ConnectionList* list);
+    static void dropList(VyObject* sender, const VySignal* signal, ConnectionList* list);
     void removeSenderConnectionsTo(VyObject* receiver);
 
     VyList<VyObject*> m_children;

@@ -3,6 +3,8 @@
 #include "toolkit/core/VyObject.h"
 #include "toolkit/core/VyQueuedSignalEvent.h"
 
+#include <vector>
+
 namespace {
 
 // Drops the connections that were cut while the list was being emitted.
@@ -35,11 +37,12 @@ bool VyObject::connect(VyObject* sender, const VySignal* signal, VyObject* recei
     if (!sender || !signal || !receiver || !slot)
         return false;
     auto& table = sender->m_connections.m_signalTable;
-    ConnectionList* list = table.value(signal, nullptr);
+    ConnectionList* list = table.value(signal);
     if (!list) {
         list = new ConnectionList;
         list->sender = sender;
         table.insert(signal, list);
+        signal->m_list = list;
     }
     for (const Connection* c : list->connections)
         if (c->receiver == receiver && c->slot == slot)
@@ -58,52 +61,29 @@ bool VyObject::disconnect(VyObject* sender, const VySignal* signal, VyObject* re
     if (!sender || !receiver)
         return false;
     auto& table = sender->m_connections.m_signalTable;
-    auto it = table.find(signal);
-    if (it == table.end())
+    ConnectionList* list = table.value(signal);
+    if (!list)
         return false;
-    ConnectionList* list = it->second;
     for (int i = 0; i < list->connections.size(); ++i) {
         const Connection* c = list->connections.at(i);
         if (c->receiver == receiver && c->slot == slot) {
             cutConnection(list, i);
             receiver->m_connections.m_senders.removeOne(sender);
-            if (list->emitDepth == 0 && list->connections.isEmpty()) {
-                table.erase(it);
-                delete list;
-            }
+            if (list->emitDepth == 0 && list->connections.isEmpty())
+                dropList(sender, signal, list);
             return true;
         }
     }
     return false;
 }
 
-void VyObject::emitSignal(VyObject* sender, const VySignal* signal) {
-    if (sender->m_signalsBlocked)
-        return;
-    auto& table = sender->m_connections.m_signalTable;
-    if (table.isEmpty())
-        return;
-    auto it = table.find(signal);
-    if (it == table.end())
-        return;
-    ConnectionList* list = it->second;
-    ++list->emitDepth;
-    // The length is read again after every call: slots may connect more receivers, which
-    // then run in this same emission.
-    for (int i = 0; i < list->connections.size(); ++i) {
-        const Connection* c = list->connections.at(i);
-        if (!c->receiver)
-            continue;
-        if (c->queued)
-            VyApplication::postEvent(c->receiver,
-                                     new VyQueuedSignalEvent(sender, c->receiver, c->slot));
-        else
-            c->slot(sender, c->receiver);
-        if (!list->sender)
-            break; // the sender died inside the slot
-    }
-    if (--list->emitDepth > 0)
-        return;
+void VyObject::postQueued(VyObject* sender, const Connection* c) {
+    if (!c->receiver)
+        return; // cut while this signal was being emitted
+    VyApplication::postEvent(c->receiver, new VyQueuedSignalEvent(sender, c->receiver, c->slot));
+}
+
+void VyObject::finishEmission(VyObject* sender, ConnectionList* list) {
     if (!list->sender) {
         // The dying sender left the list to us; its table entry is already gone.
         for (Connection* c : list->connections)
@@ -111,16 +91,25 @@ void VyObject::emitSignal(VyObject* sender, const VySignal* signal) {
         delete list;
         return;
     }
-    if (list->hasDeadConnections)
-        sweepDeadConnections(list);
-    if (list->connections.isEmpty()) {
-        sender->m_connections.m_signalTable.remove(signal);
-        delete list;
+    sweepDeadConnections(list);
+    if (!list->connections.isEmpty())
+        return;
+    for (const auto& entry : sender->m_connections.m_signalTable) {
+        if (entry.second == list) {
+            dropList(sender, entry.first, list);
+            return;
+        }
     }
 }
 
+void VyObject::dropList(VyObject* sender, const VySignal* signal, ConnectionList* list) {
+    sender->m_connections.m_signalTable.remove(signal);
+    signal->m_list = nullptr;
+    delete list;
+}
+
 int VyObject::receivers(const VyObject* sender, const VySignal* signal) {
-    const ConnectionList* list = sender->m_connections.m_signalTable.value(signal, nullptr);
+    const ConnectionList* list = sender->m_connections.m_signalTable.value(signal);
     if (!list)
         return 0;
     int n = 0;
@@ -138,6 +127,7 @@ void VyObject::removeSenderConnectionsTo(VyObject* receiver) {
             if (list->connections.at(i)->receiver == receiver)
                 cutConnection(list, i);
         if (list->emitDepth == 0 && list->connections.isEmpty()) {
+            it->first->m_list = nullptr;
             delete list;
             it = table.erase(it);
         } else {

@@ -6,10 +6,12 @@
 //         VySignal clicked;
 //     };
 //
-// It holds no data and is never read: its address inside the emitting object is the
-// signal's identity, the key of the sender's connection table. Signals carry no
-// arguments; a slot that needs data reads it from the sender.
-#include <cstdint>
+// Its address inside the emitting object is the signal's identity, the key of the
+// sender's connection table. Signals carry no arguments; a slot that needs data reads it
+// from the sender. The word itself caches the signal's connection list (owned by the
+// sender's table), so that emitting needs no lookup and an unconnected signal costs one
+// load.
+struct ConnectionList;
 
 class VySignal {
 public:
@@ -18,6 +20,7 @@ public:
     VySignal& operator=(const VySignal&) = delete;
 
 private:
-    // Keeps the member one word wide so that every signal has a distinct address.
-    uint32_t m_identity = 0;
+    friend class VyObject;
+    // Kept in step with the sender's table by connect, disconnect and emission.
+    mutable ConnectionList* m_list = nullptr;
 };

@@ -1,9 +1,7 @@
 #pragma once
 #include "runtime/VyList.h"
-#include "runtime/VyMap.h"
 #include "toolkit/core/ConnectionList.h"
-
-class VySignal;
+#include "toolkit/core/VySignalTable.h"
 
 // The per-object connection table, embedded in every VyObject. As a sender it maps each
 // connected signal to its ConnectionList; as a receiver it remembers the senders of the
@@ -15,7 +13,7 @@ public:
     virtual ~VySignalMapper();
     VY_DISABLE_COPY_MOVE(VySignalMapper)
 
-    VyMap<const VySignal*, ConnectionList*> m_signalTable;
+    VySignalTable m_signalTable;
     // One entry per connection whose receiver is the owner.
     VyList<VyObject*> m_senders;
     VyObject* m_owner;
