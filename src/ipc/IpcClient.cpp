@@ -180,7 +180,7 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
                 VY_IPC_LOG("client connect error,exit thread\n");
                 break;
             }
-            {
+            if (!m_connected.load()) {
                 std::lock_guard<std::mutex> lock(m_stateMutex);
                 m_connected.store(true);
                 m_stateCond.notify_all();
@@ -233,6 +233,8 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
 }
 
 bool IpcClient::waitConnected() {
+    if (m_connected.load())
+        return true;
     std::unique_lock<std::mutex> lock(m_stateMutex);
     while (!m_connected.load()) {
         if (m_stopRequested.load())

@@ -34,6 +34,7 @@
 #include <mutex>
 #include <pthread.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 class VyObject;
@@ -187,8 +188,11 @@ private:
     // During a blocking request: the seqNumbers of the messages received. Otherwise: the
     // stage notifications as MainType + SubType.
     std::vector<uint32_t> m_numbers;
-    std::map<uint32_t, uint8_t*> m_replies; // seqNumber -> block owned by m_held
+    // seqNumber -> block owned by m_held; a flat map, as it holds a handful of entries and
+    // keeps its capacity from one request to the next.
+    std::vector<std::pair<uint32_t, uint8_t*>> m_replies;
     std::vector<IpcMsgBlock> m_held;
+    std::vector<IpcMsgBlock> m_handOver; // m_held's contents while they are delivered
 
     // Waiters of nested-loop requests, keyed by their loop. Guarded by m_waiterMutex.
     std::mutex m_waiterMutex;

@@ -8,6 +8,8 @@
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
 
+#include <algorithm>
+
 int IpcClient::dispatchThunk(IpcMsgBlock block, void* self) {
     return static_cast<IpcClient*>(self)->dispatch(std::move(block));
 }
@@ -21,19 +23,26 @@ int IpcClient::dispatch(IpcMsgBlock block) {
         return 0;
     }
     {
-        std::lock_guard<std::mutex> lock(m_waitMutex);
+        // The waiting thread is notified after the unlock, so that it does not wake
+        // straight into the mutex.
+        std::unique_lock<std::mutex> lock(m_waitMutex);
         if (m_blockingActive) {
             m_numbers.push_back(h.seqNumber);
-            // emplace keeps an existing entry: the first block with a number stays the
-            // candidate for that number.
-            m_replies.emplace(h.seqNumber, block.get());
+            // An existing entry stays: the first block with a number remains the candidate
+            // for that number.
+            auto entry = std::find_if(m_replies.begin(), m_replies.end(),
+                                      [&h](const auto& e) { return e.first == h.seqNumber; });
+            if (entry == m_replies.end())
+                m_replies.emplace_back(h.seqNumber, block.get());
             m_held.push_back(std::move(block));
+            lock.unlock();
             m_waitCond.notify_all();
             return 0;
         }
         if (!m_receiver.load()) {
             // Start-up: only the stage notifications matter, noted as one number.
             m_numbers.push_back(uint32_t(h.MainType) + h.SubType);
+            lock.unlock();
             m_waitCond.notify_all();
             return 0; // the block is freed here
         }

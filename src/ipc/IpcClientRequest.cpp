@@ -47,7 +47,8 @@ IpcMsgBlock IpcClient::blockingRequest(uint16_t mainType, uint16_t subType, void
     for (;;) {
         auto number = findNewest(m_numbers, seq);
         if (number != m_numbers.end()) {
-            auto reply = m_replies.find(seq);
+            auto reply = std::find_if(m_replies.begin(), m_replies.end(),
+                                      [seq](const auto& e) { return e.first == seq; });
             if (reply != m_replies.end()) {
                 IpcMsgHeader h = ipcBlockHeader(reply->second);
                 if (h.MainType == mainType && h.SubType == subType) {
@@ -85,15 +86,14 @@ IpcMsgBlock IpcClient::blockingRequest(uint16_t mainType, uint16_t subType, void
     // Hand over what arrived meanwhile while still holding the lock, with the request
     // still marked active: the dispatch thread waits for the lock and then delivers
     // newer messages itself, so the receiver sees them all in order.
-    std::vector<IpcMsgBlock> held = std::move(m_held);
-    m_held.clear();
+    m_handOver.swap(m_held);
     m_replies.clear();
     m_numbers.clear();
     if (found && !afterResend) {
-        for (IpcMsgBlock& block : held)
+        for (IpcMsgBlock& block : m_handOver)
             waiterDeliver(std::move(block));
     }
-    held.clear();
+    m_handOver.clear();
     m_blockingActive = false;
     lock.unlock();
 

@@ -15,12 +15,13 @@ int IpcClient::UI_IPC_ClientSendReqMsg(const IpcMsgHeader* header, const void* b
         return -1;
     uint8_t raw[kIpcHeaderSize];
     ipcEncodeHeader(*header, raw);
-    if (WriteData(sock, raw, int(kIpcHeaderSize)) != 0) {
-        VY_IPC_LOG("send msg head error\n");
-        return -1;
-    }
-    if (header->dataLen != 0 && WriteData(sock, body, int(header->dataLen)) != 0) {
-        VY_IPC_LOG("send msg error\n");
+    // Header, then body, in one gathered write: App wakes once per message.
+    bool headerSent = false;
+    if (WriteFrame(sock, raw, body, int(header->dataLen), &headerSent) != 0) {
+        if (!headerSent)
+            VY_IPC_LOG("send msg head error\n");
+        else
+            VY_IPC_LOG("send msg error\n");
         return -1;
     }
     return 0;

@@ -51,15 +51,21 @@ void IpcMsgList::UiMsgListAddNode(IpcMsgBlock block) {
     auto node = std::make_unique<Node>();
     node->block = std::move(block);
 
-    std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_head.next == nullptr)
+    bool wasEmpty = false;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        wasEmpty = m_head.next == nullptr;
+        ++m_count;
+        if (m_count > kWarnNodeCount)
+            VY_IPC_LOG("-----msgnode -count = %d\n", m_count);
+        Node* raw = node.get();
+        m_tail->next = std::move(node);
+        m_tail = raw;
+    }
+    // Woken after the unlock, so that the consumer does not wake straight into the lock
+    // we still hold. A consumer that emptied the list meanwhile just drains the token.
+    if (wasEmpty)
         wake();
-    ++m_count;
-    if (m_count > kWarnNodeCount)
-        VY_IPC_LOG("-----msgnode -count = %d\n", m_count);
-    Node* raw = node.get();
-    m_tail->next = std::move(node);
-    m_tail = raw;
 }
 
 IpcMsgBlock IpcMsgList::UiMsgListConsumeNode() {

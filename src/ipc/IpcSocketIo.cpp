@@ -1,10 +1,12 @@
 #include "ipc/IpcSocketIo.h"
 
+#include "ipc/IpcMsgHeader.h"
 #include "runtime/VyLog.h"
 
 #include <cerrno>
 #include <cstring>
 #include <sys/socket.h>
+#include <sys/uio.h>
 
 int WriteData(int sock, const void* data, int size) {
     const char* p = static_cast<const char*>(data);
@@ -23,6 +25,38 @@ int WriteData(int sock, const void* data, int size) {
     if (s32Size < 1)
         return 0;
     if (s32WriteSize != s32Size) {
+        VY_IPC_LOG("s32WriteSize != s32Size !\n");
+        return -1;
+    }
+    return 0;
+}
+
+int WriteFrame(int sock, const uint8_t* header, const void* body, int bodySize, bool* headerSent) {
+    const size_t headerSize = kIpcHeaderSize;
+    const size_t total = headerSize + size_t(bodySize > 0 ? bodySize : 0);
+    size_t sent = 0;
+    while (sent < total) {
+        iovec parts[2];
+        int count = 0;
+        if (sent < headerSize)
+            parts[count++] = {const_cast<uint8_t*>(header) + sent, headerSize - sent};
+        size_t bodyDone = sent > headerSize ? sent - headerSize : 0;
+        if (total > headerSize)
+            parts[count++] = {static_cast<char*>(const_cast<void*>(body)) + bodyDone,
+                              total - headerSize - bodyDone};
+        msghdr msg{};
+        msg.msg_iov = parts;
+        msg.msg_iovlen = size_t(count);
+        ssize_t n = ::sendmsg(sock, &msg, MSG_NOSIGNAL);
+        if (n < 0) {
+            if (errno == EINTR || errno == EAGAIN)
+                continue;
+            break;
+        }
+        sent += size_t(n);
+    }
+    *headerSent = sent >= headerSize;
+    if (sent != total) {
         VY_IPC_LOG("s32WriteSize != s32Size !\n");
         return -1;
     }
