@@ -227,6 +227,11 @@ void VyFbCanvas::fillRect(const VyRect& rect, vyargb colour) {
     if (r.isEmpty())
         return;
     const int n = r.width();
+    // Whole lines without padding are one run: a full-screen fill is a single fill.
+    if (n == m_width && m_bytesPerLine == m_width * 2) {
+        VyPixelOps::blendColorRow(scanLine(r.top), n * r.height(), colour);
+        return;
+    }
     for (int row = r.top; row <= r.bottom; ++row)
         VyPixelOps::blendColorRow(scanLine(row) + r.left, n, colour);
 }
