@@ -29,6 +29,8 @@ public:
     virtual uint8_t* pixels() const = 0;
     // Mapped bytes, which may exceed lineLength * height on a real device.
     virtual size_t length() const = 0;
+    // The toolkit draws 16-bit pixels; a device set to another depth shows garbage.
+    virtual int bitsPerPixel() const { return 16; }
 
     // Called after every flush with the rectangles that changed. A scanned-out framebuffer
     // needs nothing; a desktop window copies them to the display.

@@ -32,7 +32,7 @@ public:
     uint8_t* pixels() const override { return m_mapping; }
     size_t length() const override { return m_length; }
 
-    int bitsPerPixel() const { return m_bitsPerPixel; }
+    int bitsPerPixel() const override { return m_bitsPerPixel; }
     int fd() const { return m_fd; }
 
 private:

@@ -57,6 +57,9 @@ bool VyScreen::openBackend(const VyString& device) {
     m_clipRect = VyRect::fromEdges(0, 0, m_width - 1, m_height - 1);
     vyFrameworkLog("FrameBuffer length:%d(bytes), (%dx%d) \n", static_cast<int>(m_length), m_width,
                    m_height);
+    if (m_backend->bitsPerPixel() != 16)
+        vyFrameworkLog("display (%s) has %d bits per pixel, the GUI draws 16 !!!\n", device.c_str(),
+                       m_backend->bitsPerPixel());
     m_front = std::make_unique<VyFbCanvas>(m_mapping, m_width, m_height, m_lineLength);
     std::memset(m_mapping, 0, static_cast<size_t>(m_lineLength) * m_height);
     if (m_cursor)
