@@ -53,6 +53,8 @@ VyApplication::VyApplication(int argc, char** argv) {
     vyFrameworkLog("open fbdev(%s) success !\n", device.c_str());
     // Widgets paint into their window surfaces when the screen flushes a batch.
     m_screen->setPaintHandler(&VyWidget::paintWindow);
+    connect(m_screen.get(), &m_screen->geometryChanged, this,
+            VY_SLOT(VyApplication, screenGeometryChanged));
 
     m_threads.timerCore = std::make_unique<VyTimerCore>();
     m_threads.timerCore->start();
@@ -188,6 +190,11 @@ void VyApplication::timerEvent(VyTimerEvent* e) {
         return;
     ++m_seconds;
     emitSignal(this, &secondTick);
+}
+
+void VyApplication::screenGeometryChanged() {
+    VyEvent change(VyEvent::ScreenChange);
+    sendEvent(this, &change);
 }
 
 void VyApplication::setMouseWatcher(std::unique_ptr<VyThread> watcher) {

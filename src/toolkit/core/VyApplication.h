@@ -108,12 +108,16 @@ public:
 
 protected:
     void timerEvent(VyTimerEvent* e) override;
+    // ScreenChange reaches the application's children and every top-level window, which
+    // have no parent to pass it on.
+    void broadcastEvent(VyEvent* e) override;
 
 private:
     friend class VyObjectGuard;
     void addGuard(VyObjectGuard* guard);
     void removeGuard(VyObjectGuard* guard);
 
+    void screenGeometryChanged();
     void handleRawMouse(VyRawMouseEvent* e);
     bool dispatchMouse(VyWidget* receiver, VyMouseEvent* e);
     bool dispatchWheel(VyWidget* receiver, VyEvent* e);

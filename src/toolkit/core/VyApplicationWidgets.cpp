@@ -1,9 +1,13 @@
 // The application's side of widgets: focus, the modal stack, blocking and the hit test.
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyFocusEvent.h"
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/core/VyWindowSurface.h"
+
+#include <memory>
+#include <vector>
 
 void VyApplication::setFocusWidget(VyWidget* widget, int reason) {
     if (widget == m_focusWidget || reason == VyFocusEvent::RefreshFocusReason)
@@ -91,4 +95,21 @@ VyWidget* VyApplication::topLevelAt(VyPoint global) const {
 VyWidget* VyApplication::widgetAt(VyPoint global) const {
     VyWidget* win = topLevelAt(global);
     return win ? win->childAt(win->mapFromGlobal(global)) : nullptr;
+}
+
+void VyApplication::broadcastEvent(VyEvent* e) {
+    VyObject::broadcastEvent(e);
+    if (!m_screen)
+        return;
+    // Guarded first: a window may close or delete others while handling the event.
+    std::vector<std::unique_ptr<VyPointer<VyObject>>> windows;
+    for (int i = 0; i < m_screen->windowCount(); ++i) {
+        VyObject* owner = m_screen->windowAt(i)->owner();
+        if (owner && owner->isWidgetType() && !owner->parent())
+            windows.push_back(std::make_unique<VyPointer<VyObject>>(owner));
+    }
+    for (const auto& w : windows) {
+        if (*w)
+            sendEvent(w->data(), e);
+    }
 }

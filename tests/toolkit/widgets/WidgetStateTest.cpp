@@ -108,3 +108,19 @@ TEST_F(WidgetState, SetLayoutRefusesNullSecondAndAlreadyOwnedLayouts) {
     EXPECT_EQ(b.layout(), nullptr);
     delete second;
 }
+
+TEST_F(WidgetState, ScreenChangeReachesEveryWindowTreeAndDropsTheStyleCache) {
+    VyWidget window;
+    auto* child = new VyWidget(&window);
+    VyWidget dialog(&window, VyWidget::Dialog);
+    VyWidget other;
+    for (VyWidget* w : {&window, child, &dialog, &other}) {
+        w->setGeometry(0, 0, 10, 10);
+        w->show();
+        w->setStyleFontSize(17);
+    }
+    VyEvent change(VyEvent::ScreenChange);
+    VyApplication::sendEvent(app(), &change);
+    for (VyWidget* w : {&window, child, &dialog, &other})
+        EXPECT_EQ(w->styleFontSize(), VyWidget::kStyleReloadSentinel);
+}
