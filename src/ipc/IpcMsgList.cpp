@@ -52,38 +52,44 @@ void IpcMsgList::UiMsgListAddNode(IpcMsgBlock block) {
     node->block = std::move(block);
 
     bool wasEmpty = false;
+    int count = 0;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         wasEmpty = m_head.next == nullptr;
-        ++m_count;
-        if (m_count > kWarnNodeCount)
-            VY_IPC_LOG("-----msgnode -count = %d\n", m_count);
+        count = ++m_count;
         Node* raw = node.get();
         m_tail->next = std::move(node);
         m_tail = raw;
     }
-    // Woken after the unlock, so that the consumer does not wake straight into the lock
-    // we still hold. A consumer that emptied the list meanwhile just drains the token.
+    // The wake-up and the log line come after the unlock: the consumer must not wake
+    // straight into a lock that is held across a system call. A consumer that emptied the
+    // list meanwhile just drains the token.
     if (wasEmpty)
         wake();
+    if (count > kWarnNodeCount)
+        VY_IPC_LOG("-----msgnode -count = %d\n", count);
 }
 
 IpcMsgBlock IpcMsgList::UiMsgListConsumeNode() {
     for (;;) {
         if (m_stopped.load(std::memory_order_acquire))
             return nullptr;
+        std::unique_ptr<Node> node;
+        int count = 0;
         {
             std::lock_guard<std::mutex> lock(m_mutex);
             if (m_head.next) {
-                std::unique_ptr<Node> node = std::move(m_head.next);
+                node = std::move(m_head.next);
                 m_head.next = std::move(node->next);
                 if (!m_head.next)
                     m_tail = &m_head;
-                --m_count;
-                if (m_count > kWarnNodeCount)
-                    VY_IPC_LOG("-----msgnode count = %d\n", m_count);
-                return std::move(node->block);
+                count = --m_count;
             }
+        }
+        if (node) {
+            if (count > kWarnNodeCount)
+                VY_IPC_LOG("-----msgnode count = %d\n", count);
+            return std::move(node->block);
         }
         if (m_wake[1] < 0) {
             ::usleep(kNoPairPollUs);
