@@ -128,6 +128,7 @@ int AppStartup::run(int argc, char** argv) {
     // 18. The UiManager lives to the end of the process.
     static ScaledTimerSource timers;
     static WindowShell shell;
+    shell.setTimeScale(timers.scale());
     static UiManager* manager = new UiManager(&timers);
     manager->setShell(&shell);
 

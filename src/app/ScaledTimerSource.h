@@ -1,7 +1,8 @@
 #pragma once
 // Arms the delayed start on the toolkit's timer service, optionally shortened by a factor
 // from $VY_DELAYED_START_SCALE (end-to-end runs use it to see the first screen without
-// waiting seconds; the interval printed at start-up stays the real one).
+// waiting seconds; the interval printed at start-up stays the real one). The dialogs'
+// countdowns follow the same factor.
 #include "model/UiTimerSource.h"
 
 class ScaledTimerSource : public UiTimerSource {

@@ -3,33 +3,53 @@
 #include "model/OutputSettingsBlock.h"
 #include "model/UiManager.h"
 #include "runtime/VyLog.h"
+#include "ui/MainViewWindow.h"
+#include "ui/MessageBox.h"
+#include "ui/ResolutionConfirmDialog.h"
+#include "ui/WizardWindow.h"
 
-// The windows the shell opened; the widget tree owns them once shown.
-struct WindowShell::Windows {};
-
-WindowShell::WindowShell()
-    : m_windows(std::make_unique<Windows>()) {}
-WindowShell::~WindowShell() = default;
+namespace {
+constexpr int kSecondMs = 1000; // one countdown step on the device
+} // namespace
 
 void WindowShell::showMessage(const VyString& text) {
     VY_GUI_LOG("message box: %s\n", text.c_str());
+    MessageBox::information(text);
 }
 
 void WindowShell::showMainView() {
+    if (m_mainView == nullptr)
+        m_mainView = new MainViewWindow;
+    m_mainView->show();
     VY_GUI_LOG("main view shown\n");
 }
 
 int WindowShell::confirmResolution(bool noticeOnly, int resolution) {
-    VY_GUI_LOG("resolution %s %s\n", UiManager::outputResolutionName(resolution).c_str(),
-               noticeOnly ? "was not kept" : "needs confirming");
-    return 0;
+    const VyString name = UiManager::outputResolutionName(resolution);
+    if (noticeOnly) {
+        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
+        auto* notice = new ResolutionConfirmDialog(name, true);
+        VyObject::connect(notice, &notice->finished, notice, VY_SLOT(VyObject, deleteLater));
+        notice->show();
+        return 0;
+    }
+    VY_GUI_LOG("resolution %s needs confirming\n", name.c_str());
+    ResolutionConfirmDialog dialog(name, false);
+    const int step = int(kSecondMs * m_timeScale);
+    dialog.setSecondMs(step < 1 ? 1 : step);
+    const int result = dialog.run();
+    VY_GUI_LOG("resolution %s %s\n", name.c_str(), result == 1 ? "kept" : "reverted");
+    return result;
 }
 
 void WindowShell::applyOutputMode(const OutputSettingsBlock& block, bool restorePrevious) {
+    // The video outputs belong to App's display driver; the GUI's framebuffer keeps its
+    // size until App reports the new mode.
     VY_GUI_LOG("output mode %s%s\n", UiManager::outputResolutionName(block.resolution).c_str(),
                restorePrevious ? ", previous output restored" : "");
 }
 
 void WindowShell::openStartupWizard() {
+    WizardWindow::open();
     VY_GUI_LOG("start-up wizard shown\n");
 }

@@ -1,0 +1,50 @@
+#include "ui/DialogButton.h"
+
+#include "toolkit/core/VyCanvas.h"
+#include "toolkit/core/VyKeyEvent.h"
+#include "toolkit/core/VyMouseEvent.h"
+#include "ui/UiLook.h"
+
+namespace {
+constexpr uint8_t kLeftButton = 1;
+constexpr int kKeyOk = 0x1000002; // toolkit key code of OK / Enter
+} // namespace
+
+DialogButton::DialogButton(const VyString& text, VyWidget* parent)
+    : VyWidget(parent)
+    , m_text(text) {
+    setFocusPolicy(StrongFocus);
+}
+
+void DialogButton::paintEvent(VyPaintEvent*) {
+    VyCanvas* c = canvas();
+    if (c == nullptr)
+        return;
+    const UiLook& look = UiLook::instance();
+    c->fillRect(rect(), hasFocus() ? look.buttonFocusBackground : look.buttonBackground);
+    c->drawRect(rect(), look.buttonBorder);
+    c->drawText(rect(), VyCanvas::AlignCenter, m_text, look.fontPixelSize(), look.buttonForeground);
+}
+
+void DialogButton::mousePressEvent(VyMouseEvent* e) {
+    m_pressed = e->button() == kLeftButton;
+    e->accept();
+}
+
+void DialogButton::mouseReleaseEvent(VyMouseEvent* e) {
+    e->accept();
+    const bool inside = rect().contains(e->pos());
+    const bool wasPressed = m_pressed;
+    m_pressed = false;
+    if (wasPressed && inside && e->button() == kLeftButton)
+        emitSignal(this, &clicked);
+}
+
+void DialogButton::keyPressEvent(VyKeyEvent* e) {
+    if (e->key() != kKeyOk) {
+        VyWidget::keyPressEvent(e);
+        return;
+    }
+    e->accept();
+    emitSignal(this, &clicked);
+}

@@ -1,0 +1,73 @@
+#include "ui/UiLook.h"
+
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/style/VyIniSettings.h"
+#include "toolkit/style/VyPushButtonOption.h"
+#include "toolkit/style/VyStyle.h"
+#include "toolkit/style/VyStyleSlot.h"
+
+namespace {
+
+constexpr int kDesignFontPixels = VyStyle::kDesignFontPixelSize;
+
+float scaleOf(bool horizontal) {
+    VyApplication* app = VyApplication::instance();
+    VyScreen* screen = app != nullptr ? app->screen() : nullptr;
+    if (screen == nullptr)
+        return 1.0f;
+    return horizontal ? screen->horizontalScale() : screen->verticalScale();
+}
+
+} // namespace
+
+const UiLook& UiLook::instance() {
+    static const UiLook look;
+    return look;
+}
+
+vyargb UiLook::colourOr(const VyIniSettings& ini, const char* key, vyargb fallback) {
+    const VyColor c = ini.color(VyString(key));
+    return c.isValid() && !ini.value(VyString(key)).isEmpty() ? c.argb() : fallback;
+}
+
+UiLook::UiLook() {
+    const VyIniSettings mainView(VyResources::path("style/mainview.ini"));
+    mainViewBackground = colourOr(mainView, "MainView/Background", mainViewBackground);
+
+    const VyIniSettings dialog(VyResources::path("style/dialog.ini"));
+    dialogBackground = colourOr(dialog, "Dialog/Background", dialogBackground);
+    dialogBorder = colourOr(dialog, "Dialog/Border", dialogBorder);
+    if (dialog.intValue("Dialog/BorderWidth") > 0)
+        dialogBorderWidth = dialog.intValue("Dialog/BorderWidth");
+    titleBackground = colourOr(dialog, "Dialog/Title/Background", titleBackground);
+    titleForeground = colourOr(dialog, "Dialog/Title/Foreground", titleForeground);
+    textForeground = colourOr(dialog, "Dialog/Text/Foreground", textForeground);
+
+    // Buttons look like every push button of the common style.
+    const VyPushButtonOption& b = VyStyle::instance()->option().get<VyPushButtonOption>();
+    if (b.background.isSet(VyStyleNormal))
+        buttonBackground = b.background.value(VyStyleNormal).color.argb();
+    if (b.background.isSet(VyStyleFocus))
+        buttonFocusBackground = b.background.value(VyStyleFocus).color.argb();
+    if (b.foreground.isSet(VyStyleNormal))
+        buttonForeground = b.foreground.value(VyStyleNormal).color.argb();
+    if (b.borderColor.isSet(VyStyleFocus))
+        buttonBorder = b.borderColor.value(VyStyleFocus).color.argb();
+}
+
+int UiLook::fontPixelSize() const {
+    const int px = int(kDesignFontPixels * (scaleOf(true) + scaleOf(false)) / 2);
+    return px < 8 ? 8 : px;
+}
+
+int UiLook::scaledX(int designPixels) {
+    const int v = int(designPixels * scaleOf(true));
+    return v < 1 ? 1 : v;
+}
+
+int UiLook::scaledY(int designPixels) {
+    const int v = int(designPixels * scaleOf(false));
+    return v < 1 ? 1 : v;
+}

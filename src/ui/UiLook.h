@@ -1,0 +1,35 @@
+#pragma once
+// Colours and metrics the start-up windows share: read once from "style/dialog.ini",
+// "style/mainview.ini" and the common style, with dark fallbacks for keys a sheet lacks, and
+// scaled to the screen like every control.
+#include "runtime/VyGlobal.h"
+#include "runtime/VyString.h"
+
+class VyIniSettings;
+
+class UiLook {
+public:
+    static const UiLook& instance();
+
+    vyargb mainViewBackground = 0xFF000000;
+    vyargb dialogBackground = 0xFF24262B;
+    vyargb dialogBorder = 0xFF464A52;
+    int dialogBorderWidth = 1; // pixels at 1920x1080
+    vyargb titleBackground = 0xFF2C2F35;
+    vyargb titleForeground = 0xFFE6E8EB;
+    vyargb textForeground = 0xFFE6E8EB;
+    vyargb buttonBackground = 0xFF3A3D44;
+    vyargb buttonFocusBackground = 0xFF0096DC;
+    vyargb buttonForeground = 0xFFFFFFFF;
+    vyargb buttonBorder = 0xFF5A5E66;
+
+    // Pixel size of text at the screen's scale.
+    int fontPixelSize() const;
+    // A length designed for 1920x1080, scaled to the screen (at least 1).
+    static int scaledX(int designPixels);
+    static int scaledY(int designPixels);
+
+private:
+    UiLook();
+    static vyargb colourOr(const VyIniSettings& ini, const char* key, vyargb fallback);
+};

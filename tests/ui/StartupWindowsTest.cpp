@@ -1,0 +1,128 @@
+// The start-up windows drawn through the memory framebuffer: the message box, the resolution
+// dialog and the main-view window.
+#include "runtime/VyFontMetrics.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyKeyEvent.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
+#include "ui/DialogButton.h"
+#include "ui/MainViewWindow.h"
+#include "ui/MessageBox.h"
+#include "ui/ResolutionConfirmDialog.h"
+#include "ui/UiLook.h"
+#include "ui/WindowShell.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int kKeyOk = 0x1000002;
+constexpr const char* kFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+
+uint16_t opaque1555(vyargb c) {
+    return uint16_t(0x8000 | ((c >> 19) & 0x1F) << 10 | ((c >> 11) & 0x1F) << 5 |
+                    ((c >> 3) & 0x1F));
+}
+
+class StartupWindowsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        VyResources::setRoot(VY_RESOURCES_DIR);
+        VyFontMetrics::setFontFile(kFont, 5242880);
+        VyApplication::setDisplayDevice("mem:640x360");
+        app = std::make_unique<VyApplication>();
+        // The software cursor would cover a few pixels of what is checked.
+        app->screen()->cursor()->hide();
+    }
+    void TearDown() override { app.reset(); }
+
+    // Paints and flushes everything pending.
+    void settle() {
+        for (int i = 0; i < 5; ++i)
+            app->processPostedEvents();
+    }
+    uint16_t pixel(int x, int y) const {
+        VyScreen* s = app->screen();
+        return reinterpret_cast<const uint16_t*>(s->mapping() + y * s->lineLength())[x];
+    }
+    int countPixels(const VyRect& r, uint16_t value) const {
+        int n = 0;
+        for (int y = r.top; y <= r.bottom; ++y)
+            for (int x = r.left; x <= r.right; ++x)
+                n += pixel(x, y) == value;
+        return n;
+    }
+
+    std::unique_ptr<VyApplication> app;
+};
+
+} // namespace
+
+TEST_F(StartupWindowsTest, MessageBoxIsAModalFramedBoxWithTextUntilOk) {
+    const UiLook& look = UiLook::instance();
+    MessageBox* box = MessageBox::information("NVR is shutting Down......");
+    settle();
+    EXPECT_EQ(app->activeModalWidget(), box);
+
+    const VyRect g = box->geometry();
+    ASSERT_TRUE(VyRect(0, 0, 640, 360).contains(g))
+        << g.left << "," << g.top << " " << g.width() << "x" << g.height();
+    // Centred on the screen.
+    EXPECT_EQ(g.left + g.width() / 2, 320 - (640 - g.width()) % 2);
+    EXPECT_EQ(pixel(g.left, g.top + g.height() / 2), opaque1555(look.dialogBorder));
+    EXPECT_EQ(pixel(g.right, g.bottom), opaque1555(look.dialogBorder));
+    // The text row holds ink of the text colour over the dialog's background.
+    const VyRect textRow(g.left + 10, g.top + 30, g.width() - 20, g.height() / 3);
+    EXPECT_GT(countPixels(textRow, opaque1555(look.dialogBackground)), 0);
+    EXPECT_GT(countPixels(textRow, opaque1555(look.textForeground)), 0);
+    ASSERT_EQ(box->buttons().size(), 1u);
+    DialogButton* ok = box->buttons()[0];
+    EXPECT_EQ(ok->text(), "OK");
+    EXPECT_TRUE(ok->hasFocus());
+
+    VyKeyEvent key(VyEvent::KeyPress, kKeyOk);
+    VyApplication::sendEvent(ok, &key);
+    settle(); // the box deletes itself
+    EXPECT_EQ(app->activeModalWidget(), nullptr);
+    EXPECT_NE(pixel(g.left, g.top + g.height() / 2), opaque1555(look.dialogBorder));
+}
+
+TEST_F(StartupWindowsTest, ResolutionDialogKeepsOnOkAndRevertsWhenTheCountdownEnds) {
+    {
+        ResolutionConfirmDialog dialog("720p", false);
+        ASSERT_EQ(dialog.buttons().size(), 2u);
+        // The key is waiting in the queue when the nested loop starts.
+        VyApplication::postEvent(dialog.buttons()[0], new VyKeyEvent(VyEvent::KeyPress, kKeyOk));
+        EXPECT_EQ(dialog.run(), ResolutionConfirmDialog::kKeep);
+        EXPECT_GT(dialog.secondsLeft(), 0);
+    }
+    {
+        ResolutionConfirmDialog dialog("600p", false);
+        dialog.setSecondMs(1);
+        EXPECT_EQ(dialog.run(), ResolutionConfirmDialog::kRevert);
+        EXPECT_EQ(dialog.secondsLeft(), 0);
+        EXPECT_FALSE(dialog.isVisible());
+    }
+    EXPECT_EQ(app->activeModalWidget(), nullptr);
+}
+
+TEST_F(StartupWindowsTest, MainViewCoversTheScreenWithItsBackgroundUnderADialog) {
+    WindowShell shell;
+    shell.setTimeScale(0.001);
+    shell.showMainView();
+    settle();
+    ASSERT_NE(shell.mainView(), nullptr);
+    EXPECT_EQ(shell.mainView()->geometry(), VyRect(0, 0, 640, 360));
+    const uint16_t background = opaque1555(UiLook::instance().mainViewBackground);
+    EXPECT_EQ(countPixels(VyRect(0, 0, 640, 360), background), 640 * 360);
+
+    // Nobody answers: the new resolution is not kept.
+    EXPECT_EQ(shell.confirmResolution(false, 1), 0);
+    shell.showMessage("NVR is shutting Down......");
+    settle();
+    EXPECT_LT(countPixels(VyRect(0, 0, 640, 360), background), 640 * 360);
+    EXPECT_EQ(pixel(0, 0), background);
+}
