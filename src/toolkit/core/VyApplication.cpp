@@ -7,6 +7,7 @@
 #include "toolkit/core/VyPostedEventQueue.h"
 #include "toolkit/core/VyRawMouseEvent.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/core/VyTimer.h"
 #include "toolkit/core/VyTimerEvent.h"
@@ -204,7 +205,14 @@ void VyApplication::setMouseWatcher(std::unique_ptr<VyThread> watcher) {
 }
 
 void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) {
-    postEvent(g_application, new VyRawMouseEvent(x, y, buttons, wheel));
+    VyApplication* app = g_application;
+    if (!app)
+        return;
+    // As the mouse reader does: the overlay follows at once, the widgets when the GUI
+    // thread gets to the sample. The cursor has its own lock.
+    if (app->m_screen && app->m_screen->cursor())
+        app->m_screen->cursor()->setPosition(x, y);
+    postEvent(app, new VyRawMouseEvent(x, y, buttons, wheel));
 }
 
 void VyApplication::addGuard(VyObjectGuard* guard) {
