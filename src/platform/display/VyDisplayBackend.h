@@ -32,6 +32,8 @@ public:
     // The toolkit draws 16-bit pixels; a device set to another depth shows garbage.
     virtual int bitsPerPixel() const { return 16; }
 
+    // Whether present() does anything; a scanned-out framebuffer needs no telling.
+    virtual bool needsPresent() const { return false; }
     // Called after every flush with the rectangles that changed. A scanned-out framebuffer
     // needs nothing; a desktop window copies them to the display.
     virtual void present(const VyRect* rects, int count) {

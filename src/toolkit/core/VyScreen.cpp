@@ -55,6 +55,7 @@ bool VyScreen::openBackend(const VyString& device) {
     m_height = m_backend->height();
     m_lineLength = m_backend->lineLength();
     m_clipRect = VyRect::fromEdges(0, 0, m_width - 1, m_height - 1);
+    m_presents = m_backend->needsPresent();
     vyFrameworkLog("FrameBuffer length:%d(bytes), (%dx%d) \n", static_cast<int>(m_length), m_width,
                    m_height);
     if (m_backend->bitsPerPixel() != 16)
@@ -71,6 +72,7 @@ bool VyScreen::openBackend(const VyString& device) {
 }
 
 void VyScreen::closeLocked() {
+    m_presents = false;
     m_front.reset();
     m_backend.reset();
     m_mapping = nullptr;

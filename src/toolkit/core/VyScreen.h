@@ -4,6 +4,7 @@
 // flush per batch of updates. The GUI thread owns everything here except the framebuffer
 // memory itself, which the mouse thread's cursor overlay also writes: both take
 // framebufferMutex() for that.
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -100,6 +101,11 @@ public:
 
     bool event(VyEvent* e) override;
 
+    // Called by the cursor, from any thread, when it wrote to the framebuffer outside a
+    // flush. Outputs that are not scanned out get an UpdateRequest so that the next turn
+    // of the GUI thread presents the cursor's move.
+    void cursorTouched();
+
     // Emitted after a reopen changed the output.
     VySignal geometryChanged;
 
@@ -115,6 +121,8 @@ private:
     // Guards the framebuffer memory and the fields that describe it (the cursor reads them
     // from the mouse thread). Lock order: this, then the cursor's mutex.
     std::mutex m_framebufferMutex;
+    // Whether the backend wants present() calls; read by the mouse thread.
+    std::atomic<bool> m_presents{false};
     std::unique_ptr<VyDisplayBackend> m_backend;
     std::unique_ptr<VyFbCanvas> m_front;
     std::unique_ptr<VyScreenCursor> m_cursor;

@@ -75,14 +75,21 @@ bool VyScreenCursor::loadShape(int shape) {
 }
 
 bool VyScreenCursor::setShape(int shape) {
-    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-    std::lock_guard<std::mutex> lock(m_mutex);
-    restore();
-    const bool loaded = loadShape(shape);
-    if (m_shown && m_base) {
-        save(m_position - m_hotspot);
-        draw();
+    bool loaded;
+    bool notice;
+    {
+        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+        std::lock_guard<std::mutex> lock(m_mutex);
+        restore();
+        loaded = loadShape(shape);
+        if (m_shown && m_base) {
+            save(m_position - m_hotspot);
+            draw();
+        }
+        notice = touchNeedsNotice();
     }
+    if (notice)
+        m_screen->cursorTouched();
     return loaded;
 }
 
@@ -92,26 +99,39 @@ int VyScreenCursor::shape() const {
 }
 
 void VyScreenCursor::setImage(const VyBitmap& image, VyPoint hotspot) {
-    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-    std::lock_guard<std::mutex> lock(m_mutex);
-    restore();
-    m_image = image;
-    m_hotspot = hotspot;
-    if (m_shown && m_base) {
-        save(m_position - m_hotspot);
-        draw();
+    bool notice;
+    {
+        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+        std::lock_guard<std::mutex> lock(m_mutex);
+        restore();
+        m_image = image;
+        m_hotspot = hotspot;
+        if (m_shown && m_base) {
+            save(m_position - m_hotspot);
+            draw();
+        }
+        notice = touchNeedsNotice();
     }
+    if (notice)
+        m_screen->cursorTouched();
 }
 
 void VyScreenCursor::setPosition(int x, int y) {
-    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-    std::lock_guard<std::mutex> lock(m_mutex);
-    m_position = VyPoint(x, y);
-    if (!m_shown || !m_base)
-        return;
-    restore();
-    save(m_position - m_hotspot);
-    draw();
+    bool notice;
+    {
+        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_position = VyPoint(x, y);
+        if (!m_shown || !m_base)
+            return;
+        restore();
+        save(m_position - m_hotspot);
+        draw();
+        notice = touchNeedsNotice();
+    }
+    // Outside both locks: telling the screen may post an event.
+    if (notice)
+        m_screen->cursorTouched();
 }
 
 VyPoint VyScreenCursor::position() const {
@@ -120,31 +140,43 @@ VyPoint VyScreenCursor::position() const {
 }
 
 void VyScreenCursor::show() {
-    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-    std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_shown)
-        return;
-    m_shown = true;
-    // The screen may have been reopened while the cursor was hidden.
-    m_base = m_screen->mapping();
-    m_lineLength = m_screen->lineLength();
-    m_screenWidth = m_screen->width();
-    m_screenHeight = m_screen->height();
-    if (m_base) {
-        save(m_position - m_hotspot);
-        draw();
+    bool notice;
+    {
+        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_shown)
+            return;
+        m_shown = true;
+        // The screen may have been reopened while the cursor was hidden.
+        m_base = m_screen->mapping();
+        m_lineLength = m_screen->lineLength();
+        m_screenWidth = m_screen->width();
+        m_screenHeight = m_screen->height();
+        if (m_base) {
+            save(m_position - m_hotspot);
+            draw();
+        }
+        notice = touchNeedsNotice();
     }
+    if (notice)
+        m_screen->cursorTouched();
 }
 
 void VyScreenCursor::hide() {
-    std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-    std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_shown)
-        return;
-    // Put the covered pixels back so that the image leaves the screen at once.
-    restore();
-    m_saved = false;
-    m_shown = false;
+    bool notice;
+    {
+        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (!m_shown)
+            return;
+        // Put the covered pixels back so that the image leaves the screen at once.
+        restore();
+        m_saved = false;
+        m_shown = false;
+        notice = touchNeedsNotice();
+    }
+    if (notice)
+        m_screen->cursorTouched();
 }
 
 bool VyScreenCursor::isShown() const {
@@ -157,6 +189,21 @@ VyRect VyScreenCursor::area() const {
     if (m_image.isNull())
         return VyRect();
     return VyRect(m_position - m_hotspot, VySize(m_image.width(), m_image.height()));
+}
+
+VyRect VyScreenCursor::takeTouchedArea() {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    const VyRect area = m_touched;
+    m_touched = VyRect();
+    m_touchNoticed = false;
+    return area;
+}
+
+bool VyScreenCursor::touchNeedsNotice() {
+    if (m_touched.isEmpty() || m_touchNoticed)
+        return false;
+    m_touchNoticed = true;
+    return true;
 }
 
 void VyScreenCursor::restoreLocked() {
@@ -218,6 +265,7 @@ void VyScreenCursor::restore() {
     if (!m_saved || !m_base)
         return;
     const VyRect r = clippedArea(m_savedAt);
+    m_touched = m_touched.united(r);
     for (int y = r.top; y <= r.bottom; ++y) {
         uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
         std::memcpy(line + r.left * 2,
@@ -233,6 +281,7 @@ void VyScreenCursor::draw() {
     const int w = m_image.width();
     const VyRect r = VyRect(topLeft, VySize(w, m_image.height()))
                          .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
+    m_touched = m_touched.united(r);
     const uint8_t* bits = m_image.constBits();
     for (int y = r.top; y <= r.bottom; ++y) {
         uint16_t* line =

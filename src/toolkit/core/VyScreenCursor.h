@@ -79,6 +79,11 @@ private:
     // Takes the framebuffer base, pitch and size from the screen again; after a reopen
     // also reloads the shape when the output crossed the large-screen width.
     void reinitialiseLocked();
+    // The framebuffer area the overlay has written since the last call (restores and
+    // draws), for outputs that must be told what changed; empty when nothing was.
+    VyRect takeTouchedArea();
+    // Under m_mutex: true once per batch of touches, when the screen should hear of them.
+    bool touchNeedsNotice();
 
     void save(VyPoint topLeft);
     void restore();
@@ -101,6 +106,8 @@ private:
     VyPoint m_savedAt;
     bool m_saved = false;
     bool m_shown = true;
+    VyRect m_touched;
+    bool m_touchNoticed = false;
     std::vector<uint16_t> m_saveUnder;
     int m_saveWidth = 0;
     int m_saveHeight = 0;

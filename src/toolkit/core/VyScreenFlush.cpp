@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "platform/display/VyDisplayBackend.h"
+#include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyEvent.h"
 #include "toolkit/core/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
@@ -15,6 +16,11 @@ namespace {
 constexpr uint16_t kOpaqueBlack = 0x8000;
 
 } // namespace
+
+void VyScreen::cursorTouched() {
+    if (m_presents && VyApplication::instance())
+        VyApplication::postEvent(this, new VyEvent(VyEvent::UpdateRequest));
+}
 
 bool VyScreen::event(VyEvent* e) {
     if (e->type() == VyEvent::UpdateRequest) {
@@ -31,8 +37,15 @@ void VyScreen::flush() {
     // Cleared before painting: an update made while windows paint starts the next batch
     // instead of being lost with this one.
     m_updatePending = false;
-    if (!isOpen() || !m_front || dirty.isEmpty())
+    if (!isOpen() || !m_front)
         return;
+    if (dirty.isEmpty()) {
+        // Only the cursor moved (its own request): show where it went and what it left.
+        const VyRect touched = m_cursor ? m_cursor->takeTouchedArea() : VyRect();
+        if (!touched.isEmpty())
+            m_backend->present(&touched, 1);
+        return;
+    }
 
     // Each composing window gets the part of the dirty region where it is the topmost
     // window, so that no pixel is written twice.
@@ -62,7 +75,6 @@ void VyScreen::flush() {
     }
 
     uint64_t written = 0;
-    VyRect cursorArea;
     {
         std::lock_guard<std::mutex> lock(m_framebufferMutex);
         if (m_cursor)
@@ -84,16 +96,15 @@ void VyScreen::flush() {
             m_front->fillRaw(r, kOpaqueBlack);
             written += static_cast<uint64_t>(r.width()) * r.height();
         }
-        if (m_cursor) {
+        if (m_cursor)
             m_cursor->saveAndDrawLocked();
-            cursorArea = m_cursor->area();
-        }
     }
     ++m_flushCount;
     m_flushedPixels += written;
 
-    // The cursor was redrawn inside the region; a window backend shows both.
+    // Where the cursor was and is now may lie outside the region; a window shows both.
     VyVector<VyRect> changed = dirty.rects();
+    const VyRect cursorArea = m_cursor ? m_cursor->takeTouchedArea() : VyRect();
     if (!cursorArea.isEmpty())
         changed.append(cursorArea);
     m_backend->present(changed.data(), changed.size());

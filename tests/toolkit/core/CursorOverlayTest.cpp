@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <thread>
@@ -8,10 +9,14 @@
 
 #include "runtime/VyBitmap.h"
 #include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VyWindowSurface.h"
+#ifdef VY_HAVE_SDL
+#include "platform/display/sdl/VySdlBackend.h"
+#endif
 
 namespace {
 
@@ -155,3 +160,29 @@ TEST(CursorOverlay, LoadsTheShippedImagesAndSwitchesToLargeOnesWithTheOutput) {
     EXPECT_EQ(large.width(), 2 * handWidth);
     VyResources::setRoot(VyString());
 }
+
+#ifdef VY_HAVE_SDL
+TEST(CursorOverlay, MovesFromAnotherThreadReachAWindowOutputThroughTheGuiThread) {
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    VyApplication::setDisplayDevice("mem:32x24");
+    VyApplication app;
+    VyScreen window;
+    if (!window.open("window:64x48"))
+        GTEST_SKIP() << "no SDL video driver here";
+    auto* backend = static_cast<VySdlBackend*>(window.backend());
+    window.cursor()->setImage(cursorImage(), VyPoint(0, 0));
+    app.processPostedEvents();
+    const int presents = backend->presentCount();
+
+    std::thread mouse([&] { window.cursor()->setPosition(20, 10); });
+    mouse.join();
+    EXPECT_EQ(window.postedEventCount(), 1);
+    app.processPostedEvents();
+    EXPECT_EQ(backend->presentCount(), presents + 1);
+
+    // A scanned-out (memory) output is not told about cursor moves.
+    app.screen()->cursor()->setImage(cursorImage(), VyPoint(0, 0));
+    app.screen()->cursor()->setPosition(5, 5);
+    EXPECT_EQ(app.screen()->postedEventCount(), 0);
+}
+#endif

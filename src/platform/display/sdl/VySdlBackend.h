@@ -23,6 +23,7 @@ public:
     int lineLength() const override { return m_width * 2; }
     uint8_t* pixels() const override { return m_texture ? m_pixels : nullptr; }
     size_t length() const override { return m_memory.size() * 2; }
+    bool needsPresent() const override { return true; }
     void present(const VyRect* rects, int count) override;
 
     int presentCount() const { return m_presentCount; }
