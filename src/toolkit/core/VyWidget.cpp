@@ -30,18 +30,19 @@ VyWidget::~VyWidget() {
     // The layout goes first, while it can still detach from a complete widget.
     delete m_layout;
     m_layout = nullptr;
-    if (m_focusChild) {
+    if (m_focusChild)
         watchFocusChild(nullptr);
-        m_focusChild = nullptr;
-    }
+    // Also cleared here, not only through the watched destroyed signal: that signal stays
+    // silent for a widget whose signals are blocked.
+    VyWidget* win = window();
+    if (win != this && win->m_focusChild == this)
+        win->watchFocusChild(nullptr);
     VyApplication* app = VyApplication::instance();
-    if (app) {
-        // The modal stack and focus are cleared here, while this is still a widget, so that
-        // the focus can move to the next window with the right reason.
-        app->removeModal(this);
-        if (app->focusWidget() == this)
-            app->setFocusWidget(nullptr, VyFocusEvent::OtherFocusReason);
-    }
+    // Focus, hover, grabs, guards and the modal stack forget this widget now, while it is
+    // still a widget: the children destroyed next must not send events to it, and the
+    // focus can move on to the next window with the right reason.
+    if (app)
+        app->objectDestroyed(this);
     if (m_surface) {
         if (app && app->screen())
             app->screen()->removeWindow(m_surface);
