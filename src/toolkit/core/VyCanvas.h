@@ -42,6 +42,8 @@ public:
     virtual VyPoint origin() const = 0;
 
     virtual void drawPoint(int x, int y, vyargb colour) = 0;
+    // Horizontal and vertical lines are one rectangle of pen width; other lines place a
+    // pen square per step, so a thick translucent diagonal blends its overlaps again.
     virtual void drawLine(int x1, int y1, int x2, int y2, vyargb colour) = 0;
     // A dotted line with soft edges: every other pixel along the line, its ink shared
     // between the two pixels nearest to the exact position.
