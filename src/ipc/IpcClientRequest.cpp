@@ -114,7 +114,7 @@ IpcMsgBlock IpcClient::waitInNestedLoop(uint16_t mainType, uint16_t subType, con
             m_waiters[&loop] = &waiter;
             waiter.setSeqNumber(send(mainType, subType, body, dataLen));
         }
-        loop.exec();
+        int rc = loop.exec();
         {
             std::lock_guard<std::mutex> lock(m_waiterMutex);
             m_waiters.erase(&loop);
@@ -124,6 +124,13 @@ IpcMsgBlock IpcClient::waitInNestedLoop(uint16_t mainType, uint16_t subType, con
         IpcMsgBlock reply = waiter.takeReply();
         if (reply)
             return reply;
+        if (rc != 0) {
+            // No application to run a loop on (or this loop already runs): waiting here
+            // would only repeat the request as fast as the CPU allows.
+            VY_IPC_LOG("no event loop for (MainType:%u, SubType:%u), waiting blocking\n", mainType,
+                       subType);
+            return blockingRequest(mainType, subType, nullptr, 0, body, dataLen);
+        }
     }
     return nullptr;
 }
