@@ -42,8 +42,10 @@ void VyScreen::flush() {
     if (dirty.isEmpty()) {
         // Only the cursor moved (its own request): show where it went and what it left.
         const VyRect touched = m_cursor ? m_cursor->takeTouchedArea() : VyRect();
-        if (!touched.isEmpty())
+        if (!touched.isEmpty()) {
+            std::lock_guard<std::mutex> lock(m_framebufferMutex);
             m_backend->present(&touched, 1);
+        }
         return;
     }
 
@@ -107,5 +109,9 @@ void VyScreen::flush() {
     const VyRect cursorArea = m_cursor ? m_cursor->takeTouchedArea() : VyRect();
     if (!cursorArea.isEmpty())
         changed.append(cursorArea);
-    m_backend->present(changed.data(), changed.size());
+    // The window reads the pixels the mouse thread's cursor writes: hold the mutex.
+    if (m_presents) {
+        std::lock_guard<std::mutex> lock(m_framebufferMutex);
+        m_backend->present(changed.data(), changed.size());
+    }
 }

@@ -180,6 +180,22 @@ TEST(CursorOverlay, MovesFromAnotherThreadReachAWindowOutputThroughTheGuiThread)
     app.processPostedEvents();
     EXPECT_EQ(backend->presentCount(), presents + 1);
 
+    // The window reads the memory while the mouse thread draws into it (ThreadSanitizer).
+    VyWindowSurface* surface = window.createWindow(nullptr, VyRect(0, 0, 64, 48));
+    window.setWindowVisible(surface, true);
+    std::atomic<bool> stop{false};
+    std::thread busy([&] {
+        for (int i = 0; !stop.load(); ++i)
+            window.cursor()->setPosition(i % 64, i % 48);
+    });
+    for (int frame = 0; frame < 50; ++frame) {
+        window.update(surface);
+        app.processPostedEvents();
+    }
+    stop = true;
+    busy.join();
+    EXPECT_GE(backend->presentCount(), presents + 51);
+
     // A scanned-out (memory) output is not told about cursor moves.
     app.screen()->cursor()->setImage(cursorImage(), VyPoint(0, 0));
     app.screen()->cursor()->setPosition(5, 5);
