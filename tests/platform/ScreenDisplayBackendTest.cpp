@@ -14,6 +14,8 @@
 #include "platform/display/VyFrameDump.h"
 #include "platform/display/VyMemoryBackend.h"
 #ifdef VY_HAVE_SDL
+#include <SDL.h>
+
 #include "platform/display/sdl/VySdlBackend.h"
 #endif
 
@@ -223,6 +225,13 @@ TEST(ScreenWindowBackend, OpensPresentsAndClosesOnTheDummyDriver) {
     const VyRect rects[] = {VyRect(0, 0, 8, 8), VyRect(60, 30, 10, 10)};
     window.present(rects, 2);
     EXPECT_EQ(window.presentCount(), before + 1);
+    EXPECT_FALSE(window.closeRequested());
+
+    SDL_Event quit{};
+    quit.type = SDL_QUIT;
+    ASSERT_EQ(SDL_PushEvent(&quit), 1);
+    window.present(rects, 1);
+    EXPECT_TRUE(window.closeRequested());
 }
 #endif
 

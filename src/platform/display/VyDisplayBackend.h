@@ -34,6 +34,8 @@ public:
 
     // Whether present() does anything; a scanned-out framebuffer needs no telling.
     virtual bool needsPresent() const { return false; }
+    // True once the user closed the output (a desktop window); checked after present().
+    virtual bool closeRequested() const { return false; }
     // Called after every flush with the rectangles that changed. A scanned-out framebuffer
     // needs nothing; a desktop window copies them to the display.
     virtual void present(const VyRect* rects, int count) {

@@ -108,6 +108,8 @@ public:
 
     // Emitted after a reopen changed the output.
     VySignal geometryChanged;
+    // Emitted once when the user closed a desktop window output (noticed at a flush).
+    VySignal displayClosed;
 
 private:
     int indexOf(const VyWindowSurface* window) const;
@@ -142,5 +144,6 @@ private:
     bool m_updatePending = false;
     PaintHandler m_paintHandler;
     int m_flushCount = 0;
+    bool m_closeAnnounced = false;
     uint64_t m_flushedPixels = 0;
 };

@@ -111,7 +111,13 @@ void VyScreen::flush() {
         changed.append(cursorArea);
     // The window reads the pixels the mouse thread's cursor writes: hold the mutex.
     if (m_presents) {
-        std::lock_guard<std::mutex> lock(m_framebufferMutex);
-        m_backend->present(changed.data(), changed.size());
+        {
+            std::lock_guard<std::mutex> lock(m_framebufferMutex);
+            m_backend->present(changed.data(), changed.size());
+        }
+        if (m_backend->closeRequested() && !m_closeAnnounced) {
+            m_closeAnnounced = true;
+            emitSignal(this, &displayClosed);
+        }
     }
 }

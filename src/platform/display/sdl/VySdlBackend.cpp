@@ -54,10 +54,12 @@ bool VySdlBackend::open() {
 void VySdlBackend::present(const VyRect* rects, int count) {
     if (!m_texture)
         return;
-    // Keep the window responsive; input from it is not the toolkit's (the mouse and keys
-    // have their own sources), so the events are only drained.
+    // Keep the window responsive. Input from it is not the toolkit's (the mouse and keys
+    // have their own sources); only closing the window is passed on.
     SDL_Event event;
     while (SDL_PollEvent(&event)) {
+        if (event.type == SDL_QUIT)
+            m_closeRequested = true;
     }
     const int pitch = lineLength();
     if (count <= 0) {

@@ -26,6 +26,7 @@ public:
     bool needsPresent() const override { return true; }
     void present(const VyRect* rects, int count) override;
 
+    bool closeRequested() const override { return m_closeRequested; }
     int presentCount() const { return m_presentCount; }
 
 private:
@@ -38,4 +39,5 @@ private:
     SDL_Renderer* m_renderer = nullptr;
     SDL_Texture* m_texture = nullptr;
     int m_presentCount = 0;
+    bool m_closeRequested = false;
 };
