@@ -19,8 +19,8 @@
 
 namespace {
 
-constexpr uint32_t kRoundMessages = 200000;
-constexpr int kRounds = 5;
+constexpr uint32_t kRoundMessages = 50000;
+constexpr int kRounds = 15;
 
 IpcBenchSim* g_bareSim = nullptr;
 IpcBenchSim* g_ipcSim = nullptr;
