@@ -38,6 +38,15 @@ public:
         return ok;
     }
 
+    // Prints a ratio that has no target, for scale.
+    void info(const std::string& name, const std::string& baseline) const {
+        auto a = m_cpu.find(name);
+        auto b = m_cpu.find(baseline);
+        if (a != m_cpu.end() && b != m_cpu.end() && b->second > 0)
+            std::printf("%-36s / %-32s = %6.2fx cpu  (for scale)\n", name.c_str(), baseline.c_str(),
+                        a->second / b->second);
+    }
+
 private:
     std::map<std::string, double> m_cpu;
     std::map<std::string, double> m_real;
