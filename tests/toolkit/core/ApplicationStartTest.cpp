@@ -1,9 +1,11 @@
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <string>
 #include <unistd.h>
 
 TEST(ApplicationStart, UnopenableDisplayExitsWithStatusOneAndSaysWhatToSet) {
@@ -27,7 +29,11 @@ TEST(ApplicationStart, EnvironmentChoosesTheDeviceWhenNoneWasSet) {
         EXPECT_EQ(app.screen()->width(), 64);
         EXPECT_EQ(app.screen()->height(), 48);
         EXPECT_EQ(VyApplication::instance(), &app);
+        VyApplication::postEvent(&app, new VyEvent(VyEvent::Show)); // left undelivered
+        testing::internal::CaptureStdout();
     }
+    std::string out = testing::internal::GetCapturedStdout();
+    EXPECT_NE(out.find("All events in the list was distroyed !\n"), std::string::npos);
     unsetenv("VY_FBDEV_NODE");
     EXPECT_EQ(VyApplication::instance(), nullptr);
 }
