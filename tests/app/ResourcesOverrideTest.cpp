@@ -50,5 +50,4 @@ TEST_F(ResourcesOverrideTest, MissingOrEmptyFileChangesNothing) {
     EXPECT_FALSE(ResourcesOverride::apply(m_path.c_str()));
     EXPECT_FALSE(ResourcesOverride::apply("/nonexistent/vy-resources-path.txt"));
     EXPECT_EQ(VyResources::root(), "/keep");
-    EXPECT_FALSE(ResourcesOverride::isOverridden());
 }
