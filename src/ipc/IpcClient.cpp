@@ -59,8 +59,9 @@ bool IpcClient::startThread(pthread_t* thread, void* (*fn)(void*)) {
 }
 
 bool IpcClient::init(VyObject* receiver, const IpcClientConfig& config) {
-    if (m_started) {
-        VY_IPC_LOG("client already started\n");
+    if (m_started || m_stopRequested.load()) {
+        // A stopped client stays stopped: its threads and state are not made to restart.
+        VY_IPC_LOG("client already started or stopped\n");
         return false;
     }
     m_receiver.store(receiver);

@@ -75,7 +75,7 @@ public:
     VY_DISABLE_COPY_MOVE(IpcClient)
 
     // Starts the receive and dispatch threads and returns at once. `receiver` may be null.
-    // False when a thread could not be started or init was already called.
+    // False when a thread could not be started, or init or stop was already called.
     bool init(VyObject* receiver, const IpcClientConfig& config = {});
 
     // Ends both threads and joins them (joinable clients only). Pending sends, stage waits
