@@ -141,6 +141,7 @@ int AppStartup::run(int argc, char** argv) {
 
     // 20. The loop; its result is the exit code.
     const int code = app->exec();
+    shell.closeAll();
     delete app;
     return code;
 }

@@ -23,7 +23,9 @@ RecorderLink* link() {
 }
 
 void copyReply(const std::vector<uint8_t>& reply, void* out, size_t size) {
-    std::memcpy(out, reply.data(), reply.size() < size ? reply.size() : size);
+    const size_t n = reply.size() < size ? reply.size() : size;
+    if (n != 0)
+        std::memcpy(out, reply.data(), n);
 }
 
 } // namespace

@@ -8,18 +8,63 @@
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 constexpr int kSecondMs = 1000; // one countdown step on the device
 } // namespace
 
+// The self-deleting dialogs still open: they forget themselves when they go, and whatever
+// is left at the end is deleted with the shell's windows.
+class OpenWindows : public VyObject {
+    VY_OBJECT(OpenWindows, VyObject)
+public:
+    void add(VyWidget* w) {
+        m_windows.push_back(w);
+        connect(w, &w->destroyed, this, VY_SLOT(OpenWindows, forget));
+    }
+    void deleteAll() {
+        while (!m_windows.empty())
+            delete m_windows.back(); // forget() pops it
+    }
+    int count() const { return int(m_windows.size()); }
+
+private:
+    void forget(VyObject* w) {
+        m_windows.erase(std::remove(m_windows.begin(), m_windows.end(), w), m_windows.end());
+    }
+    std::vector<VyWidget*> m_windows; // not owned while open: each deletes itself
+};
+
+WindowShell::WindowShell()
+    : m_open(std::make_unique<OpenWindows>()) {}
+
+WindowShell::~WindowShell() {
+    closeAll();
+}
+
+void WindowShell::keep(VyWidget* dialog) {
+    m_open->add(dialog);
+}
+
+int WindowShell::openDialogCount() const {
+    return m_open->count();
+}
+
+void WindowShell::closeAll() {
+    m_open->deleteAll();
+    m_mainView.reset();
+}
+
 void WindowShell::showMessage(const VyString& text) {
     VY_GUI_LOG("message box: %s\n", text.c_str());
-    MessageBox::information(text);
+    keep(MessageBox::information(text));
 }
 
 void WindowShell::showMainView() {
     if (m_mainView == nullptr)
-        m_mainView = new MainViewWindow;
+        m_mainView = std::make_unique<MainViewWindow>();
     m_mainView->show();
     VY_GUI_LOG("main view shown\n");
 }
@@ -31,6 +76,7 @@ int WindowShell::confirmResolution(bool noticeOnly, int resolution) {
         auto* notice = new ResolutionConfirmDialog(name, true);
         VyObject::connect(notice, &notice->finished, notice, VY_SLOT(VyObject, deleteLater));
         notice->show();
+        keep(notice);
         return 0;
     }
     VY_GUI_LOG("resolution %s needs confirming\n", name.c_str());
@@ -50,6 +96,6 @@ void WindowShell::applyOutputMode(const OutputSettingsBlock& block, bool restore
 }
 
 void WindowShell::openStartupWizard() {
-    WizardWindow::open();
+    keep(WizardWindow::open());
     VY_GUI_LOG("start-up wizard shown\n");
 }

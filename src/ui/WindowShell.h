@@ -4,12 +4,16 @@
 // trace a field engineer reads.
 #include "model/UiShell.h"
 
+#include <memory>
+
 class MainViewWindow;
+class OpenWindows;
+class VyWidget;
 
 class WindowShell : public UiShell {
 public:
-    WindowShell() = default;
-    ~WindowShell() override = default;
+    WindowShell();
+    ~WindowShell() override;
 
     void showMessage(const VyString& text) override;
     void showMainView() override;
@@ -19,9 +23,17 @@ public:
 
     // Shortens the dialogs' countdowns by this factor (test runs); 1 on the device.
     void setTimeScale(double scale) { m_timeScale = scale > 0 ? scale : 1.0; }
-    MainViewWindow* mainView() const { return m_mainView; }
+    MainViewWindow* mainView() const { return m_mainView.get(); }
+    // Dialogs shown and not yet dismissed (they delete themselves when dismissed).
+    int openDialogCount() const;
+    // Deletes every window still open; start-up calls it after the loop, before the
+    // application object goes.
+    void closeAll();
 
 private:
-    MainViewWindow* m_mainView = nullptr; // top-level, lives to process end
+    void keep(VyWidget* dialog);
+
+    std::unique_ptr<MainViewWindow> m_mainView; // top-level: no parent owns it
+    std::unique_ptr<OpenWindows> m_open;
     double m_timeScale = 1.0;
 };
