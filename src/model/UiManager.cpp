@@ -21,7 +21,9 @@
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
 
@@ -121,8 +123,10 @@ void UiManager::createSingletons() {
         AlarmInfoModel::instance();
     MainViewManager::instance();
     VyKeyManager::instance();
-    // The window time-out manager belongs to the widget layer; it is created with the first
-    // window (see the ui layer's start-up).
+    // Sees all input as an application filter, to restart its period.
+    m_windowTimeout = new WndTimeoutManager(this);
+    if (VyApplication* app = VyApplication::instance())
+        app->installEventFilter(m_windowTimeout);
 }
 
 int UiManager::delayedStartInterval(uint8_t count) {
@@ -141,6 +145,12 @@ void UiManager::loadGeneralSettings() {
     m_showTime = b.showTime != 0;
     m_showChannelName = b.showChannelName != 0;
     m_showRecordState = b.showRecordState != 0;
+    m_menuTimeoutMinutes = b.menuTimeout;
+    if (m_windowTimeout != nullptr) {
+        constexpr int kSecondsPerMinute = 60;
+        m_windowTimeout->setTimeoutSeconds(m_menuTimeoutMinutes * kSecondsPerMinute);
+        m_windowTimeout->setEnabled(m_menuTimeoutMinutes != 0);
+    }
     emitSignal(this, &generalSettingsChanged);
 }
 

@@ -17,6 +17,7 @@
 class CEvent;
 class UiShell;
 class UiTimerSource;
+class WndTimeoutManager;
 struct IpcMsgHeader;
 
 // A playback receiver answers whether it can take App's record-search answers right now.
@@ -100,6 +101,10 @@ public:
     bool showRecordState() const { return m_showRecordState; }
     bool showCellTitles() const { return m_showCellTitles; }
     int outputResolution() const { return m_outputResolution; }
+    // Minutes without input before menus close; 0 never.
+    int menuTimeoutMinutes() const { return m_menuTimeoutMinutes; }
+    // Closes menus and dialogs after the menu time-out; created with the models.
+    WndTimeoutManager* windowTimeoutManager() const { return m_windowTimeout; }
     int menuTransparency() const { return m_menuTransparency; }
     static VyString dateFormatFor(int index);
     static VyString timeFormatFor(bool hour12);
@@ -177,6 +182,8 @@ private:
     uint32_t m_timeZoneValue = 0;
     int m_dateFormatIndex = 0;
     int m_outputResolution = 0;
+    int m_menuTimeoutMinutes = 0;
+    WndTimeoutManager* m_windowTimeout = nullptr; // child
     int m_menuTransparency = 0;
     uint8_t m_halted = 0;
     bool m_wizardSuppressed = false;

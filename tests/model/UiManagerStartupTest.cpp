@@ -3,6 +3,7 @@
 
 #include "model/AlarmInfoModel.h"
 #include "model/ParamRequest.h"
+#include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
 
@@ -10,6 +11,7 @@ TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
     SystemInfoRecord::instance().channelCount = 12;
     general.dateFormat = 1;
     general.hour12 = 1;
+    general.menuTimeout = 2;
     output.resolution = OutputSettingsBlock::R768p;
     build();
 
@@ -25,6 +27,9 @@ TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
     EXPECT_EQ(manager->timeFormat(), "hh:mm:ss AP");
     EXPECT_EQ(manager->outputResolution(), OutputSettingsBlock::R768p);
     EXPECT_EQ(manager->channelCount(), 12);
+    ASSERT_NE(manager->windowTimeoutManager(), nullptr);
+    EXPECT_TRUE(manager->windowTimeoutManager()->isEnabled());
+    EXPECT_EQ(manager->windowTimeoutManager()->timeoutSeconds(), 120);
     // General settings, display switches and output, in that order, before the pid.
     ASSERT_GE(link.requests.size(), 3u);
     EXPECT_EQ(ParamRequest::decode(link.requests[0].body.data(), 12)->blockNumber, 21u);
