@@ -155,3 +155,22 @@ TEST_F(InProcessGui, StageNotificationThatArrivesBeforeTheWaitIsKeptForIt) {
     EXPECT_TRUE(client.waitForStage(1));
     EXPECT_EQ(client.notedStageCount(), 0);
 }
+
+TEST_F(InProcessGui, SimulatorRefusesMalformedRequestsAndKeepsServing) {
+    connect("", "");
+    const uint8_t shortGet[4] = {21, 0, 0, 0};
+    client.send(600, 0, shortGet, sizeof shortGet);
+    const uint32_t wrongHello[2] = {31, 692696};
+    client.send(1000, 0, wrongHello, sizeof wrongHello);
+    // A set whose record is shorter than its header says.
+    const uint8_t badSet[14] = {41, 0, 0, 0, 100, 0, 0, 0, 0, 0, 0, 0, 1, 2};
+    client.send(600, 0, badSet, sizeof badSet);
+    uint8_t block[8];
+    ParamAccess::getParam(22, block, sizeof block);
+    EXPECT_TRUE(session.sim.waitFor("sim: refused malformed request (600,0)", 2))
+        << session.sim.output();
+    EXPECT_TRUE(session.sim.waitFor("sim: refused malformed request (1000,0)"));
+    EXPECT_EQ(session.sim.occurrences("sim -> (1000,1)"), 0); // no stage for a bad hello
+    // Still serving: the manager's three gets and the one after the bad messages answered.
+    EXPECT_EQ(session.sim.occurrences("sim -> (600,0)"), 4) << session.sim.output();
+}
