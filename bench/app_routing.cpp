@@ -72,8 +72,9 @@ std::vector<uint8_t> notificationBytes() {
     return bytes;
 }
 
-// The whole path inside the GUI process.
-void BM_NotificationToReceiver(benchmark::State& state) {
+// The whole path inside the GUI process; with `viaManager` false the IPC client posts straight
+// to the receiver, which shows what the UiManager's routing adds.
+void notificationToReceiver(benchmark::State& state, bool viaManager) {
     char dir[] = "/tmp/app-bench-XXXXXX";
     if (!::mkdtemp(dir))
         std::abort();
@@ -97,9 +98,9 @@ void BM_NotificationToReceiver(benchmark::State& state) {
     const int app_fd = ::accept(listener, nullptr, nullptr);
     // Without a link to App the manager's set-up reads zeros and sends nothing.
     auto manager = std::make_unique<UiManager>(nullptr);
-    client.setEventReceiver(manager.get());
     TimedReceiver receiver;
     manager->setReceiver(1018, &receiver);
+    client.setEventReceiver(viaManager ? static_cast<VyObject*>(manager.get()) : &receiver);
 
     const std::vector<uint8_t> bytes = notificationBytes();
     std::vector<double> us;
@@ -121,7 +122,15 @@ void BM_NotificationToReceiver(benchmark::State& state) {
     ::unlink(path.c_str());
     ::rmdir(dir);
 }
+void BM_NotificationToReceiver(benchmark::State& state) {
+    notificationToReceiver(state, true);
+}
 BENCHMARK(BM_NotificationToReceiver)->Iterations(20000)->Unit(benchmark::kMicrosecond);
+
+void BM_NotificationStraightToReceiver(benchmark::State& state) {
+    notificationToReceiver(state, false);
+}
+BENCHMARK(BM_NotificationStraightToReceiver)->Iterations(20000)->Unit(benchmark::kMicrosecond);
 
 // Baseline: the same bytes written and read back over a bare socket pair, one thread.
 void BM_BareSocketWriteRead(benchmark::State& state) {
