@@ -2,7 +2,8 @@
 // A console reporter that also remembers each benchmark's time per iteration, so that a
 // bench can print its ratios against the baseline measured in the same run. Ratios use CPU
 // time by default (the build machines are shared and wall time swings with their load);
-// benchmarks whose cost includes waiting for another thread compare wall time.
+// benchmarks whose cost includes waiting for another thread compare wall time. Run with
+// --benchmark_repetitions=N (or Repetitions() in the bench) to compare medians.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -14,11 +15,20 @@
 class CoreRatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs)
-            if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
-                m_cpu[run.benchmark_name()] = run.GetAdjustedCPUTime();
-                m_real[run.benchmark_name()] = run.GetAdjustedRealTime();
+        for (const Run& run : runs) {
+            // With repetitions the median stands for the benchmark: one slow repetition on
+            // a busy machine then moves nothing.
+            const std::string name = withoutRepeats(run.run_name.str());
+            if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {
+                m_cpu[name] = run.GetAdjustedCPUTime();
+                m_real[name] = run.GetAdjustedRealTime();
+                m_fromMedian[name] = true;
+            } else if (run.run_type == Run::RT_Iteration && run.iterations > 0 &&
+                       !m_fromMedian[name]) {
+                m_cpu[name] = run.GetAdjustedCPUTime();
+                m_real[name] = run.GetAdjustedRealTime();
             }
+        }
         ConsoleReporter::ReportRuns(runs);
     }
 
@@ -48,8 +58,18 @@ public:
     }
 
 private:
+    // "BM_X/256/repeats:5" is known to the checks as "BM_X/256".
+    static std::string withoutRepeats(std::string name) {
+        std::string::size_type at = name.find("/repeats:");
+        if (at == std::string::npos)
+            return name;
+        std::string::size_type end = name.find('/', at + 1);
+        return name.erase(at, end == std::string::npos ? std::string::npos : end - at);
+    }
+
     std::map<std::string, double> m_cpu;
     std::map<std::string, double> m_real;
+    std::map<std::string, bool> m_fromMedian;
 };
 
 // Runs the registered benchmarks with the reporter, then the ratio checks.

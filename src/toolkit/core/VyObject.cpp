@@ -2,6 +2,7 @@
 
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyEvent.h"
+#include "toolkit/core/VyPostedEventQueue.h"
 #include "toolkit/core/VyQueuedSignalEvent.h"
 #include "toolkit/core/VyTimerEvent.h"
 
@@ -35,6 +36,12 @@ VyObject::~VyObject() {
         app->removePostedEvents(this);
     }
     // m_connections is destroyed next and cuts every connection in both directions.
+}
+
+int VyObject::postedEventCount() const {
+    VyApplication* app = VyApplication::instance();
+    VyPostedEventQueue* queue = app ? app->postedEvents() : nullptr;
+    return m_postedEventCount + (queue ? queue->batchedCount(this) : 0);
 }
 
 void VyObject::setParent(VyObject* parent) {

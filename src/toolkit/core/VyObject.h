@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 class VyEvent;
 class VyTimerEvent;
@@ -73,9 +74,10 @@ public:
     int startTimer(int ms);
     void killTimer(int id);
     int timerCount() const { return m_timerCount; }
-    // Events for this object now waiting in the application's queue. Guarded by the
-    // queue's mutex; read it only from the GUI thread when no other thread posts.
-    int postedEventCount() const { return m_postedEventCount; }
+    // Events for this object now waiting in the application's queue, including those the
+    // GUI thread has already taken into its batch. The count is guarded by the queue's
+    // mutex; read it only from the GUI thread when no other thread posts.
+    int postedEventCount() const;
 
     // False when the same (receiver, slot) pair is already connected to the signal, queued
     // or not; the first connection keeps its mode.
@@ -93,17 +95,20 @@ public:
         if (!list || sender->m_signalsBlocked)
             return;
         ++list->emitDepth;
-        // The length is read again after every call: slots may connect more receivers,
-        // which then run in this same emission.
-        for (int i = 0; i < list->connections.size(); ++i) {
-            const Connection* c = list->connections.toStdVector()[static_cast<size_t>(i)];
-            if (c->queued || !c->receiver) {
-                postQueued(sender, c);
-            } else {
+        // Indexed, and the array and its length are read again after every call: a slot
+        // may connect more receivers (which then run in this same emission and may move
+        // the array), and a slot that destroys the sender empties the list, which ends
+        // the loop.
+        const std::vector<Connection>& connections = list->connections.toStdVector();
+        for (size_t i = 0;; ++i) {
+            // Compared as pointers: no division by the record size on every step.
+            const Connection* c = connections.data() + i;
+            if (c >= connections.data() + connections.size())
+                break;
+            if (c->queued == 0)
                 c->slot(sender, c->receiver);
-            }
-            if (!list->sender)
-                break; // the sender died inside the slot
+            else
+                postQueued(sender, *c);
         }
         if (--list->emitDepth == 0 && (!list->sender || list->hasDeadConnections))
             finishEmission(sender, list);
@@ -121,7 +126,7 @@ protected:
 private:
     // The rare parts of an emission, out of line: a queued call (or a cut connection,
     // skipped), and freeing what the emission left behind.
-    static void postQueued(VyObject* sender, const Connection* c);
+    static void postQueued(VyObject* sender, const Connection& c);
     static void finishEmission(VyObject* sender, ConnectionList* list);
     static void dropList(VyObject* sender, const VySignal* signal, ConnectionList* list);
     void removeSenderConnectionsTo(VyObject* receiver);

@@ -9,10 +9,10 @@ namespace {
 
 // Drops the connections that were cut while the list was being emitted.
 void sweepDeadConnections(ConnectionList* list) {
-    VyList<Connection*>& connections = list->connections;
+    VyList<Connection>& connections = list->connections;
     for (int i = connections.size() - 1; i >= 0; --i) {
-        if (!connections.at(i)->receiver)
-            delete connections.takeAt(i);
+        if (!connections.at(i).receiver)
+            connections.removeAt(i);
     }
     list->hasDeadConnections = false;
 }
@@ -21,12 +21,13 @@ void sweepDeadConnections(ConnectionList* list) {
 // runs over it (the loop indexes the list and must not see it shift).
 void cutConnection(ConnectionList* list, int index) {
     if (list->emitDepth > 0) {
-        Connection* c = list->connections.at(index);
-        c->receiver = nullptr;
-        c->slot = nullptr;
+        Connection& c = list->connections[index];
+        c.receiver = nullptr;
+        c.slot = nullptr;
+        c.queued = Connection::kCut;
         list->hasDeadConnections = true;
     } else {
-        delete list->connections.takeAt(index);
+        list->connections.removeAt(index);
     }
 }
 
@@ -44,13 +45,13 @@ bool VyObject::connect(VyObject* sender, const VySignal* signal, VyObject* recei
         table.insert(signal, list);
         signal->m_list = list;
     }
-    for (const Connection* c : list->connections)
-        if (c->receiver == receiver && c->slot == slot)
+    for (const Connection& c : list->connections)
+        if (c.receiver == receiver && c.slot == slot)
             return false;
-    auto* c = new Connection;
-    c->receiver = receiver;
-    c->slot = slot;
-    c->queued = queued ? 1 : 0;
+    Connection c;
+    c.receiver = receiver;
+    c.slot = slot;
+    c.queued = queued ? 1 : 0;
     list->connections.append(c);
     receiver->m_connections.m_senders.append(sender);
     return true;
@@ -65,8 +66,8 @@ bool VyObject::disconnect(VyObject* sender, const VySignal* signal, VyObject* re
     if (!list)
         return false;
     for (int i = 0; i < list->connections.size(); ++i) {
-        const Connection* c = list->connections.at(i);
-        if (c->receiver == receiver && c->slot == slot) {
+        const Connection& c = list->connections.at(i);
+        if (c.receiver == receiver && c.slot == slot) {
             cutConnection(list, i);
             receiver->m_connections.m_senders.removeOne(sender);
             if (list->emitDepth == 0 && list->connections.isEmpty())
@@ -77,17 +78,15 @@ bool VyObject::disconnect(VyObject* sender, const VySignal* signal, VyObject* re
     return false;
 }
 
-void VyObject::postQueued(VyObject* sender, const Connection* c) {
-    if (!c->receiver)
+void VyObject::postQueued(VyObject* sender, const Connection& c) {
+    if (c.queued == Connection::kCut)
         return; // cut while this signal was being emitted
-    VyApplication::postEvent(c->receiver, new VyQueuedSignalEvent(sender, c->receiver, c->slot));
+    VyApplication::postEvent(c.receiver, new VyQueuedSignalEvent(sender, c.receiver, c.slot));
 }
 
 void VyObject::finishEmission(VyObject* sender, ConnectionList* list) {
     if (!list->sender) {
         // The dying sender left the list to us; its table entry is already gone.
-        for (Connection* c : list->connections)
-            delete c;
         delete list;
         return;
     }
@@ -113,8 +112,8 @@ int VyObject::receivers(const VyObject* sender, const VySignal* signal) {
     if (!list)
         return 0;
     int n = 0;
-    for (const Connection* c : list->connections)
-        if (c->receiver)
+    for (const Connection& c : list->connections)
+        if (c.receiver)
             ++n;
     return n;
 }
@@ -124,7 +123,7 @@ void VyObject::removeSenderConnectionsTo(VyObject* receiver) {
     for (auto it = table.begin(); it != table.end();) {
         ConnectionList* list = it->second;
         for (int i = list->connections.size() - 1; i >= 0; --i)
-            if (list->connections.at(i)->receiver == receiver)
+            if (list->connections.at(i).receiver == receiver)
                 cutConnection(list, i);
         if (list->emitDepth == 0 && list->connections.isEmpty()) {
             it->first->m_list = nullptr;

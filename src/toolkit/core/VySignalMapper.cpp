@@ -6,17 +6,17 @@
 VySignalMapper::~VySignalMapper() {
     for (auto& entry : m_signalTable) {
         ConnectionList* list = entry.second;
-        for (Connection* c : list->connections)
-            if (c->receiver)
-                c->receiver->m_connections.m_senders.removeOne(m_owner);
+        for (const Connection& c : list->connections)
+            if (c.receiver)
+                c.receiver->m_connections.m_senders.removeOne(m_owner);
         if (list->emitDepth > 0) {
-            // A slot of this very signal is destroying us: the running emission sees the
-            // null sender, stops, and frees the list and its connections.
+            // A slot of this very signal is destroying us. Emptying the list stops every
+            // running emission of it at its next length check; the outermost one sees
+            // the null sender and frees the list.
             list->sender = nullptr;
+            list->connections.clear();
             continue;
         }
-        for (Connection* c : list->connections)
-            delete c;
         delete list;
     }
     m_signalTable.clear();
