@@ -2,6 +2,9 @@
 // Doubles for the model tests: a link to App that records what the GUI sends and answers
 // requests from a block store, a window layer that records what it was asked to show, and
 // a timer source advanced by hand.
+//
+// The models are process-wide singletons that read the system information record when they
+// are first made, so each test case expects a process of its own (ctest runs them so).
 #include "ipc/IpcMsgBlock.h"
 #include "model/OutputSettingsBlock.h"
 #include "model/ParamRequest.h"
