@@ -6,63 +6,83 @@
 #include <algorithm>
 #include <cstdio>
 #include <utility>
-#include <vector>
+
+namespace {
+
+// A spent batch keeps its capacity for the next one, unless a burst made it larger than
+// this and the queue has since calmed down (the next batch fills less than a quarter of
+// it); then the memory is given back rather than held for the rest of the run.
+constexpr size_t kKeptBatchCapacity = 4096; // entries (16 bytes each)
+
+// Moves the receiver's events of [from, end) into dropped and closes the gaps.
+void dropEntriesOf(std::vector<VyPostedEvent>& entries, size_t from, const VyObject* receiver,
+                   std::vector<std::unique_ptr<VyEvent>>& dropped) {
+    size_t before = dropped.size();
+    for (size_t i = from; i < entries.size(); ++i)
+        if (entries[i].receiver == receiver)
+            dropped.push_back(std::move(entries[i].event));
+    if (dropped.size() == before)
+        return;
+    entries.erase(std::remove_if(entries.begin() + static_cast<std::ptrdiff_t>(from), entries.end(),
+                                 [](const VyPostedEvent& e) { return !e.event; }),
+                  entries.end());
+}
+
+} // namespace
 
 VyPostedEventQueue::~VyPostedEventQueue() {
     m_batch.clear();
     m_entries.clear();
+    m_layouts.clear();
     std::printf("All events in the list was distroyed !\n");
 }
 
 void VyPostedEventQueue::post(VyObject* receiver, std::unique_ptr<VyEvent> event) {
     bool layout = event->type() == VyEvent::LayoutRequest;
     std::lock_guard<std::mutex> lock(m_mutex);
-    bool wasEmpty = m_entries.empty();
+    // Only an empty queue can have a sleeping consumer: it sleeps only with its batch
+    // spent and nothing shared.
+    bool wasEmpty = m_entries.empty() && m_layouts.empty();
     if (layout) {
-        m_entries.push_front(VyPostedEvent{receiver, std::move(event)});
+        m_layouts.push_back(VyPostedEvent{receiver, std::move(event)});
         m_layoutPending.store(true, std::memory_order_relaxed);
     } else {
         m_entries.push_back(VyPostedEvent{receiver, std::move(event)});
     }
     ++receiver->m_postedEventCount;
-    // Only an empty queue can have a sleeping consumer.
     if (wasEmpty)
         m_nonEmpty.notify_one();
 }
 
 VyPostedEvent VyPostedEventQueue::takeLayoutOrRefillLocked() {
-    if (m_batch.empty()) {
-        // The whole queue becomes the batch, LayoutRequests first as they stand.
-        std::swap(m_batch, m_entries);
-        for (const VyPostedEvent& entry : m_batch)
-            --entry.receiver->m_postedEventCount;
-        m_layoutPending.store(false, std::memory_order_relaxed);
-        return VyPostedEvent{};
-    }
-    if (!m_entries.empty() && m_entries.front().event->type() == VyEvent::LayoutRequest) {
-        VyPostedEvent entry = std::move(m_entries.front());
-        m_entries.pop_front();
+    if (!m_layouts.empty()) {
+        VyPostedEvent entry = std::move(m_layouts.back());
+        m_layouts.pop_back();
         --entry.receiver->m_postedEventCount;
-        m_layoutPending.store(!m_entries.empty() &&
-                                  m_entries.front().event->type() == VyEvent::LayoutRequest,
-                              std::memory_order_relaxed);
+        m_layoutPending.store(!m_layouts.empty(), std::memory_order_relaxed);
         return entry;
     }
-    m_layoutPending.store(false, std::memory_order_relaxed);
+    if (batchEmpty()) {
+        m_batch.clear();
+        if (m_batch.capacity() > kKeptBatchCapacity && m_entries.size() < m_batch.capacity() / 4)
+            std::vector<VyPostedEvent>().swap(m_batch);
+        m_batch.swap(m_entries);
+        m_batchHead = 0;
+        for (const VyPostedEvent& entry : m_batch)
+            --entry.receiver->m_postedEventCount;
+    }
     return VyPostedEvent{};
 }
 
 VyPostedEvent VyPostedEventQueue::popBatch() {
-    VyPostedEvent entry = std::move(m_batch.front());
-    m_batch.pop_front();
-    return entry;
+    return std::move(m_batch[m_batchHead++]);
 }
 
 VyPostedEvent VyPostedEventQueue::take() {
-    if (m_batch.empty() || m_layoutPending.load(std::memory_order_relaxed)) {
+    if (batchEmpty() || m_layoutPending.load(std::memory_order_relaxed)) {
         std::unique_lock<std::mutex> lock(m_mutex);
-        if (m_batch.empty())
-            m_nonEmpty.wait(lock, [this] { return !m_entries.empty(); });
+        if (batchEmpty())
+            m_nonEmpty.wait(lock, [this] { return !m_entries.empty() || !m_layouts.empty(); });
         VyPostedEvent layout = takeLayoutOrRefillLocked();
         if (layout.event)
             return layout;
@@ -71,9 +91,9 @@ VyPostedEvent VyPostedEventQueue::take() {
 }
 
 VyPostedEvent VyPostedEventQueue::tryTake() {
-    if (m_batch.empty() || m_layoutPending.load(std::memory_order_relaxed)) {
+    if (batchEmpty() || m_layoutPending.load(std::memory_order_relaxed)) {
         std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_batch.empty() && m_entries.empty())
+        if (batchEmpty() && m_entries.empty() && m_layouts.empty())
             return VyPostedEvent{};
         VyPostedEvent layout = takeLayoutOrRefillLocked();
         if (layout.event)
@@ -89,35 +109,23 @@ int VyPostedEventQueue::removePostedEvents(VyObject* receiver) {
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (receiver->m_postedEventCount != 0) {
-            for (auto it = m_entries.begin(); it != m_entries.end();) {
-                if (it->receiver == receiver) {
-                    dropped.push_back(std::move(it->event));
-                    it = m_entries.erase(it);
-                } else {
-                    ++it;
-                }
-            }
+            dropEntriesOf(m_layouts, 0, receiver, dropped);
+            dropEntriesOf(m_entries, 0, receiver, dropped);
             receiver->m_postedEventCount = 0;
+            m_layoutPending.store(!m_layouts.empty(), std::memory_order_relaxed);
         }
     }
-    size_t before = dropped.size();
-    for (VyPostedEvent& entry : m_batch)
-        if (entry.receiver == receiver)
-            dropped.push_back(std::move(entry.event));
-    if (dropped.size() != before)
-        m_batch.erase(std::remove_if(m_batch.begin(), m_batch.end(),
-                                     [](const VyPostedEvent& e) { return !e.event; }),
-                      m_batch.end());
+    dropEntriesOf(m_batch, m_batchHead, receiver, dropped);
     return static_cast<int>(dropped.size());
 }
 
 int VyPostedEventQueue::size() const {
     std::lock_guard<std::mutex> lock(m_mutex);
-    return static_cast<int>(m_entries.size() + m_batch.size());
+    return static_cast<int>(m_layouts.size() + m_entries.size() + m_batch.size() - m_batchHead);
 }
 
 int VyPostedEventQueue::batchedCount(const VyObject* receiver) const {
     return static_cast<int>(
-        std::count_if(m_batch.begin(), m_batch.end(),
+        std::count_if(m_batch.begin() + static_cast<std::ptrdiff_t>(m_batchHead), m_batch.end(),
                       [receiver](const VyPostedEvent& e) { return e.receiver == receiver; }));
 }

@@ -2,18 +2,20 @@
 // The application's posted-event queue: filled from any thread, emptied by the GUI thread.
 // It owns every queued event until the entry is taken.
 //
-// The GUI thread takes the whole shared queue under one lock into a batch of its own and
-// delivers from that without locking, so a burst of N events costs the consumer one lock
-// instead of N. The order stays that of one queue: everything in the batch was posted
-// before what is still shared, except LayoutRequests posted since the batch was taken,
-// which belong ahead of it and are taken first.
+// One queue in behaviour, three arrays in storage. LayoutRequests wait apart and are taken
+// newest first, ahead of everything else, as if each had been put at the head. Other events
+// are appended to the shared array; the GUI thread swaps that whole array for its spent
+// batch under one lock and then delivers from the batch without locking, so a burst of N
+// events costs the consumer one lock instead of N, and the two arrays keep their capacity
+// so that a steady stream allocates nothing but the events themselves.
 #include "runtime/VyGlobal.h"
 #include "toolkit/core/VyPostedEvent.h"
 
 #include <atomic>
 #include <condition_variable>
-#include <deque>
+#include <cstddef>
 #include <mutex>
+#include <vector>
 
 class VyPostedEventQueue {
 public:
@@ -22,8 +24,9 @@ public:
     ~VyPostedEventQueue();
     VY_DISABLE_COPY_MOVE(VyPostedEventQueue)
 
-    // Any thread. Takes ownership. LayoutRequest goes to the head so that layouts run
-    // before the paints they cause. Counts the event in the receiver's postedEventCount.
+    // Any thread. Takes ownership. LayoutRequest goes ahead of everything queued so that
+    // layouts run before the paints they cause. Counts the event in the receiver's
+    // postedEventCount.
     void post(VyObject* receiver, std::unique_ptr<VyEvent> event);
 
     // The rest is for the GUI thread only: the batch is that thread's.
@@ -39,19 +42,22 @@ public:
     int batchedCount(const VyObject* receiver) const;
 
 private:
-    // With m_mutex held: an overtaking LayoutRequest, else a refill of an empty batch.
-    // Returns the LayoutRequest entry, or an empty one when the batch is to be used.
+    // With m_mutex held and something queued: the newest LayoutRequest, or an empty entry
+    // after making sure the batch has something to deliver.
     VyPostedEvent takeLayoutOrRefillLocked();
     VyPostedEvent popBatch();
+    bool batchEmpty() const { return m_batchHead == m_batch.size(); }
 
-    // Guards m_entries and the receivers' postedEventCount.
+    // Guards m_layouts, m_entries and the receivers' postedEventCount.
     mutable std::mutex m_mutex;
     std::condition_variable m_nonEmpty;
-    std::deque<VyPostedEvent> m_entries;
-    // Set (under m_mutex) when a LayoutRequest is queued at the head of m_entries, so
-    // that the lock-free path notices it must overtake the batch. A stale read can only
-    // miss a post racing with this very take, which has no order to keep anyway.
+    // Newest last; taken from the back.
+    std::vector<VyPostedEvent> m_layouts;
+    std::vector<VyPostedEvent> m_entries;
+    // Mirrors !m_layouts.empty() (written under m_mutex) for the lock-free path. A stale
+    // read can only miss a post racing with this very take, which has no order to keep.
     std::atomic<bool> m_layoutPending{false};
-    // GUI thread only.
-    std::deque<VyPostedEvent> m_batch;
+    // GUI thread only: the entries before m_batchHead are delivered or being delivered.
+    std::vector<VyPostedEvent> m_batch;
+    size_t m_batchHead = 0;
 };
