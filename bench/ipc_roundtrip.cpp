@@ -1,7 +1,8 @@
 // Blocking request round trip through the simulator's transport: a 12-byte request, a
-// 64-byte reply. The baseline is a bare socket ping-pong against the same simulator that
-// keeps the client's essential hop: a receive thread reads the reply (header, then body)
-// and wakes the requesting thread through a socket pair. Run pinned to one CPU:
+// 64-byte reply. The baseline is a bare socket ping-pong against the same simulator with
+// the client's hand-offs and nothing else: a receive thread reads the reply (header, then
+// body) and writes a token to a socket pair, a consumer thread reads the token and signals
+// the requesting thread on a condition variable. Run pinned to one CPU:
 //     taskset -c 0 build-release/bench/bench_ipc_roundtrip
 #include "IpcBenchSim.h"
 #include "ipc/IpcClient.h"
@@ -10,6 +11,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <thread>
@@ -33,10 +36,13 @@ public:
             ::socketpair(AF_UNIX, SOCK_STREAM, 0, m_wake) != 0)
             std::abort();
         m_reader = std::thread([this] { readLoop(); });
+        m_consumer = std::thread([this] { consumeLoop(); });
     }
     ~BarePingPong() {
         ::shutdown(m_sock, SHUT_RDWR);
         m_reader.join();
+        ::shutdown(m_wake[0], SHUT_RDWR); // ends the consumer's read
+        m_consumer.join();
         ::close(m_sock);
         ::close(m_wake[0]);
         ::close(m_wake[1]);
@@ -52,9 +58,8 @@ public:
         std::memcpy(frame + kIpcHeaderSize, kGetBody, sizeof kGetBody);
         if (::send(m_sock, frame, sizeof frame, MSG_NOSIGNAL) != ssize_t(sizeof frame))
             std::abort();
-        char token[3];
-        if (::read(m_wake[1], token, sizeof token) != ssize_t(sizeof token))
-            std::abort();
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_cond.wait(lock, [this] { return m_replies == m_seq; });
     }
 
 private:
@@ -73,10 +78,25 @@ private:
         }
     }
 
+    void consumeLoop() {
+        char token[3];
+        while (::read(m_wake[1], token, sizeof token) == ssize_t(sizeof token)) {
+            {
+                std::lock_guard<std::mutex> lock(m_mutex);
+                ++m_replies;
+            }
+            m_cond.notify_all();
+        }
+    }
+
     int m_sock = -1;
     int m_wake[2] = {-1, -1};
     uint32_t m_seq = 0;
+    std::mutex m_mutex;
+    std::condition_variable m_cond;
+    uint32_t m_replies = 0; // guarded by m_mutex
     std::thread m_reader;
+    std::thread m_consumer;
 };
 
 double percentile(std::vector<double> v, double p) {

@@ -186,37 +186,37 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
                 m_connected.store(true);
                 m_stateCond.notify_all();
             }
-            int sock = m_sock.load();
-            uint8_t raw[kIpcHeaderSize];
-            if (ReadData(sock, raw, int(kIpcHeaderSize), 0) != 0) {
+            if (needConnect)
+                m_reader.reset();
+            IpcMsgBlock block;
+            IpcFrameReader::Result result = m_reader.read(m_sock.load(), &block);
+            const IpcMsgHeader& h = m_reader.header();
+            if (result == IpcFrameReader::Result::HeadError) {
                 if (m_stopRequested.load())
                     break;
                 VY_IPC_LOG("rec head error, client sock close\n");
                 needConnect = true;
                 continue;
             }
-            IpcMsgHeader h = ipcDecodeHeader(raw);
-            IpcHeaderCheck check = ipcCheckHeader(h);
-            if (check == IpcHeaderCheck::Invalid) {
+            if (result == IpcFrameReader::Result::Skipped) {
                 // Dropped without its body: the body bytes are read as the next header.
                 needConnect = false;
                 continue;
             }
-            if (check == IpcHeaderCheck::TooLarge) {
+            if (result == IpcFrameReader::Result::TooLarge) {
                 VY_IPC_LOG("rec head error, dataLen %u above limit %u (MainType:%u, "
                            "SubType:%u), stream out of step, client sock close\n",
                            h.dataLen, kIpcMaxDataLen, h.MainType, h.SubType);
                 needConnect = true;
                 continue;
             }
-            IpcMsgBlock block = ipcAllocBlock(h);
-            if (!block) {
+            if (result == IpcFrameReader::Result::NoMemory) {
                 VY_IPC_LOG("rec body error, no memory for %u bytes, client sock close\n",
                            h.dataLen);
                 needConnect = true;
                 continue;
             }
-            if (ReadData(sock, ipcBlockBody(block.get()), int(h.dataLen), 0) != 0) {
+            if (result == IpcFrameReader::Result::BodyError) {
                 VY_IPC_LOG("rec body error, client sock close\n");
                 needConnect = true;
                 continue;

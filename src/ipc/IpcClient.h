@@ -21,6 +21,7 @@
 //     ipc.request(block, 600, 0, &getBody, sizeof getBody);
 //
 // The socket is "/dev/IPC_UI" unless the environment variable VY_IPC_SOCKET names another.
+#include "ipc/IpcFrameReader.h"
 #include "ipc/IpcMsgBlock.h"
 #include "ipc/IpcMsgHeader.h"
 #include "ipc/IpcMsgList.h"
@@ -178,6 +179,7 @@ private:
     std::condition_variable m_stateCond;
     bool m_receiveEnded = false; // guarded by m_stateMutex
 
+    IpcFrameReader m_reader; // receive thread only
     IpcMsgList m_list;
 
     // Blocking-wait state, all guarded by m_waitMutex. Lock order: m_waitMutex before

@@ -15,3 +15,9 @@ int WriteFrame(int sock, const uint8_t* header, const void* body, int bodySize, 
 // ends the read. Returns 0 when complete, else -1. `unused` is accepted for the callers'
 // sake and has no effect.
 int ReadData(int sock, void* buffer, int size, int unused);
+
+// ReadData that also takes up to `aheadSize` bytes already waiting behind the `size` bytes
+// into `ahead`, in the same system call: a busy stream then costs one receive per message
+// (this body and the next header). It never waits for the extra bytes. Same retries and
+// log lines as ReadData. Returns how many bytes went to `ahead` (0..aheadSize), or -1.
+int ReadDataAhead(int sock, void* buffer, int size, void* ahead, int aheadSize);
