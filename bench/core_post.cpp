@@ -2,9 +2,10 @@
 // heap-allocated events with the same pattern, measured in this run:
 //   cross-thread (one producer thread, the bench thread dispatching): >= 80% of the bare
 //   queue's throughput, i.e. time ratio <= 1.25; single-threaded (post a batch, then
-//   dispatch it): likewise, for a burst of 256 events (a realistic queue length) and,
-//   reported without a target, for 20,000 (where the queue's 16-byte entries, twice the
-//   baseline's pointer, leave the cache).
+//   dispatch it): likewise, for a burst of 256 events (a realistic queue length) and for
+//   20,000 (where the queue's 16-byte entries, twice the baseline's pointer, leave the
+//   cache). The cross-thread pair swings most with the machine's load: run it unpinned
+//   and compare the medians of several runs.
 #include "core_ratio_reporter.h"
 
 #include "toolkit/core/VyApplication.h"
