@@ -51,10 +51,30 @@ void vyFrameworkLog(const char* fmt, ...) {
 }
 
 void vyIpcLog(const char* func, int line, const char* fmt, ...) {
-    std::fprintf(stderr, "[%s] func: [%s], , line: [%d] ", kIpcTag, func, line);
+    // One write per line: stderr is unbuffered, so printing the prefix and the message
+    // separately costs two system calls, and the receive and dispatch threads (both log
+    // while App floods the GUI) could interleave their halves.
+    constexpr size_t kLineBytes = 512; // longer lines take the two-call path below
+    char text[kLineBytes];
     va_list args;
     va_start(args, fmt);
-    std::vfprintf(stderr, fmt, args);
+    int head =
+        std::snprintf(text, sizeof text, "[%s] func: [%s], , line: [%d] ", kIpcTag, func, line);
+    int body = -1;
+    if (head >= 0 && size_t(head) < sizeof text) {
+        va_list copy;
+        va_copy(copy, args);
+        body = std::vsnprintf(text + head, sizeof text - size_t(head), fmt, copy);
+        va_end(copy);
+    }
+    if (body >= 0 && size_t(head) + size_t(body) < sizeof text) {
+        std::fwrite(text, 1, size_t(head) + size_t(body), stderr);
+    } else {
+        flockfile(stderr);
+        std::fprintf(stderr, "[%s] func: [%s], , line: [%d] ", kIpcTag, func, line);
+        std::vfprintf(stderr, fmt, args);
+        funlockfile(stderr);
+    }
     va_end(args);
     std::fflush(stderr);
 }
