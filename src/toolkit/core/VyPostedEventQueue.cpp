@@ -9,10 +9,12 @@
 
 namespace {
 
-// A spent batch keeps its capacity for the next one, unless a burst made it larger than
-// this and the queue has since calmed down (the next batch fills less than a quarter of
-// it); then the memory is given back rather than held for the rest of the run.
+// A spent batch keeps its capacity for the next one: regrowing it would cost a series of
+// large allocations on every burst (and large allocations make malloc sweep its caches).
+// Only when a burst left it larger than kKeptBatchCapacity and that many refills in a row
+// have since used less than a quarter of it is the memory given back.
 constexpr size_t kKeptBatchCapacity = 4096; // entries (16 bytes each)
+constexpr int kQuietRefillsBeforeShrink = 1024;
 
 // Moves the receiver's events of [from, end) into dropped and closes the gaps.
 void dropEntriesOf(std::vector<VyPostedEvent>& entries, size_t from, const VyObject* receiver,
@@ -64,8 +66,14 @@ VyPostedEvent VyPostedEventQueue::takeLayoutOrRefillLocked() {
     }
     if (batchEmpty()) {
         m_batch.clear();
-        if (m_batch.capacity() > kKeptBatchCapacity && m_entries.size() < m_batch.capacity() / 4)
-            std::vector<VyPostedEvent>().swap(m_batch);
+        if (m_batch.capacity() > kKeptBatchCapacity && m_entries.size() < m_batch.capacity() / 4) {
+            if (++m_quietRefills >= kQuietRefillsBeforeShrink) {
+                std::vector<VyPostedEvent>().swap(m_batch);
+                m_quietRefills = 0;
+            }
+        } else {
+            m_quietRefills = 0;
+        }
         m_batch.swap(m_entries);
         m_batchHead = 0;
         for (const VyPostedEvent& entry : m_batch)
@@ -74,12 +82,8 @@ VyPostedEvent VyPostedEventQueue::takeLayoutOrRefillLocked() {
     return VyPostedEvent{};
 }
 
-VyPostedEvent VyPostedEventQueue::popBatch() {
-    return std::move(m_batch[m_batchHead++]);
-}
-
-VyPostedEvent VyPostedEventQueue::take() {
-    if (batchEmpty() || m_layoutPending.load(std::memory_order_relaxed)) {
+VyPostedEvent VyPostedEventQueue::takeLocked() {
+    {
         std::unique_lock<std::mutex> lock(m_mutex);
         if (batchEmpty())
             m_nonEmpty.wait(lock, [this] { return !m_entries.empty() || !m_layouts.empty(); });
