@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -32,6 +33,13 @@ constexpr int kRounds = 15;
 constexpr uint32_t kWindow = 96;     // messages written ahead of the credits
 constexpr uint32_t kCreditStep = 32; // messages per credit message
 constexpr uint32_t kUnbounded = 0;   // window value: no credits, as fast as the socket takes
+
+// The GUI side's CPU time (every thread of this process; the simulator is another one).
+double processCpuSeconds() {
+    timespec ts{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ts);
+    return double(ts.tv_sec) + double(ts.tv_nsec) * 1e-9;
+}
 
 IpcBenchSim* g_bareSim = nullptr;
 IpcBenchSim* g_ipcSim = nullptr;
@@ -68,6 +76,7 @@ struct IpcSide {
         client.init(&receiver, config);
     }
     ~IpcSide() { client.stop(); }
+    double lastCpuSeconds = 0; // of this process (all its threads) during the last run
 
     double run(uint32_t messages, uint32_t window) {
         EventLoop loop;
@@ -76,10 +85,12 @@ struct IpcSide {
         receiver.target = messages;
         receiver.windowed = window != kUnbounded;
         const uint32_t flood[2] = {messages, window};
+        double cpu0 = processCpuSeconds();
         auto t0 = std::chrono::steady_clock::now();
         client.send(IpcBenchSim::kFloodMain, IpcBenchSim::kFloodSub, flood, sizeof flood);
         loop.exec();
         auto t1 = std::chrono::steady_clock::now();
+        lastCpuSeconds = processCpuSeconds() - cpu0;
         return std::chrono::duration<double>(t1 - t0).count();
     }
 };
@@ -95,9 +106,11 @@ public:
             std::abort();
     }
     ~BareReader() { ::close(m_sock); }
+    double lastCpuSeconds = 0; // of this process during the last run
 
     double run(uint32_t messages, uint32_t window) {
         const uint32_t flood[2] = {messages, window};
+        double cpu0 = processCpuSeconds();
         auto t0 = std::chrono::steady_clock::now();
         sendToSim(IpcBenchSim::kFloodSub, flood, sizeof flood);
         std::vector<uint8_t> body;
@@ -115,6 +128,7 @@ public:
             benchmark::DoNotOptimize(body.data());
         }
         auto t1 = std::chrono::steady_clock::now();
+        lastCpuSeconds = processCpuSeconds() - cpu0;
         return std::chrono::duration<double>(t1 - t0).count();
     }
 
@@ -152,13 +166,18 @@ void compareWithBareReads(benchmark::State& state, uint32_t window) {
     IpcSide& ipc = ipcSide();
     bare.run(10000, window); // warm-up
     ipc.run(10000, window);
-    std::vector<double> bareRate, ipcRate;
+    std::vector<double> bareRate, ipcRate, bareCpu, ipcCpu;
     for (auto _ : state) {
         for (int r = 0; r < kRounds; ++r) {
             bareRate.push_back(kRoundMessages / bare.run(kRoundMessages, window));
+            bareCpu.push_back(bare.lastCpuSeconds * 1e6 / kRoundMessages);
             ipcRate.push_back(kRoundMessages / ipc.run(kRoundMessages, window));
+            ipcCpu.push_back(ipc.lastCpuSeconds * 1e6 / kRoundMessages);
         }
     }
+    // CPU per message on the GUI side: less at the mercy of other load than the rates.
+    state.counters["bare_cpu_us_per_msg"] = median(bareCpu);
+    state.counters["ipc_cpu_us_per_msg"] = median(ipcCpu);
     state.counters["bare_msgs_per_s"] = median(bareRate);
     state.counters["ipc_msgs_per_s"] = median(ipcRate);
     state.counters["ratio"] = median(ipcRate) / median(bareRate);
