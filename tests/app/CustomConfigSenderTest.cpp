@@ -106,18 +106,6 @@ TEST(CustomConfigSender, MissingFileSendsZeroedDefaults) {
     EXPECT_EQ(app.log[0].body, expected);
 }
 
-TEST(CustomConfigSender, ColorDefaultsFollowTheProfileCode) {
-    ScriptedRecorder app;
-    CustomConfigSender sender(app.link());
-    sender.sendColorDefaults(
-        writeConfig("color", "[Color_AHD_6158]\nAHD720PColorDefaultVal = 50,50,50,50,0\n"), 12);
-    ASSERT_EQ(app.log.size(), 1u);
-    EXPECT_EQ(app.log[0].subType, 11);
-    ASSERT_EQ(app.log[0].body.size(), ColorDefaultBlock::kSize);
-    EXPECT_EQ(app.log[0].body[ColorDefaultBlock::kValues + ColorDefaultBlock::kValuesPerFormat],
-              50);
-}
-
 TEST(CustomConfigSender, StartupStepsAskForTheProfileAndSendItsColours) {
     ScriptedRecorder app;
     CustomConfigSender sender(app.link());

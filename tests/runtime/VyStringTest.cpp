@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <utility>
 
 TEST(VyStringArg, ReplacesEveryOccurrenceOfTheLowestPlaceholder) {
     EXPECT_EQ(VyString("%1[%2]").arg(3).arg("Cam"), "3[Cam]");
@@ -42,59 +43,61 @@ TEST(VyStringArg, NumbersAndBases) {
     EXPECT_EQ(VyString::number(1500.0, 'e', 1), "1.5e+03");
 }
 
+namespace {
+
+// The value and the ok flag of one conversion, compared as a pair.
+template <typename T>
+std::pair<T, bool> read(T (VyString::*convert)(bool*, int) const, const char* text,
+                        int base = 10) {
+    // Run from both flag values, so that a conversion leaving the flag alone shows.
+    bool fromFalse = false;
+    bool fromTrue = true;
+    const T value = (VyString(text).*convert)(&fromFalse, base);
+    (VyString(text).*convert)(&fromTrue, base);
+    EXPECT_EQ(fromFalse, fromTrue) << text << ": the ok flag was left as it was";
+    return {value, fromFalse};
+}
+
+} // namespace
+
 TEST(VyStringToInt, ReadsBlanksSignAndLeadingDigits) {
-    bool ok = false;
-    EXPECT_EQ(VyString("12abc").toInt(&ok), 12);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("  -7 apples").toInt(&ok), -7);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("+15").toInt(&ok), 15);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("ff").toInt(&ok, 16), 255);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("0x1F").toUInt(&ok, 16), 31u);
-    EXPECT_TRUE(ok);
+    EXPECT_EQ(read(&VyString::toInt, "12abc"), std::make_pair(12, true));
+    EXPECT_EQ(read(&VyString::toInt, "  -7 apples"), std::make_pair(-7, true));
+    EXPECT_EQ(read(&VyString::toInt, "+15"), std::make_pair(15, true));
+    EXPECT_EQ(read(&VyString::toInt, "ff", 16), std::make_pair(255, true));
+    EXPECT_EQ(read(&VyString::toUInt, "0x1F", 16), std::make_pair(31u, true));
     for (const char* bad : {"abc", "", "   ", "-", "+ 5", "x12"}) {
-        ok = true;
+        bool ok = true;
         EXPECT_EQ(VyString(bad).toInt(&ok), 0) << bad;
         EXPECT_FALSE(ok) << bad;
     }
 }
 
 TEST(VyStringToInt, RangeLimitsOfEachWidth) {
-    bool ok = false;
-    EXPECT_EQ(VyString("2147483647").toInt(&ok), INT_MAX);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("-2147483648").toInt(&ok), INT_MIN);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("2147483648").toInt(&ok), 0);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(VyString("4294967295").toUInt(&ok), UINT_MAX);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("-1").toUInt(&ok), 0u);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(VyString("-0").toUInt(&ok), 0u);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("-9223372036854775808").toLongLong(&ok), LLONG_MIN);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("9223372036854775808").toLongLong(&ok), 0);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(VyString("18446744073709551615").toULongLong(&ok), ULLONG_MAX);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("18446744073709551616").toULongLong(&ok), 0u);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(VyString("99999999999999999999999999").toLongLong(&ok), 0);
-    EXPECT_FALSE(ok);
+    EXPECT_EQ(read(&VyString::toInt, "2147483647"), std::make_pair(INT_MAX, true));
+    EXPECT_EQ(read(&VyString::toInt, "-2147483648"), std::make_pair(INT_MIN, true));
+    EXPECT_EQ(read(&VyString::toInt, "2147483648"), std::make_pair(0, false));
+    EXPECT_EQ(read(&VyString::toUInt, "4294967295"), std::make_pair(UINT_MAX, true));
+    EXPECT_EQ(read(&VyString::toUInt, "-1"), std::make_pair(0u, false));
+    EXPECT_EQ(read(&VyString::toUInt, "-0"), std::make_pair(0u, true));
+    EXPECT_EQ(read(&VyString::toLongLong, "-9223372036854775808"), std::make_pair(LLONG_MIN, true));
+    EXPECT_EQ(read(&VyString::toLongLong, "9223372036854775808"), std::make_pair(0LL, false));
+    EXPECT_EQ(read(&VyString::toULongLong, "18446744073709551615"),
+              std::make_pair(ULLONG_MAX, true));
+    EXPECT_EQ(read(&VyString::toULongLong, "18446744073709551616"), std::make_pair(0ULL, false));
+    EXPECT_EQ(read(&VyString::toLongLong, "99999999999999999999999999"),
+              std::make_pair(0LL, false));
 }
 
 TEST(VyStringToDouble, AcceptsOnlyANumberWithBlanks) {
     bool ok = false;
     EXPECT_DOUBLE_EQ(VyString(" 2.5 ").toDouble(&ok), 2.5);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(VyString("2.5x").toDouble(&ok), 0.0);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(VyString("1e999").toDouble(&ok), 0.0);
-    EXPECT_FALSE(ok);
+    for (const char* bad : {"2.5x", "1e999"}) {
+        ok = true;
+        EXPECT_EQ(VyString(bad).toDouble(&ok), 0.0) << bad;
+        EXPECT_FALSE(ok) << bad;
+    }
 }
 
 TEST(VyStringSplit, KeepsOrSkipsEmptyParts) {

@@ -1,5 +1,5 @@
 // dvrgui against recorder-sim, both real processes: the start-up handshake, the delayed
-// start and the first-screen decisions.
+// start and the first-screen decisions (their variants are covered by the model tests).
 #include "E2eProcess.h"
 
 #include <algorithm>
@@ -91,60 +91,15 @@ TEST(StartupE2e, HandshakeCompletesWhenStageOneComesBeforeTheHello) {
     EXPECT_EQ(s.sim.occurrences("-> (1000,1)"), 1);
 }
 
-class DelayedStartE2e : public ::testing::TestWithParam<std::pair<int, int>> {};
-
-TEST_P(DelayedStartE2e, IntervalFollowsTheCameraCount) {
-    const auto [cameras, ms] = GetParam();
+TEST(StartupE2e, OutputCheckWritesBlock12BackWhenTheResolutionChanged) {
+    // R different from P: the dialog, then block 12 written back and the output applied.
     E2eSession s;
-    ASSERT_TRUE(s.startSim("ip_channels = " + std::to_string(cameras) + "\n"));
+    ASSERT_TRUE(s.startSim("block.12.329 = 4\nblock.12.332 = 0\n"));
     ASSERT_TRUE(s.startGui());
-    EXPECT_TRUE(s.gui.waitFor("GUI: delayed start in " + std::to_string(ms) + " ms\n"))
-        << s.gui.output();
-    EXPECT_TRUE(s.gui.waitFor("GUI: first screen: main view")) << s.gui.output();
-}
-
-INSTANTIATE_TEST_SUITE_P(Cameras, DelayedStartE2e,
-                         ::testing::Values(std::make_pair(0, 4000), std::make_pair(16, 6760),
-                                           std::make_pair(64, 15040)));
-
-TEST(StartupE2e, OutputCheckOnBlock12) {
-    {
-        // R equal to P, S = 2: the notice only, nothing written back.
-        E2eSession s;
-        ASSERT_TRUE(s.startSim("block.12.329 = 1\nblock.12.331 = 2\nblock.12.332 = 1\n"));
-        ASSERT_TRUE(s.startGui());
-        ASSERT_TRUE(s.gui.waitFor("GUI: first screen")) << s.gui.output();
-        EXPECT_EQ(s.gui.occurrences("resolution 720p was not kept"), 1) << s.gui.output();
-        EXPECT_EQ(s.sim.occurrences("sim: block 12 set"), 0);
-        EXPECT_EQ(s.sim.occurrences("<- (1000,151)"), 0);
-    }
-    {
-        // R different from P: the dialog, then block 12 written back and the output applied.
-        E2eSession s;
-        ASSERT_TRUE(s.startSim("block.12.329 = 4\nblock.12.332 = 0\n"));
-        ASSERT_TRUE(s.startGui());
-        ASSERT_TRUE(s.gui.waitFor("GUI: first screen")) << s.gui.output();
-        EXPECT_TRUE(s.sim.waitFor("sim: block 12 set, 352 bytes")) << s.sim.output();
-        EXPECT_EQ(s.gui.occurrences("resolution 600p needs confirming"), 1) << s.gui.output();
-        EXPECT_EQ(s.gui.occurrences("output mode"), 1) << s.gui.output();
-    }
-    {
-        // The system information switches the check off: App is told instead.
-        E2eSession s;
-        ASSERT_TRUE(s.startSim("output_check_disabled = 1\nblock.12.329 = 4\n"));
-        ASSERT_TRUE(s.startGui());
-        ASSERT_TRUE(s.gui.waitFor("GUI: first screen")) << s.gui.output();
-        EXPECT_TRUE(s.sim.waitFor("<- (1000,151) seq=")) << s.sim.output();
-        EXPECT_EQ(s.sim.occurrences("sim: block 12 set"), 0);
-    }
-}
-
-TEST(StartupE2e, WizardSwitchOpensTheWizardOverTheMainView) {
-    E2eSession s;
-    ASSERT_TRUE(s.startSim("block.21.10 = 1\n"));
-    ASSERT_TRUE(s.startGui());
-    ASSERT_TRUE(s.gui.waitFor("GUI: first screen: start-up wizard over the main view"))
-        << s.gui.output();
+    ASSERT_TRUE(s.gui.waitFor("GUI: first screen")) << s.gui.output();
+    EXPECT_TRUE(s.sim.waitFor("sim: block 12 set, 352 bytes")) << s.sim.output();
+    EXPECT_EQ(s.gui.occurrences("resolution 600p needs confirming"), 1) << s.gui.output();
+    EXPECT_EQ(s.gui.occurrences("output mode"), 1) << s.gui.output();
 }
 
 TEST(StartupE2e, SettingsSurviveASimulatorRestart) {
