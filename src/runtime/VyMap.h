@@ -1,54 +1,11 @@
 #pragma once
 // An ordered map with value semantics, on std::map.
 #include <map>
-#include <utility>
 
-#include "runtime/VyList.h"
+#include "runtime/VyMapBase.h"
 
 template <typename K, typename V>
-class VyMap {
+class VyMap : public VyMapBase<std::map<K, V>> {
 public:
-    using iterator = typename std::map<K, V>::iterator;
-    using const_iterator = typename std::map<K, V>::const_iterator;
-
-    int size() const { return static_cast<int>(m_map.size()); }
-    bool isEmpty() const { return m_map.empty(); }
-    void clear() { m_map.clear(); }
-    bool contains(const K& k) const { return m_map.count(k) != 0; }
-
-    void insert(const K& k, const V& v) { m_map[k] = v; }
-    // The stored value, or a default-constructed one when the key is absent.
-    V value(const K& k, const V& fallback = V()) const {
-        auto it = m_map.find(k);
-        return it == m_map.end() ? fallback : it->second;
-    }
-    V& operator[](const K& k) { return m_map[k]; }
-    int remove(const K& k) { return static_cast<int>(m_map.erase(k)); }
-    V take(const K& k) {
-        auto it = m_map.find(k);
-        if (it == m_map.end())
-            return V();
-        V v = std::move(it->second);
-        m_map.erase(it);
-        return v;
-    }
-    VyList<K> keys() const {
-        VyList<K> out;
-        for (const auto& kv : m_map)
-            out.append(kv.first);
-        return out;
-    }
-
-    iterator find(const K& k) { return m_map.find(k); }
-    const_iterator find(const K& k) const { return m_map.find(k); }
-    iterator begin() { return m_map.begin(); }
-    iterator end() { return m_map.end(); }
-    const_iterator begin() const { return m_map.begin(); }
-    const_iterator end() const { return m_map.end(); }
-    iterator erase(iterator it) { return m_map.erase(it); }
-
-    bool operator==(const VyMap& o) const { return m_map == o.m_map; }
-
-private:
-    std::map<K, V> m_map;
+    bool operator==(const VyMap& o) const { return this->m_map == o.m_map; }
 };
