@@ -64,19 +64,6 @@ private:
     sigset_t m_set{};
 };
 
-CustomConfigLink customConfigLink(IpcClient& ipc) {
-    CustomConfigLink link;
-    link.send = [&ipc](uint16_t mainType, uint16_t subType, const uint8_t* body, uint32_t size) {
-        ipc.send(mainType, subType, body, size);
-    };
-    link.request = [&ipc](uint16_t mainType, uint16_t subType) {
-        std::vector<uint8_t> reply;
-        ipc.request(reply, mainType, subType, nullptr, 0);
-        return reply;
-    };
-    return link;
-}
-
 } // namespace
 
 int AppStartup::run(int argc, char** argv) {
@@ -107,7 +94,7 @@ int AppStartup::run(int argc, char** argv) {
     vyStartupLog("App is running, configurate default parameter for app ...\n");
     {
         // Scoped: the packed device record is not kept for the whole run.
-        CustomConfigSender config(customConfigLink(ipc));
+        CustomConfigSender config(CustomConfigSender::ipcLink(ipc));
         const VyString configPath = VyResources::path(kCustomConfigFile);
         config.configureDefaultsOrExit(configPath);
         uint32_t profileCode = 0;
