@@ -20,6 +20,20 @@ int clampFar(int64_t v) {
     return static_cast<int>(std::max(-kFar, std::min(kFar, v)));
 }
 
+// Puts a line in the form the walks expect: x the major axis (x and y swapped for a steep
+// line), running from low to high x.
+template <typename T>
+void toMajorAxis(bool steep, T& x1, T& y1, T& x2, T& y2) {
+    if (steep) {
+        std::swap(x1, y1);
+        std::swap(x2, y2);
+    }
+    if (x1 > x2) {
+        std::swap(x1, x2);
+        std::swap(y1, y2);
+    }
+}
+
 } // namespace
 
 VyFbCanvas::VyFbCanvas(uint8_t* pixels, int width, int height, int bytesPerLine)
@@ -116,14 +130,7 @@ void VyFbCanvas::drawLine(int x1, int y1, int x2, int y2, vyargb colour) {
     // Walk the major axis over the part that can reach the clip rectangle only, and place
     // the minor coordinate by exact rounding, so huge coordinates cost nothing.
     const bool steep = std::llabs(int64_t(y2) - y1) > std::llabs(int64_t(x2) - x1);
-    if (steep) {
-        std::swap(x1, y1);
-        std::swap(x2, y2);
-    }
-    if (x1 > x2) {
-        std::swap(x1, x2);
-        std::swap(y1, y2);
-    }
+    toMajorAxis(steep, x1, y1, x2, y2);
     const int64_t dM = int64_t(x2) - x1;
     const int64_t dm = int64_t(y2) - y1;
     const int originM = steep ? m_origin.y : m_origin.x;
@@ -163,14 +170,7 @@ void VyFbCanvas::drawDotLine(vyreal x1, vyreal y1, vyreal x2, vyreal y2, vyargb 
     y1 += m_origin.y;
     y2 += m_origin.y;
     const bool steep = std::fabs(y2 - y1) > std::fabs(x2 - x1);
-    if (steep) {
-        std::swap(x1, y1);
-        std::swap(x2, y2);
-    }
-    if (x1 > x2) {
-        std::swap(x1, x2);
-        std::swap(y1, y2);
-    }
+    toMajorAxis(steep, x1, y1, x2, y2);
     const vyreal slope = x2 > x1 ? (y2 - y1) / (x2 - x1) : 0.0;
     const vyreal start = std::floor(x1 + 0.5);
     const vyreal low = std::max(start, vyreal(steep ? m_clip.top : m_clip.left));

@@ -74,22 +74,36 @@ bool VyScreenCursor::loadShape(int shape) {
     return true;
 }
 
-bool VyScreenCursor::setShape(int shape) {
-    bool loaded;
+template <typename Change>
+void VyScreenCursor::changeUnderLocks(Change change) {
     bool notice;
     {
         std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
         std::lock_guard<std::mutex> lock(m_mutex);
-        restore();
-        loaded = loadShape(shape);
-        if (m_shown && m_base) {
-            save(m_position - m_hotspot);
-            draw();
-        }
+        if (!change())
+            return;
         notice = touchNeedsNotice();
     }
+    // Outside both locks: telling the screen may post an event.
     if (notice)
         m_screen->cursorTouched();
+}
+
+void VyScreenCursor::redrawIfShown() {
+    if (m_shown && m_base) {
+        save(m_position - m_hotspot);
+        draw();
+    }
+}
+
+bool VyScreenCursor::setShape(int shape) {
+    bool loaded = false;
+    changeUnderLocks([&] {
+        restore();
+        loaded = loadShape(shape);
+        redrawIfShown();
+        return true;
+    });
     return loaded;
 }
 
@@ -99,39 +113,24 @@ int VyScreenCursor::shape() const {
 }
 
 void VyScreenCursor::setImage(const VyBitmap& image, VyPoint hotspot) {
-    bool notice;
-    {
-        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-        std::lock_guard<std::mutex> lock(m_mutex);
+    changeUnderLocks([&] {
         restore();
         m_image = image;
         m_hotspot = hotspot;
-        if (m_shown && m_base) {
-            save(m_position - m_hotspot);
-            draw();
-        }
-        notice = touchNeedsNotice();
-    }
-    if (notice)
-        m_screen->cursorTouched();
+        redrawIfShown();
+        return true;
+    });
 }
 
 void VyScreenCursor::setPosition(int x, int y) {
-    bool notice;
-    {
-        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-        std::lock_guard<std::mutex> lock(m_mutex);
+    changeUnderLocks([&] {
         m_position = VyPoint(x, y);
         if (!m_shown || !m_base)
-            return;
+            return false;
         restore();
-        save(m_position - m_hotspot);
-        draw();
-        notice = touchNeedsNotice();
-    }
-    // Outside both locks: telling the screen may post an event.
-    if (notice)
-        m_screen->cursorTouched();
+        redrawIfShown();
+        return true;
+    });
 }
 
 VyPoint VyScreenCursor::position() const {
@@ -140,43 +139,30 @@ VyPoint VyScreenCursor::position() const {
 }
 
 void VyScreenCursor::show() {
-    bool notice;
-    {
-        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-        std::lock_guard<std::mutex> lock(m_mutex);
+    changeUnderLocks([&] {
         if (m_shown)
-            return;
+            return false;
         m_shown = true;
         // The screen may have been reopened while the cursor was hidden.
         m_base = m_screen->mapping();
         m_lineLength = m_screen->lineLength();
         m_screenWidth = m_screen->width();
         m_screenHeight = m_screen->height();
-        if (m_base) {
-            save(m_position - m_hotspot);
-            draw();
-        }
-        notice = touchNeedsNotice();
-    }
-    if (notice)
-        m_screen->cursorTouched();
+        redrawIfShown();
+        return true;
+    });
 }
 
 void VyScreenCursor::hide() {
-    bool notice;
-    {
-        std::lock_guard<std::mutex> framebuffer(m_screen->framebufferMutex());
-        std::lock_guard<std::mutex> lock(m_mutex);
+    changeUnderLocks([&] {
         if (!m_shown)
-            return;
+            return false;
         // Put the covered pixels back so that the image leaves the screen at once.
         restore();
         m_saved = false;
         m_shown = false;
-        notice = touchNeedsNotice();
-    }
-    if (notice)
-        m_screen->cursorTouched();
+        return true;
+    });
 }
 
 bool VyScreenCursor::isShown() const {
@@ -213,10 +199,7 @@ void VyScreenCursor::restoreLocked() {
 
 void VyScreenCursor::saveAndDrawLocked() {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_shown || !m_base)
-        return;
-    save(m_position - m_hotspot);
-    draw();
+    redrawIfShown();
 }
 
 void VyScreenCursor::reinitialiseLocked() {

@@ -84,6 +84,12 @@ private:
     VyRect takeTouchedArea();
     // Under m_mutex: true once per batch of touches, when the screen should hear of them.
     bool touchNeedsNotice();
+    // Runs `change` under the framebuffer mutex and m_mutex; when it returns true, tells the
+    // screen of the touched area once both locks are released.
+    template <typename Change>
+    void changeUnderLocks(Change change);
+    // Under m_mutex: saves what the image covers and draws it, when shown on a mapping.
+    void redrawIfShown();
 
     void save(VyPoint topLeft);
     void restore();
