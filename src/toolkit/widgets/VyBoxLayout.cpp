@@ -55,37 +55,27 @@ void VyBoxLayout::addSpacing(int size) {
 }
 
 void VyBoxLayout::adoptAll() {
-    for (const Item& item : m_items) {
-        if (item.widget)
-            adoptWidget(item.widget);
-        else if (item.layout)
-            item.layout->adoptAll();
-    }
+    for (const Item& item : m_items)
+        adoptItem(item.widget, item.layout);
 }
 
 VySize VyBoxLayout::itemMinimum(const Item& item) const {
-    if (item.widget)
-        return widgetMinimum(item.widget);
-    if (item.layout)
-        return item.layout->minimumSize();
+    if (item.widget || item.layout)
+        return itemMinimumOf(item.widget, item.layout);
     if (item.spacing >= 0)
         return horizontal() ? VySize(item.spacing, 0) : VySize(0, item.spacing);
     return VySize(0, 0);
 }
 
 VySize VyBoxLayout::itemHint(const Item& item) const {
-    if (item.widget)
-        return widgetHint(item.widget);
-    if (item.layout)
-        return item.layout->sizeHint();
+    if (item.widget || item.layout)
+        return itemHintOf(item.widget, item.layout);
     return itemMinimum(item);
 }
 
 VySize VyBoxLayout::itemMaximum(const Item& item) const {
-    if (item.widget)
-        return widgetMaximum(item.widget);
-    if (item.layout)
-        return item.layout->maximumSize();
+    if (item.widget || item.layout)
+        return itemMaximumOf(item.widget, item.layout);
     if (item.spacing >= 0)
         return horizontal() ? VySize(item.spacing, VyWidget::kMaxSize)
                             : VySize(VyWidget::kMaxSize, item.spacing);

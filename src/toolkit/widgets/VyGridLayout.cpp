@@ -100,24 +100,8 @@ void VyGridLayout::setColumnMinimumWidth(int column, int pixels) {
 }
 
 void VyGridLayout::adoptAll() {
-    for (const Item& item : m_items) {
-        if (item.widget)
-            adoptWidget(item.widget);
-        else if (item.layout)
-            item.layout->adoptAll();
-    }
-}
-
-VySize VyGridLayout::itemMinimum(const Item& item) const {
-    return item.widget ? widgetMinimum(item.widget) : item.layout->minimumSize();
-}
-
-VySize VyGridLayout::itemHint(const Item& item) const {
-    return item.widget ? widgetHint(item.widget) : item.layout->sizeHint();
-}
-
-VySize VyGridLayout::itemMaximum(const Item& item) const {
-    return item.widget ? widgetMaximum(item.widget) : item.layout->maximumSize();
+    for (const Item& item : m_items)
+        adoptItem(item.widget, item.layout);
 }
 
 std::vector<VyLayoutSlot> VyGridLayout::slots(bool vertical) const {
@@ -137,9 +121,9 @@ std::vector<VyLayoutSlot> VyGridLayout::slots(bool vertical) const {
         if (span != 1)
             continue;
         size_t i = static_cast<size_t>(vertical ? item.row : item.column);
-        out[i].minimum = std::max(out[i].minimum, along(itemMinimum(item)));
-        out[i].hint = std::max(out[i].hint, along(itemHint(item)));
-        out[i].maximum = std::max(out[i].maximum, along(itemMaximum(item)));
+        out[i].minimum = std::max(out[i].minimum, along(itemMinimumOf(item.widget, item.layout)));
+        out[i].hint = std::max(out[i].hint, along(itemHintOf(item.widget, item.layout)));
+        out[i].maximum = std::max(out[i].maximum, along(itemMaximumOf(item.widget, item.layout)));
         used[i] = true;
     }
     // A spanning item that needs more than its lines give adds the rest to its last line.
@@ -155,11 +139,12 @@ std::vector<VyLayoutSlot> VyGridLayout::slots(bool vertical) const {
             haveHint += out[static_cast<size_t>(k)].hint;
             used[static_cast<size_t>(k)] = true;
             out[static_cast<size_t>(k)].maximum =
-                std::max(out[static_cast<size_t>(k)].maximum, along(itemMaximum(item)));
+                std::max(out[static_cast<size_t>(k)].maximum,
+                         along(itemMaximumOf(item.widget, item.layout)));
         }
         VyLayoutSlot& last = out[static_cast<size_t>(first + span - 1)];
-        last.minimum += std::max(0, along(itemMinimum(item)) - haveMin);
-        last.hint += std::max(0, along(itemHint(item)) - haveHint);
+        last.minimum += std::max(0, along(itemMinimumOf(item.widget, item.layout)) - haveMin);
+        last.hint += std::max(0, along(itemHintOf(item.widget, item.layout)) - haveHint);
     }
     for (size_t i = 0; i < out.size(); ++i) {
         // An empty line only grows when it was given a stretch.
@@ -230,7 +215,7 @@ void VyGridLayout::setGeometry(const VyRect& rect) {
         VyRect cell =
             VyRect::fromEdges(xs[c0], ys[r0], xs[c1] + widths[c1] - 1, ys[r1] + heights[r1] - 1);
         // Within its cell an item keeps to its maximum, at the top-left.
-        VySize max = itemMaximum(item);
+        VySize max = itemMaximumOf(item.widget, item.layout);
         VyRect r(cell.left, cell.top, std::min(cell.width(), max.width),
                  std::min(cell.height(), max.height));
         if (item.widget)

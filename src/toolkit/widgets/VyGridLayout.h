@@ -41,9 +41,6 @@ private:
 
     void grow(int rows, int columns);
     bool addItem(const Item& item);
-    VySize itemMinimum(const Item& item) const;
-    VySize itemHint(const Item& item) const;
-    VySize itemMaximum(const Item& item) const;
     // The slots of the rows (vertical) or the columns.
     std::vector<VyLayoutSlot> slots(bool vertical) const;
     static int total(const std::vector<VyLayoutSlot>& slots, int VyLayoutSlot::*field, int gap);

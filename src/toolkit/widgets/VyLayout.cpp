@@ -115,6 +115,25 @@ VySize VyLayout::widgetHint(const VyWidget* w) {
                   std::clamp(hint.height, lo.height, hi.height));
 }
 
+void VyLayout::adoptItem(VyWidget* widget, VyLayout* layout) {
+    if (widget)
+        adoptWidget(widget);
+    else if (layout)
+        layout->adoptAll();
+}
+
+VySize VyLayout::itemMinimumOf(const VyWidget* widget, const VyLayout* layout) {
+    return widget ? widgetMinimum(widget) : layout->minimumSize();
+}
+
+VySize VyLayout::itemHintOf(const VyWidget* widget, const VyLayout* layout) {
+    return widget ? widgetHint(widget) : layout->sizeHint();
+}
+
+VySize VyLayout::itemMaximumOf(const VyWidget* widget, const VyLayout* layout) {
+    return widget ? widgetMaximum(widget) : layout->maximumSize();
+}
+
 std::vector<int> VyLayout::distribute(const std::vector<VyLayoutSlot>& slots, int available) {
     const size_t n = slots.size();
     std::vector<int> sizes(n, 0);

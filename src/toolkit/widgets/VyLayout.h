@@ -65,6 +65,12 @@ protected:
     static VySize widgetHint(const VyWidget* w);
     static VySize widgetMaximum(const VyWidget* w);
 
+    // A managed item is a widget or, when that is null, a nested layout.
+    void adoptItem(VyWidget* widget, VyLayout* layout);
+    static VySize itemMinimumOf(const VyWidget* widget, const VyLayout* layout);
+    static VySize itemHintOf(const VyWidget* widget, const VyLayout* layout);
+    static VySize itemMaximumOf(const VyWidget* widget, const VyLayout* layout);
+
 private:
     VyWidget* m_widget = nullptr;
     int m_spacing = 6;
