@@ -6,8 +6,7 @@ TEST_F(WidgetFocus, KeyOnlyPolicyIgnoresMousePressButTakesKeyMove) {
     std::vector<std::string> log;
     Probe win("win", nullptr);
     win.setGeometry(0, 0, 200, 100);
-    auto* keyOnly = new Probe("key", &log, &win);
-    keyOnly->setGeometry(10, 10, 50, 20);
+    auto* keyOnly = childProbe("key", &log, &win, VyRect(10, 10, 50, 20));
     keyOnly->setFocusPolicy(VyWidget::KeyFocus);
     win.show();
     keyOnly->show();
@@ -19,8 +18,7 @@ TEST_F(WidgetFocus, KeyOnlyPolicyIgnoresMousePressButTakesKeyMove) {
     EXPECT_EQ(win.focusChild(), keyOnly);
 
     // A click-focus neighbour takes it from the press, before its handler runs.
-    auto* clicky = new Probe("click", &log, &win);
-    clicky->setGeometry(100, 10, 50, 20);
+    auto* clicky = childProbe("click", &log, &win, VyRect(100, 10, 50, 20));
     clicky->setFocusPolicy(VyWidget::StrongFocus);
     clicky->show();
     pointer(app(), 110, 20);

@@ -8,10 +8,8 @@ TEST_F(WidgetInput, PressGoesToTheDeepestChildAndClimbsUntilAccepted) {
     std::vector<std::string> log;
     Probe win("win", &log);
     win.setGeometry(10, 10, 200, 100);
-    auto* panel = new Probe("panel", &log, &win);
-    panel->setGeometry(20, 20, 100, 50);
-    auto* label = new Probe("label", &log, panel);
-    label->setGeometry(5, 5, 30, 10);
+    auto* panel = childProbe("panel", &log, &win, VyRect(20, 20, 100, 50));
+    auto* label = childProbe("label", &log, panel, VyRect(5, 5, 30, 10));
     label->acceptMouse = false;
     for (Probe* p : {&win, panel, label})
         p->show();
@@ -95,14 +93,10 @@ TEST_F(WidgetInput, LeaveReachesTheWidgetsLeftBeforeEnterReachesThoseEntered) {
     std::vector<std::string> log;
     Probe win("win", &log);
     win.setGeometry(0, 0, 300, 100);
-    auto* left = new Probe("left", &log, &win);
-    left->setGeometry(0, 0, 100, 100);
-    auto* leftInner = new Probe("leftInner", &log, left);
-    leftInner->setGeometry(10, 10, 50, 50);
-    auto* right = new Probe("right", &log, &win);
-    right->setGeometry(150, 0, 100, 100);
-    auto* rightInner = new Probe("rightInner", &log, right);
-    rightInner->setGeometry(10, 10, 50, 50);
+    auto* left = childProbe("left", &log, &win, VyRect(0, 0, 100, 100));
+    auto* leftInner = childProbe("leftInner", &log, left, VyRect(10, 10, 50, 50));
+    auto* right = childProbe("right", &log, &win, VyRect(150, 0, 100, 100));
+    auto* rightInner = childProbe("rightInner", &log, right, VyRect(10, 10, 50, 50));
     for (Probe* p : {&win, left, leftInner, right, rightInner})
         p->show();
     pointer(app(), 20, 20);
@@ -119,8 +113,7 @@ TEST_F(WidgetInput, WidgetDeletedInsideItsOwnPressHandlerIsSurvived) {
     std::vector<std::string> log;
     Probe win("win", &log);
     win.setGeometry(0, 0, 100, 100);
-    auto* doomed = new Probe("doomed", &log, &win);
-    doomed->setGeometry(0, 0, 50, 50);
+    auto* doomed = childProbe("doomed", &log, &win, VyRect(0, 0, 50, 50));
     doomed->acceptMouse = false; // would climb to the window after the handler
     doomed->deleteOnPress = true;
     doomed->setFocusPolicy(VyWidget::StrongFocus);
@@ -133,8 +126,7 @@ TEST_F(WidgetInput, WidgetDeletedInsideItsOwnPressHandlerIsSurvived) {
     EXPECT_EQ(win.focusChild(), nullptr);
 
     // The same through deleteLater from a handler: the dispatcher deletes it later.
-    auto* later = new Probe("later", &log, &win);
-    later->setGeometry(0, 0, 50, 50);
+    auto* later = childProbe("later", &log, &win, VyRect(0, 0, 50, 50));
     later->show();
     later->deleteLater();
     app()->processPostedEvents();

@@ -64,6 +64,14 @@ private:
     std::vector<std::string>* m_log;
 };
 
+// A probe placed in its parent at once.
+inline Probe* childProbe(const char* name, std::vector<std::string>* log, VyWidget* parent,
+                         const VyRect& geometry) {
+    auto* probe = new Probe(name, log, parent);
+    probe->setGeometry(geometry);
+    return probe;
+}
+
 // Drives the raw mouse path as the mouse reader would, and runs the resulting events.
 inline void pointer(VyApplication* app, int x, int y, uint8_t buttons = 0) {
     VyApplication::injectPointer(x, y, buttons, 0);

@@ -69,8 +69,7 @@ TEST_F(WindowHelpers, BlockerSwallowsInputToItsWindowOnlyWhileItLives) {
     std::vector<std::string> log;
     Probe busy("busy", &log);
     busy.setGeometry(0, 0, 100, 100);
-    auto* child = new Probe("child", &log, &busy);
-    child->setGeometry(0, 0, 50, 50);
+    auto* child = childProbe("child", &log, &busy, VyRect(0, 0, 50, 50));
     Probe other("other", &log);
     other.setGeometry(200, 0, 100, 100);
     for (Probe* p : {&busy, child, &other})
