@@ -4,8 +4,7 @@ using WidgetFocus = CoreAppTest;
 
 TEST_F(WidgetFocus, KeyOnlyPolicyIgnoresMousePressButTakesKeyMove) {
     std::vector<std::string> log;
-    Probe win("win", nullptr);
-    win.setGeometry(0, 0, 200, 100);
+    Probe win("win", nullptr, VyRect(0, 0, 200, 100));
     auto* keyOnly = childProbe("key", &log, &win, VyRect(10, 10, 50, 20));
     keyOnly->setFocusPolicy(VyWidget::KeyFocus);
     win.show();
@@ -33,8 +32,7 @@ TEST_F(WidgetFocus, KeyOnlyPolicyIgnoresMousePressButTakesKeyMove) {
 
 TEST_F(WidgetFocus, RefreshReasonNeverMovesFocus) {
     std::vector<std::string> log;
-    Probe win("win", nullptr);
-    win.setGeometry(0, 0, 100, 100);
+    Probe win("win", nullptr, VyRect(0, 0, 100, 100));
     auto* a = new Probe("a", &log, &win);
     auto* b = new Probe("b", &log, &win);
     for (Probe* p : {a, b}) {
@@ -96,8 +94,7 @@ TEST_F(WidgetFocus, DestroyingTheFocusWidgetClearsFocusChild) {
 
 TEST_F(WidgetFocus, ClosingAModalDialogGivesFocusBackToTheWindowBelow) {
     std::vector<std::string> log;
-    Probe main("main", nullptr);
-    main.setGeometry(0, 0, 320, 240);
+    Probe main("main", nullptr, VyRect(0, 0, 320, 240));
     auto* field = new Probe("field", &log, &main);
     field->setFocusPolicy(VyWidget::StrongFocus);
     field->show();

@@ -6,8 +6,7 @@ using WidgetInput = CoreAppTest;
 
 TEST_F(WidgetInput, PressGoesToTheDeepestChildAndClimbsUntilAccepted) {
     std::vector<std::string> log;
-    Probe win("win", &log);
-    win.setGeometry(10, 10, 200, 100);
+    Probe win("win", &log, VyRect(10, 10, 200, 100));
     auto* panel = childProbe("panel", &log, &win, VyRect(20, 20, 100, 50));
     auto* label = childProbe("label", &log, panel, VyRect(5, 5, 30, 10));
     label->acceptMouse = false;
@@ -29,15 +28,12 @@ TEST_F(WidgetInput, PressGoesToTheDeepestChildAndClimbsUntilAccepted) {
 
 TEST_F(WidgetInput, HiddenAndMouseTransparentWindowsAreNeverHit) {
     std::vector<std::string> log;
-    Probe bottom("bottom", &log);
-    bottom.setGeometry(0, 0, 100, 100);
+    Probe bottom("bottom", &log, VyRect(0, 0, 100, 100));
     bottom.show();
-    Probe hiddenTop("hidden", &log);
-    hiddenTop.setGeometry(0, 0, 100, 100);
+    Probe hiddenTop("hidden", &log, VyRect(0, 0, 100, 100));
     hiddenTop.show();
     hiddenTop.setAttribute(VyWidget::Hidden);
-    Probe ghostTop("ghost", &log);
-    ghostTop.setGeometry(0, 0, 100, 100);
+    Probe ghostTop("ghost", &log, VyRect(0, 0, 100, 100));
     ghostTop.show();
     ghostTop.setAttribute(VyWidget::TransparentForMouse);
 
@@ -52,8 +48,7 @@ TEST_F(WidgetInput, HiddenAndMouseTransparentWindowsAreNeverHit) {
 
 TEST_F(WidgetInput, ModalDialogTakesMouseEventsAimedElsewhereInItsOwnCoordinates) {
     std::vector<std::string> log;
-    Probe main("main", &log);
-    main.setGeometry(0, 0, 320, 240);
+    Probe main("main", &log, VyRect(0, 0, 320, 240));
     main.show();
     Probe dialog("dialog", &log, nullptr, VyWidget::Dialog);
     dialog.setGeometry(100, 50, 100, 80);
@@ -68,8 +63,7 @@ TEST_F(WidgetInput, ModalDialogTakesMouseEventsAimedElsewhereInItsOwnCoordinates
 
 TEST_F(WidgetInput, ClickOnAnotherWindowsPopupReachesItWhileAModalDialogIsOpen) {
     std::vector<std::string> log;
-    Probe main("main", &log);
-    main.setGeometry(0, 0, 320, 240);
+    Probe main("main", &log, VyRect(0, 0, 320, 240));
     main.show();
     Probe popup("popup", &log, &main, VyWidget::Popup);
     popup.setGeometry(0, 200, 80, 40);
@@ -91,8 +85,7 @@ TEST_F(WidgetInput, ClickOnAnotherWindowsPopupReachesItWhileAModalDialogIsOpen) 
 
 TEST_F(WidgetInput, LeaveReachesTheWidgetsLeftBeforeEnterReachesThoseEntered) {
     std::vector<std::string> log;
-    Probe win("win", &log);
-    win.setGeometry(0, 0, 300, 100);
+    Probe win("win", &log, VyRect(0, 0, 300, 100));
     auto* left = childProbe("left", &log, &win, VyRect(0, 0, 100, 100));
     auto* leftInner = childProbe("leftInner", &log, left, VyRect(10, 10, 50, 50));
     auto* right = childProbe("right", &log, &win, VyRect(150, 0, 100, 100));
@@ -111,8 +104,7 @@ TEST_F(WidgetInput, LeaveReachesTheWidgetsLeftBeforeEnterReachesThoseEntered) {
 
 TEST_F(WidgetInput, WidgetDeletedInsideItsOwnPressHandlerIsSurvived) {
     std::vector<std::string> log;
-    Probe win("win", &log);
-    win.setGeometry(0, 0, 100, 100);
+    Probe win("win", &log, VyRect(0, 0, 100, 100));
     auto* doomed = childProbe("doomed", &log, &win, VyRect(0, 0, 50, 50));
     doomed->acceptMouse = false; // would climb to the window after the handler
     doomed->deleteOnPress = true;
@@ -135,8 +127,7 @@ TEST_F(WidgetInput, WidgetDeletedInsideItsOwnPressHandlerIsSurvived) {
 
 TEST_F(WidgetInput, MovesWithoutButtonReachOnlyTrackingWidgets) {
     std::vector<std::string> log;
-    Probe win("win", &log);
-    win.setGeometry(0, 0, 100, 100);
+    Probe win("win", &log, VyRect(0, 0, 100, 100));
     win.show();
     pointer(app(), 10, 10);
     EXPECT_EQ(std::count(log.begin(), log.end(), "win:move@10,10"), 0);

@@ -21,6 +21,11 @@ public:
         , m_log(log) {
         setObjectName(name);
     }
+    // A top-level probe with its geometry.
+    Probe(const char* name, std::vector<std::string>* log, const VyRect& geometry)
+        : Probe(name, log) {
+        setGeometry(geometry);
+    }
 
     void paintEvent(VyPaintEvent* e) override {
         ++paints;

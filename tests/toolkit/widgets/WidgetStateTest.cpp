@@ -34,8 +34,7 @@ TEST_F(WidgetState, AttributeNumbersOutOfRangeAreReportedAndIgnored) {
 
 TEST_F(WidgetState, GeometryWithTheSameEdgesSendsNothing) {
     std::vector<std::string> log;
-    Probe w("w", &log);
-    w.setGeometry(10, 20, 30, 40);
+    Probe w("w", &log, VyRect(10, 20, 30, 40));
     w.show();
     log.clear();
     w.setGeometry(VyRect::fromEdges(10, 20, 39, 59));

@@ -16,8 +16,7 @@ TEST_F(WindowHelpers, TimeoutClosesPopupsAndModalWindowsOneByOne) {
     manager.setTimeoutSeconds(0);
     EXPECT_EQ(manager.currentIntervalMs(), 6000);
 
-    Probe main("main", nullptr);
-    main.setGeometry(0, 0, 320, 240);
+    Probe main("main", nullptr, VyRect(0, 0, 320, 240));
     main.show();
     Probe dialog("dialog", nullptr, nullptr, VyWidget::Dialog);
     dialog.setAttribute(VyWidget::Modal);
@@ -67,11 +66,9 @@ TEST_F(WindowHelpers, InputRestartsTheTimeoutAndFlagsGateWhatCloses) {
 
 TEST_F(WindowHelpers, BlockerSwallowsInputToItsWindowOnlyWhileItLives) {
     std::vector<std::string> log;
-    Probe busy("busy", &log);
-    busy.setGeometry(0, 0, 100, 100);
+    Probe busy("busy", &log, VyRect(0, 0, 100, 100));
     auto* child = childProbe("child", &log, &busy, VyRect(0, 0, 50, 50));
-    Probe other("other", &log);
-    other.setGeometry(200, 0, 100, 100);
+    Probe other("other", &log, VyRect(200, 0, 100, 100));
     for (Probe* p : {&busy, child, &other})
         p->show();
     pointer(app(), 10, 10);
