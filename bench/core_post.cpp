@@ -4,8 +4,9 @@
 //   queue's throughput, i.e. time ratio <= 1.25; single-threaded (post a batch, then
 //   dispatch it): likewise, for a burst of 256 events (a realistic queue length) and for
 //   20,000 (where the queue's 16-byte entries, twice the baseline's pointer, leave the
-//   cache). The cross-thread pair swings most with the machine's load: run it unpinned
-//   and compare the medians of several runs.
+//   cache). Each ratio compares medians of repetitions; on a shared machine run it as
+//   `taskset -c 1 bench_core_post --benchmark_enable_random_interleaving=true` so that the
+//   load drifts over both sides alike. The cross-thread pair swings most with that load.
 #include "core_ratio_reporter.h"
 
 #include "toolkit/core/VyApplication.h"

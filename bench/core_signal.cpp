@@ -2,6 +2,8 @@
 //   one direct slot <= 4x, nothing connected <= 2x, ten slots <= 12x (and, for scale,
 //   against ten virtual calls to ten objects);
 //   heap allocations per emission (operator new is counted here) must read 0.
+// Ratios of medians; on a shared machine run it pinned and interleaved:
+//   taskset -c 1 bench_core_signal --benchmark_enable_random_interleaving=true
 #include "core_ratio_reporter.h"
 
 #include "toolkit/core/VyObject.h"
