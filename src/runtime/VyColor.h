@@ -13,8 +13,11 @@ struct VyColor {
 
     constexpr VyColor() = default;
     constexpr VyColor(int r, int g, int b, int a = 255)
-        : red(static_cast<uint8_t>(r)), green(static_cast<uint8_t>(g)),
-          blue(static_cast<uint8_t>(b)), alpha(static_cast<uint8_t>(a)), valid(true) {}
+        : red(static_cast<uint8_t>(r))
+        , green(static_cast<uint8_t>(g))
+        , blue(static_cast<uint8_t>(b))
+        , alpha(static_cast<uint8_t>(a))
+        , valid(true) {}
     static constexpr VyColor fromArgb(vyargb c) {
         return VyColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF, (c >> 24) & 0xFF);
     }

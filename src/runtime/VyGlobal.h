@@ -8,8 +8,7 @@ using vyreal = double;
 // Stops the program on a programming error: prints the expression, file and line.
 [[noreturn]] void vyAssertFail(const char* expr, const char* file, int line);
 
-#define VY_ASSERT(cond)                                                                            \
-    ((cond) ? static_cast<void>(0) : vyAssertFail(#cond, __FILE__, __LINE__))
+#define VY_ASSERT(cond) ((cond) ? static_cast<void>(0) : vyAssertFail(#cond, __FILE__, __LINE__))
 
 // For asserts whose printed text must read as the runtime library's own
 // (list indexing prints "i >= 0 && i < p.size()").

@@ -17,8 +17,10 @@ public:
     using const_iterator = typename std::vector<T>::const_iterator;
 
     VyList() = default;
-    VyList(std::initializer_list<T> items) : m_items(items) {}
-    explicit VyList(std::vector<T> items) : m_items(std::move(items)) {}
+    VyList(std::initializer_list<T> items)
+        : m_items(items) {}
+    explicit VyList(std::vector<T> items)
+        : m_items(std::move(items)) {}
 
     int size() const { return static_cast<int>(m_items.size()); }
     int count() const { return size(); }
@@ -131,9 +133,7 @@ protected:
     std::vector<T>& storage() { return m_items; }
 
 private:
-    void checkIndex(int i) const {
-        VY_ASSERT_X(i >= 0 && i < size(), "i >= 0 && i < p.size()");
-    }
+    void checkIndex(int i) const { VY_ASSERT_X(i >= 0 && i < size(), "i >= 0 && i < p.size()"); }
     void checkNotEmpty() const { VY_ASSERT_X(!isEmpty(), "!isEmpty()"); }
 
     std::vector<T> m_items;

@@ -13,7 +13,11 @@ struct VyRect {
     int bottom = -1;
 
     constexpr VyRect() = default;
-    constexpr VyRect(int x, int y, int w, int h) : left(x), top(y), right(x + w - 1), bottom(y + h - 1) {}
+    constexpr VyRect(int x, int y, int w, int h)
+        : left(x)
+        , top(y)
+        , right(x + w - 1)
+        , bottom(y + h - 1) {}
     constexpr VyRect(VyPoint topLeft, VySize size)
         : VyRect(topLeft.x, topLeft.y, size.width, size.height) {}
     static constexpr VyRect fromEdges(int l, int t, int r, int b) {

@@ -5,9 +5,13 @@ namespace {
 VyString g_root;
 } // namespace
 
-void VyResources::setRoot(const VyString& root) { g_root = root; }
+void VyResources::setRoot(const VyString& root) {
+    g_root = root;
+}
 
-VyString VyResources::root() { return g_root; }
+VyString VyResources::root() {
+    return g_root;
+}
 
 VyString VyResources::path(const VyString& relative) {
     if (g_root.isEmpty() || relative.startsWith("/"))

@@ -6,7 +6,8 @@ class VyStringList : public VyList<VyString> {
 public:
     using VyList<VyString>::VyList;
     VyStringList() = default;
-    VyStringList(const VyList<VyString>& l) : VyList<VyString>(l) {}
+    VyStringList(const VyList<VyString>& l)
+        : VyList<VyString>(l) {}
 
     VyString join(const VyString& separator) const {
         VyString out;

@@ -47,8 +47,7 @@ namespace {
 
 // The value and the ok flag of one conversion, compared as a pair.
 template <typename T>
-std::pair<T, bool> read(T (VyString::*convert)(bool*, int) const, const char* text,
-                        int base = 10) {
+std::pair<T, bool> read(T (VyString::*convert)(bool*, int) const, const char* text, int base = 10) {
     // Run from both flag values, so that a conversion leaving the flag alone shows.
     bool fromFalse = false;
     bool fromTrue = true;
