@@ -3,8 +3,9 @@
 
 Each shape is a white body with a one-pixel black outline on a transparent background,
 rasterised from a vector outline at pixel centres, once at normal size and once at twice the
-size for outputs wider than 1920 pixels ("-max"). The tip of the arrow and of the hand's
-finger sit on the hotspots the cursor code uses: arrow (0, 0), cursor-hand (9, 1).
+size for outputs wider than 1920 pixels ("-max"). Each body is drawn around the hotspot the
+cursor code uses for its shape (the arrow's tip at (0, 0), the hand's fingertip at (9, 1), the
+cross and split shapes centred on (12, 12), ...).
 Run: python3 tools/cursor-images/make_cursor_images.py [output-dir]
 """
 import os
@@ -79,7 +80,122 @@ def hand(x, y):
     return finger or tip or knuckles or palm or thumb or wrist
 
 
-SHAPES = {"arrow": (arrow, 13, 20), "cursor-hand": (hand, 18, 22)}
+def double_arrow(length, centre, across):
+    """A two-headed arrow along x (length units) through `centre`; swap the axes for y."""
+    def covers(u, v):
+        d = abs(u - centre[0])
+        off = abs(v - centre[1])
+        half = length / 2
+        if d > half:
+            return False
+        head = half - d  # distance from the nearer tip
+        if head < across:
+            return off <= head + 0.5
+        return off <= 1.5
+    return covers
+
+
+def up_arrow(x, y):
+    # Tip at (13, 2): a head of half-width 6 over a shaft 3 wide.
+    if 2 <= y <= 9:
+        return abs(x - 13) <= (y - 2) * 6 / 7 + 0.5
+    return 9 <= y <= 22 and abs(x - 13) <= 1.5
+
+
+def cross(x, y):
+    return (abs(x - 12.5) <= 1.5 and 0 <= y <= 25) or (abs(y - 12.5) <= 1.5 and 0 <= x <= 25)
+
+
+def hourglass(x, y):
+    # Rims at the top (y 2..4) and bottom, two triangles meeting at the waist.
+    if 2 <= y <= 4 or 18 <= y <= 20:
+        return 0.5 <= x <= 12
+    if 4 <= y <= 18:
+        return abs(x - 6.25) <= abs(y - 11) * 5 / 7 + 0.9
+    return False
+
+
+def ibeam(x, y):
+    return (abs(x - 9.5) <= 1 and 2 <= y <= 20) or (abs(x - 9.5) <= 4 and (2 <= y <= 4 or 18 <= y <= 20))
+
+
+def size_v(x, y):
+    return double_arrow(22, (12.5, 13.5), 6)(y, x) if 1 <= y <= 24 else False
+
+
+def size_h(x, y):
+    return double_arrow(24, (12, 6.5), 6)(x, y)
+
+
+def vsplit(x, y):
+    bars = abs(y - 11.5) <= 1 or abs(y - 14.5) <= 1
+    return (bars and 2 <= x <= 23) or (double_arrow(24, (13, 12.5), 6)(y, x) and abs(y - 13) > 2.5)
+
+
+def hsplit(x, y):
+    bars = abs(x - 11.5) <= 1 or abs(x - 14.5) <= 1
+    return (bars and 2 <= y <= 23) or (double_arrow(24, (13, 12.5), 6)(x, y) and abs(x - 13) > 2.5)
+
+
+def forbidden(x, y):
+    r = ((x - 6.5) ** 2 + (y - 6.5) ** 2) ** 0.5
+    ring = 4.5 <= r <= 6.5
+    slash = r <= 6.5 and abs((x - 6.5) - (y - 6.5)) <= 1.6
+    return ring or slash
+
+
+def whatsthis(x, y):
+    # The arrow with a question mark beside it.
+    q = ((x - 16) ** 2 + (y - 6) ** 2) ** 0.5
+    hook = 2 <= q <= 4 and not (y > 6 and x < 16)
+    stem = abs(x - 16) <= 1 and 8 <= y <= 12
+    dot = abs(x - 16) <= 1 and 14 <= y <= 16
+    return arrow(x, y) or hook or stem or dot
+
+
+def busy(x, y):
+    # The arrow with a small hourglass at its side.
+    return arrow(x, y) or hourglass((x - 11) * 1.6, (y - 8) * 1.6)
+
+
+def open_hand(x, y):
+    fingers = any(abs(x - fx) <= 1.4 and 1 <= y <= 12 for fx in (5, 8.5, 12, 15.5))
+    palm = 3 <= x <= 17 and 10 <= y <= 20
+    thumb = inside_polygon(x, y, [(3, 12), (0.2, 7.5), (1.4, 6.8), (4, 10.5)])
+    return fingers or palm or thumb
+
+
+def closed_hand(x, y):
+    knuckles = any(abs(x - fx) <= 1.6 and 6 <= y <= 12 for fx in (5, 8.5, 12, 15.5))
+    palm = 3 <= x <= 17 and 9 <= y <= 19
+    return knuckles or palm
+
+
+def drop(x, y):
+    # The arrow carrying a small box.
+    box = 10 <= x <= 20 and 13 <= y <= 21
+    return arrow(x, y) or box
+
+
+# name -> (body, width, height) in normal-size pixels; hotspots live in the cursor code.
+SHAPES = {
+    "arrow": (arrow, 13, 20),
+    "cursor-uparrow": (up_arrow, 27, 24),
+    "cursor-cross": (cross, 26, 26),
+    "cursor-wait": (hourglass, 13, 22),
+    "cursor-ibeam": (ibeam, 19, 22),
+    "cursor-sizev": (size_v, 27, 26),
+    "cursor-sizeh": (size_h, 25, 14),
+    "cursor-vsplit": (vsplit, 26, 26),
+    "cursor-hsplit": (hsplit, 26, 26),
+    "cursor-hand": (hand, 18, 22),
+    "cursor-forbidden": (forbidden, 14, 14),
+    "cursor-whatsthis": (whatsthis, 21, 20),
+    "cursor-busy": (busy, 22, 22),
+    "cursor-openhand": (open_hand, 18, 21),
+    "cursor-closehand": (closed_hand, 18, 20),
+    "cursor-drop": (drop, 21, 22),
+}
 
 
 def main():
