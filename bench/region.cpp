@@ -52,8 +52,7 @@ void BM_BaselineVectorPush(benchmark::State& state) {
 }
 BENCHMARK(BM_BaselineVectorPush);
 
-void BM_UniteScattered(benchmark::State& state) {
-    const std::vector<VyRect> rects = scatteredRects();
+void uniteAll(benchmark::State& state, const std::vector<VyRect>& rects) {
     for (auto _ : state) {
         VyRegion region;
         for (const VyRect& r : rects)
@@ -62,17 +61,14 @@ void BM_UniteScattered(benchmark::State& state) {
     }
     perRect(state);
 }
+
+void BM_UniteScattered(benchmark::State& state) {
+    uniteAll(state, scatteredRects());
+}
 BENCHMARK(BM_UniteScattered);
 
 void BM_UniteRaster(benchmark::State& state) {
-    const std::vector<VyRect> rects = rasterRects();
-    for (auto _ : state) {
-        VyRegion region;
-        for (const VyRect& r : rects)
-            region.unite(r);
-        benchmark::DoNotOptimize(region.rectCount());
-    }
-    perRect(state);
+    uniteAll(state, rasterRects());
 }
 BENCHMARK(BM_UniteRaster);
 
