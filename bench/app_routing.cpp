@@ -5,7 +5,7 @@
 #include "ipc/IpcClient.h"
 #include "model/SystemInfoRecord.h"
 #include "model/UiManager.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 
 #include <benchmark/benchmark.h>

@@ -10,7 +10,7 @@
 #include "core_ratio_reporter.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <condition_variable>
 #include <deque>

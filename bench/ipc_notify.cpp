@@ -9,7 +9,7 @@
 // reported beside it.
 #include "IpcBenchSim.h"
 #include "ipc/IpcClient.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
 

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "runtime/VyBitmap.h"
-#include "toolkit/core/VyFbCanvas.h"
-#include "toolkit/core/VyPixelOps.h"
+#include "toolkit/graphics/VyFbCanvas.h"
+#include "toolkit/graphics/VyPixelOps.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 #include "toolkit/style/VyStyle.h"
 
 namespace {

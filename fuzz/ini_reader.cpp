@@ -9,8 +9,8 @@
 #include "app/ColorDefaultBlock.h"
 #include "app/CustomConfig.h"
 #include "app/DeviceDefaultRecord.h"
-#include "toolkit/style/VyIniParser.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniParser.h"
+#include "runtime/VyIniSettings.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const VyIniSettings ini = VyIniSettings::fromText(reinterpret_cast<const char*>(data), size);

@@ -7,7 +7,7 @@
 #include "app/DefaultParamSet.h"
 #include "app/DeviceDefaultRecord.h"
 #include "runtime/VyLog.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "app/DeviceDefaultRecord.h"
 #include "ipc/IpcClient.h"
 #include "runtime/VyLog.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 
 CustomConfigSender::CustomConfigSender(CustomConfigLink link)
     : m_link(std::move(link))

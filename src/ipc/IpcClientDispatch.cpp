@@ -4,7 +4,7 @@
 #include "ipc/IpcRemotePointer.h"
 #include "ipc/IpcReplyWaiter.h"
 #include "runtime/VyLog.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
 

@@ -1,6 +1,6 @@
 #include "ipc/IpcReplyWaiter.h"
 
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 
 void IpcReplyWaiter::customEvent(VyEvent* e) {

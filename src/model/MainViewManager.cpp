@@ -4,7 +4,7 @@
 #include "model/OutputSettingsBlock.h"
 #include "model/ParamAccess.h"
 #include "model/UiRouteTable.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 
 MainViewManager* MainViewManager::instance() {
     static MainViewManager* manager = new MainViewManager; // lives to process end

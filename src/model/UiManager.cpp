@@ -22,7 +22,7 @@
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>

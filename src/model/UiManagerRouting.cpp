@@ -13,7 +13,7 @@
 #include "model/UiRouteTable.h"
 #include "model/UiShell.h"
 #include "runtime/VyLog.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 
 #include <cstdio>

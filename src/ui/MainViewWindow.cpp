@@ -1,8 +1,8 @@
 #include "ui/MainViewWindow.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyCanvas.h"
-#include "toolkit/core/VyPaintEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "ui/UiLook.h"
 

@@ -2,7 +2,7 @@
 
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyCanvas.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "ui/DialogButton.h"
 #include "ui/UiLook.h"

@@ -3,7 +3,7 @@
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 #include "toolkit/style/VyPushButtonOption.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleSlot.h"

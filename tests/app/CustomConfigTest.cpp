@@ -12,7 +12,7 @@
 #include "app/CustomConfigSender.h"
 #include "app/DefaultParamSet.h"
 #include "app/DeviceDefaultRecord.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 
 namespace {
 

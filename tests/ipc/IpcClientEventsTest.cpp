@@ -2,11 +2,11 @@
 // real application object on the in-memory display.
 #include "IpcTestPeer.h"
 #include "ipc/IpcClient.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyMouseEvent.h"
-#include "toolkit/core/VyWheelEvent.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/events/VyWheelEvent.h"
 
 #include <gtest/gtest.h>
 

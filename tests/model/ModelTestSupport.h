@@ -12,7 +12,7 @@
 #include "model/SystemInfoRecord.h"
 #include "model/UiShell.h"
 #include "model/UiTimerSource.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@
 #include "model/SystemInfoRecord.h"
 #include "model/UiManager.h"
 #include "model/UiRouteTable.h"
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 
 #include <cstring>

@@ -3,7 +3,7 @@
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyKeyEvent.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "ui/DialogButton.h"

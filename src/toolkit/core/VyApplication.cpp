@@ -2,15 +2,15 @@
 #include "toolkit/core/VyApplication.h"
 
 #include "runtime/VyLog.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyPostedEventQueue.h"
-#include "toolkit/core/VyRawMouseEvent.h"
+#include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/core/VyTimer.h"
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/core/VyWidget.h"
 
 #include <algorithm>

@@ -2,12 +2,12 @@
 // popup redirection, mouse targets, hover and propagation to the parents.
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
-#include "toolkit/core/VyHoverEvent.h"
-#include "toolkit/core/VyMouseEvent.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/events/VyHoverEvent.h"
+#include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/core/VyPointer.h"
-#include "toolkit/core/VyRawMouseEvent.h"
-#include "toolkit/core/VyWheelEvent.h"
+#include "toolkit/events/VyRawMouseEvent.h"
+#include "toolkit/events/VyWheelEvent.h"
 #include "toolkit/core/VyWidget.h"
 
 #include <memory>

@@ -1,10 +1,10 @@
 #include "toolkit/core/VyObject.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPostedEventQueue.h"
 #include "toolkit/core/VyQueuedSignalEvent.h"
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 VyObject::VyObject(VyObject* parent)
     : m_connections(this) {

@@ -1,5 +1,5 @@
 #pragma once
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <memory>
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VySlot.h"
 
 // QueuedSignal (30): a queued connection's slot call, run by the receiver's event(). The

@@ -5,9 +5,9 @@
 
 #include "platform/display/VyDisplayBackend.h"
 #include "runtime/VyLog.h"
-#include "toolkit/core/VyFbCanvas.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreenCursor.h"
-#include "toolkit/core/VyWindowSurface.h"
+#include "toolkit/graphics/VyWindowSurface.h"
 
 VyScreen::VyScreen(VyObject* parent)
     : VyObject(parent) {}

@@ -3,11 +3,11 @@
 
 #include "platform/display/VyDisplayBackend.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
-#include "toolkit/core/VyFbCanvas.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
-#include "toolkit/core/VyWindowSurface.h"
+#include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
 

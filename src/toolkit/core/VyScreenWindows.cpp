@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
-#include "toolkit/core/VyWindowSurface.h"
+#include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "toolkit/core/VySingleShotTimer.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 VySingleShotTimer::VySingleShotTimer(VyObject* parent)
     : VyObject(parent) {}

@@ -1,6 +1,6 @@
 #include "toolkit/core/VyTimer.h"
 
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 VyTimer::VyTimer(VyObject* parent)
     : VyObject(parent) {}

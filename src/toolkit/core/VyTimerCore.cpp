@@ -2,7 +2,7 @@
 
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 #include <ctime>
 

@@ -1,6 +1,6 @@
 // Focus requests of a widget and its window's memory of the focused child.
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyFocusEvent.h"
+#include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/core/VyWidget.h"
 
 void VyWidget::setFocus(int reason) {

@@ -1,11 +1,11 @@
 // Dirty marking and delivery of Paint events into the window surfaces.
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyFbCanvas.h"
-#include "toolkit/core/VyPaintEvent.h"
+#include "toolkit/graphics/VyFbCanvas.h"
+#include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyWidget.h"
-#include "toolkit/core/VyWindowSurface.h"
+#include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
 

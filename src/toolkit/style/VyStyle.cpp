@@ -5,7 +5,7 @@
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 
 VyStyle::VyStyle(VyObject* parent)
     : VyObject(parent) {}

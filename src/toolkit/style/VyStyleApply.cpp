@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleSlot.h"
 

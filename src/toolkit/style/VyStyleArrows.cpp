@@ -1,7 +1,7 @@
 // The small filled triangles of the controls' arrows.
 #include <cmath>
 
-#include "toolkit/core/VyCanvas.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/style/VyStyle.h"
 
 VyList<VyRect> VyStyle::arrowSpans(ArrowDirection direction, const VyRect& rect) {

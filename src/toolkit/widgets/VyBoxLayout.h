@@ -1,7 +1,7 @@
 #pragma once
 // Lines its items up horizontally (left to right) or vertically (top to bottom), each
 // stretched across the other direction up to its maximum.
-#include "toolkit/widgets/VyLayout.h"
+#include "toolkit/core/VyLayout.h"
 
 class VyBoxLayout : public VyLayout {
     VY_OBJECT(VyBoxLayout, VyLayout)

@@ -1,7 +1,7 @@
 #pragma once
 // Places items in the cells of a grid; an item may span several rows and columns. Columns
 // and rows share the surplus by their stretch factors.
-#include "toolkit/widgets/VyLayout.h"
+#include "toolkit/core/VyLayout.h"
 
 class VyGridLayout : public VyLayout {
     VY_OBJECT(VyGridLayout, VyLayout)

@@ -1,7 +1,7 @@
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyTimer.h"
 #include "toolkit/core/VyWidget.h"
 

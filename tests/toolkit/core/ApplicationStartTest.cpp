@@ -1,5 +1,5 @@
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
 
 #include <gtest/gtest.h>

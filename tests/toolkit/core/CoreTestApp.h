@@ -2,7 +2,7 @@
 // The application object every core test runs against, on the in-memory display, and an
 // object that records what reaches it.
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyEvent.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "CoreTestApp.h"
 
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyPostedEventQueue.h"
 
 #include <vector>

@@ -2,16 +2,16 @@
 // above, goes past every filter straight to customEvent.
 #include "CoreTestApp.h"
 
-#include "toolkit/core/AIObjInfoEvent.h"
-#include "toolkit/core/ChineseInputEvent.h"
-#include "toolkit/core/CommonCtrlEvent.h"
-#include "toolkit/core/CtrlReqEvent.h"
-#include "toolkit/core/DualTalkEvent.h"
-#include "toolkit/core/DvrKeyEvent.h"
-#include "toolkit/core/FaceInfoEvent.h"
-#include "toolkit/core/NtpUpdateEvent.h"
-#include "toolkit/core/PlaybackReqEvent.h"
-#include "toolkit/core/TurnPageEvent.h"
+#include "toolkit/events/AIObjInfoEvent.h"
+#include "toolkit/events/ChineseInputEvent.h"
+#include "toolkit/events/CommonCtrlEvent.h"
+#include "toolkit/events/CtrlReqEvent.h"
+#include "toolkit/events/DualTalkEvent.h"
+#include "toolkit/events/DvrKeyEvent.h"
+#include "toolkit/events/FaceInfoEvent.h"
+#include "toolkit/events/NtpUpdateEvent.h"
+#include "toolkit/events/PlaybackReqEvent.h"
+#include "toolkit/events/TurnPageEvent.h"
 
 #include <memory>
 #include <vector>

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyFbCanvas.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
-#include "toolkit/core/VyWindowSurface.h"
+#include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // receiver is reported there; the counts below catch lost or doubly freed events.
 #include "CoreTestApp.h"
 
-#include "toolkit/core/CEvent.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 
 #include <atomic>

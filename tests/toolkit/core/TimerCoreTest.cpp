@@ -2,7 +2,7 @@
 
 #include "toolkit/core/VyTimer.h"
 #include "toolkit/core/VyTimerCore.h"
-#include "toolkit/core/VyTimerEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 #include <cstdio>
 #include <vector>

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "runtime/VyResources.h"
-#include "toolkit/core/VyFbCanvas.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
-#include "toolkit/style/VyIniSettings.h"
+#include "runtime/VyIniSettings.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleSlot.h"
 

@@ -1,6 +1,6 @@
 #include "WidgetProbe.h"
 
-#include "toolkit/core/VyWindowSurface.h"
+#include "toolkit/graphics/VyWindowSurface.h"
 
 #include <cstring>
 

@@ -1,6 +1,6 @@
 #include "WidgetProbe.h"
 
-#include "toolkit/core/VyKeyEvent.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/core/VyTimer.h"
 #include "toolkit/widgets/WindowBlocker.h"
 #include "toolkit/widgets/WndTimeoutManager.h"

@@ -1,9 +1,0 @@
-#pragma once
-// Analytics object information (1093): an object detection result from App, in the data block.
-#include "toolkit/core/CEvent.h"
-
-class AIObjInfoEvent : public CEvent {
-public:
-    explicit AIObjInfoEvent(int param = 0)
-        : CEvent(AIObjInfo, param) {}
-};

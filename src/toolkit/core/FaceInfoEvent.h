@@ -1,9 +1,0 @@
-#pragma once
-// Face information (1074): a face detection or match result from App, in the data block.
-#include "toolkit/core/CEvent.h"
-
-class FaceInfoEvent : public CEvent {
-public:
-    explicit FaceInfoEvent(int param = 0)
-        : CEvent(FaceInfo, param) {}
-};

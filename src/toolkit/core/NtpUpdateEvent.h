@@ -1,9 +1,0 @@
-#pragma once
-// NTP update (1014): App's time-synchronisation result, in param and the data block.
-#include "toolkit/core/CEvent.h"
-
-class NtpUpdateEvent : public CEvent {
-public:
-    explicit NtpUpdateEvent(int param = 0)
-        : CEvent(NtpUpdate, param) {}
-};

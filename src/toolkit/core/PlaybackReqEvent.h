@@ -1,9 +1,0 @@
-#pragma once
-// Playback request (1077): a playback screen's request, in param and the data block.
-#include "toolkit/core/CEvent.h"
-
-class PlaybackReqEvent : public CEvent {
-public:
-    explicit PlaybackReqEvent(int param = 0)
-        : CEvent(PlaybackReq, param) {}
-};

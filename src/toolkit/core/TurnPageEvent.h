@@ -1,9 +1,0 @@
-#pragma once
-// Turn page (1078): a paged list asks for its next or previous page, in param and the data block.
-#include "toolkit/core/CEvent.h"
-
-class TurnPageEvent : public CEvent {
-public:
-    explicit TurnPageEvent(int param = 0)
-        : CEvent(TurnPage, param) {}
-};

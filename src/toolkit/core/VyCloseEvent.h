@@ -1,8 +1,0 @@
-#pragma once
-#include "toolkit/core/VyEvent.h"
-
-class VyCloseEvent : public VyEvent {
-public:
-    VyCloseEvent()
-        : VyEvent(Close) {}
-};

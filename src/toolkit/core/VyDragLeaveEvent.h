@@ -1,9 +1,0 @@
-#pragma once
-#include "toolkit/core/VyEvent.h"
-
-// DragLeave (26).
-class VyDragLeaveEvent : public VyEvent {
-public:
-    VyDragLeaveEvent()
-        : VyEvent(DragLeave) {}
-};

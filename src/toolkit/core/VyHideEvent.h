@@ -1,8 +1,0 @@
-#pragma once
-#include "toolkit/core/VyEvent.h"
-
-class VyHideEvent : public VyEvent {
-public:
-    VyHideEvent()
-        : VyEvent(Hide) {}
-};

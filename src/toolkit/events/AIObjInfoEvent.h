@@ -1,0 +1,9 @@
+#pragma once
+// Analytics object information (1093): an object detection result from App, in the data block.
+#include "toolkit/events/CEvent.h"
+
+class AIObjInfoEvent : public CEvent {
+public:
+    explicit AIObjInfoEvent(int param = 0)
+        : CEvent(AIObjInfo, param) {}
+};

@@ -1,0 +1,9 @@
+#pragma once
+// Chinese input (1027): the input-method window's request, in param and the data block.
+#include "toolkit/events/CEvent.h"
+
+class ChineseInputEvent : public CEvent {
+public:
+    explicit ChineseInputEvent(int param = 0)
+        : CEvent(ChineseInput, param) {}
+};

@@ -1,0 +1,9 @@
+#pragma once
+// Playback request (1077): a playback screen's request, in param and the data block.
+#include "toolkit/events/CEvent.h"
+
+class PlaybackReqEvent : public CEvent {
+public:
+    explicit PlaybackReqEvent(int param = 0)
+        : CEvent(PlaybackReq, param) {}
+};

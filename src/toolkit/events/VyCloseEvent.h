@@ -1,0 +1,8 @@
+#pragma once
+#include "toolkit/events/VyEvent.h"
+
+class VyCloseEvent : public VyEvent {
+public:
+    VyCloseEvent()
+        : VyEvent(Close) {}
+};

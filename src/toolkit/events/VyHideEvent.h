@@ -1,0 +1,8 @@
+#pragma once
+#include "toolkit/events/VyEvent.h"
+
+class VyHideEvent : public VyEvent {
+public:
+    VyHideEvent()
+        : VyEvent(Hide) {}
+};
