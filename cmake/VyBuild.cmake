@@ -4,6 +4,9 @@ add_compile_options(-Wall -Wextra)
 # 64-bit time_t and file offsets where the C library offers them (glibc 2.34 and later on
 # 32-bit targets; nothing changes on 64-bit ones): a recorder runs past 2038.
 add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
+if(VY_ARM_NEON)
+  add_compile_options(-mfpu=neon-vfpv4)
+endif()
 if(VY_WERROR)
   add_compile_options(-Werror)
 endif()

@@ -3,3 +3,4 @@ set(VY_CROSS_TRIPLE arm-linux-gnueabihf)
 set(VY_CROSS_PROCESSOR arm)
 set(VY_CROSS_QEMU qemu-arm)
 include(${CMAKE_CURRENT_LIST_DIR}/VyCrossToolchain.cmake)
+
