@@ -23,6 +23,8 @@
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/VyTimerEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
@@ -83,7 +85,10 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
         link->send(1000, kSubTypeGuiPid, &pid, sizeof pid);
     }
 
-    // 8. Texts of the GUI's own messages.
+    // 8. Texts of the GUI's own messages; the first text request creates the translation,
+    // which reads the language from block 21.
+    VyTranslation::setSettingsStore(&m_languageStore);
+    m_translationInstalled = true;
     buildMessageTexts();
 
     // 9. The first screen waits until the network cameras have had time to connect.
@@ -105,6 +110,11 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 UiManager::~UiManager() {
     if (g_instance == this)
         g_instance = nullptr;
+    // The translation reads its settings through this manager's store.
+    if (m_translationInstalled) {
+        VyTranslation::resetInstance();
+        VyTranslation::setSettingsStore(nullptr);
+    }
 }
 
 UiManager* UiManager::instance() {
@@ -146,6 +156,10 @@ void UiManager::loadGeneralSettings() {
     m_showChannelName = b.showChannelName != 0;
     m_showRecordState = b.showRecordState != 0;
     m_menuTimeoutMinutes = b.menuTimeout;
+    // Only after start-up step 8 created the translation: the language follows block 21
+    // from then on.
+    if (m_translationInstalled)
+        VyTranslation::instance()->changeLanguage(int(b.languageIndex));
     if (m_windowTimeout != nullptr) {
         constexpr int kSecondsPerMinute = 60;
         m_windowTimeout->setTimeoutSeconds(m_menuTimeoutMinutes * kSecondsPerMinute);
@@ -165,12 +179,17 @@ void UiManager::setupOutput() {
 }
 
 void UiManager::buildMessageTexts() {
-    m_messageTexts.insert(MsgShutdown, VyString("NVR is shutting Down......"));
-    m_messageTexts.insert(MsgBusy, VyString("The device is busy, please wait......"));
+    m_messageTexts.insert(MsgShutdown, TextId::SystemNotice::ShuttingDown);
+    m_messageTexts.insert(MsgBusy, TextId::SystemNotice::DeviceBusy);
+    VyTranslation::instance();
+}
+
+uint32_t UiManager::messageTextId(MessageId id) const {
+    return m_messageTexts.value(id);
 }
 
 VyString UiManager::messageText(MessageId id) const {
-    return m_messageTexts.value(id);
+    return VyTranslation::tr(messageTextId(id));
 }
 
 VyString UiManager::dateFormatFor(int index) {

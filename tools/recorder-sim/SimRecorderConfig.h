@@ -16,6 +16,12 @@
 #include <utility>
 
 struct SimRecorderConfig {
+    // The general settings block and the byte of its language index (the low byte of its
+    // second word); the simulator starts in English (language 4) unless told otherwise.
+    static constexpr uint32_t kGeneralSettingsBlock = 21;
+    static constexpr uint32_t kLanguageIndexByte = 4;
+    static constexpr uint8_t kEnglish = 4;
+
     uint8_t channels = 8;
     uint8_t ipChannels = 4;
     uint8_t analogChannels = 4;
@@ -30,7 +36,8 @@ struct SimRecorderConfig {
     bool earlyStage1 = false;
     std::string storePath;
     std::map<uint32_t, uint32_t> blockSizes;                     // block -> bytes
-    std::map<std::pair<uint32_t, uint32_t>, uint8_t> blockBytes; // (block, offset) -> value
+    std::map<std::pair<uint32_t, uint32_t>, uint8_t> blockBytes{
+        {{kGeneralSettingsBlock, kLanguageIndexByte}, kEnglish}}; // (block, offset) -> value
 
     // Reads the file over the defaults. A line that does not parse is reported in `error`
     // (file and line) and skipped. False only when the file cannot be opened.

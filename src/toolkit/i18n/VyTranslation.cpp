@@ -5,6 +5,7 @@
 #include "toolkit/i18n/VyLanguageSettingsStore.h"
 #include "toolkit/i18n/VyXmlVisitor.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -110,6 +111,15 @@ bool VyTranslation::isRightToLeft(int index) {
 VyString VyTranslation::text(uint32_t id) const {
     const auto it = m_texts.find(id);
     return it != m_texts.end() ? it->second : VyString();
+}
+
+std::vector<uint32_t> VyTranslation::textIds() const {
+    std::vector<uint32_t> ids;
+    ids.reserve(m_texts.size());
+    for (const auto& entry : m_texts)
+        ids.push_back(entry.first);
+    std::sort(ids.begin(), ids.end());
+    return ids;
 }
 
 void VyTranslation::foundLanguages(uint32_t* mask, uint32_t* extended) const {

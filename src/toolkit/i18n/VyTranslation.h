@@ -15,6 +15,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 class VyLanguageSettingsStore;
 
@@ -56,6 +57,8 @@ public:
     // ---- Text query ----
     VyString text(uint32_t id) const;
     int textCount() const { return static_cast<int>(m_texts.size()); }
+    // The IDs of the loaded table, ascending.
+    std::vector<uint32_t> textIds() const;
 
     // ---- Language ----
     // The loaded language, kNoLanguage before the first load.
