@@ -1,7 +1,7 @@
 #include "model/GeneralSettingsLanguageStore.h"
 
-#include "model/GeneralSettingsBlock.h"
 #include "model/ParamAccess.h"
+#include "protocol/GeneralSettingsBlock.h"
 
 VyLanguageSettings GeneralSettingsLanguageStore::readLanguageSettings() {
     const GeneralSettingsBlock b = ParamAccess::get<GeneralSettingsBlock>();
