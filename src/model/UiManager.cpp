@@ -20,6 +20,7 @@
 #include "protocol/DisplaySwitchBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
+#include "runtime/VyFontEngine.h"
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
@@ -37,6 +38,7 @@ UiManager* g_instance = nullptr;
 
 constexpr const char* kFontFile = "font/yahei_arial_gothic_unicode.ttf";
 constexpr int kFontFileSize = 5242880; // bytes the device reserves for the font file
+constexpr const char* kFallbackList = "font/fallback-fonts.txt";
 
 const char* const kResolutionNames[] = {"1080p", "720p", "1024p", "768p", "600p"};
 
@@ -68,6 +70,9 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 
     // 3. The one font file of the whole GUI.
     VyFontMetrics::setFontFile(VyResources::path(kFontFile), kFontFileSize);
+    // The scripts the device font lacks come from the fallback fonts listed beside it.
+    VyFontEngine::instance().loadFallbackList(VyResources::path(kFallbackList),
+                                              VyResources::path("font"));
 
     // 4. Models and managers; their instance accessors fix the construction order.
     createSingletons();

@@ -1,6 +1,8 @@
 #include "toolkit/i18n/VyTranslation.h"
 
+#include "runtime/VyFontEngine.h"
 #include "runtime/VyLog.h"
+#include "runtime/VyTextShaper.h"
 #include "runtime/VyResources.h"
 #include "toolkit/i18n/VyLanguageSettingsStore.h"
 #include "toolkit/i18n/VyXmlVisitor.h"
@@ -91,6 +93,8 @@ void VyTranslation::setSettingsStore(VyLanguageSettingsStore* store) {
 
 void VyTranslation::resetInstance(VyTranslation* translation) {
     g_instance.reset(translation);
+    VyFontEngine::instance().shaper().setDefaultRightToLeft(translation != nullptr &&
+                                                           translation->isRightToLeft());
 }
 
 const char* VyTranslation::languageName(int index) {
@@ -208,6 +212,10 @@ bool VyTranslation::changeLanguage(int index) {
         return false;
     }
     m_texts = std::move(table);
+    // The process's language decides the direction of text without strong letters and the
+    // side of labels aligned to the leading edge.
+    if (this == g_instance.get())
+        VyFontEngine::instance().shaper().setDefaultRightToLeft(isRightToLeft(index));
     emitSignal(this, &languageChanged);
     return true;
 }
