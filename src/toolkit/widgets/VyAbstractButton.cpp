@@ -132,6 +132,7 @@ void VyAbstractButton::mousePressEvent(VyMouseEvent* e) {
         return;
     }
     e->accept();
+    m_mousePressed = true;
     setDown(true);
     VyObjectGuard guard(this);
     emitSignal(this, &pressed);
@@ -142,11 +143,12 @@ void VyAbstractButton::mousePressEvent(VyMouseEvent* e) {
 }
 
 void VyAbstractButton::mouseReleaseEvent(VyMouseEvent* e) {
-    if (e->button() != VyMouseEvent::LeftButton || !m_down) {
+    if (e->button() != VyMouseEvent::LeftButton || !m_mousePressed) {
         e->ignore();
         return;
     }
     e->accept();
+    m_mousePressed = false;
     if (m_repeatTimer) {
         killTimer(m_repeatTimer);
         m_repeatTimer = 0;
@@ -161,14 +163,13 @@ void VyAbstractButton::mouseReleaseEvent(VyMouseEvent* e) {
 }
 
 void VyAbstractButton::mouseMoveEvent(VyMouseEvent* e) {
-    if (!(e->buttons() & VyMouseEvent::LeftButton) || !isEnabled()) {
+    if (!m_mousePressed || !(e->buttons() & VyMouseEvent::LeftButton)) {
         e->ignore();
         return;
     }
     e->accept();
     // Dragging off the button shows it released; back on, pressed again.
-    if (m_repeatTimer || m_down || hitButton(e->pos()))
-        setDown(hitButton(e->pos()));
+    setDown(hitButton(e->pos()));
 }
 
 void VyAbstractButton::keyPressEvent(VyKeyEvent* e) {
@@ -201,6 +202,7 @@ void VyAbstractButton::focusOutEvent(VyFocusEvent*) {
 void VyAbstractButton::hideEvent(VyHideEvent*) {
     stopTimers();
     m_down = false;
+    m_mousePressed = false;
     m_hovered = false;
 }
 

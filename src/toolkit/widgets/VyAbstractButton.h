@@ -88,6 +88,7 @@ private:
     bool m_autoExclusive = false;
     bool m_autoRepeat = false;
     bool m_down = false;
+    bool m_mousePressed = false; // the left button went down on this button and is still held
     bool m_hovered = false;
     bool m_repeating = false; // the repeat timer runs at the interval, no longer the delay
 };
