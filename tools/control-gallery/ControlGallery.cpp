@@ -74,6 +74,22 @@ ControlGallery::ControlGallery(int screenWidth, int screenHeight)
     buildLiveRow();
 }
 
+namespace {
+
+void showTree(VyWidget* w) {
+    w->show();
+    for (VyObject* child : w->children())
+        if (child->isWidgetType())
+            showTree(static_cast<VyWidget*>(child));
+}
+
+} // namespace
+
+void ControlGallery::showPage() {
+    showTree(this);
+    m_focusedEdit->setFocus();
+}
+
 int ControlGallery::sx(int designX) const {
     return static_cast<int>(static_cast<float>(designX) * m_hScale);
 }

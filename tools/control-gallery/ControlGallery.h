@@ -14,7 +14,8 @@ public:
     // A top-level page covering the whole screen.
     explicit ControlGallery(int screenWidth, int screenHeight);
 
-    // The live line edit that holds the focus once the page is shown.
+    // Shows the page with all its controls and gives the live line edit the focus.
+    void showPage();
     VyLineEdit* focusedEdit() const { return m_focusedEdit; }
 
 protected:

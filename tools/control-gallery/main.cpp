@@ -1,6 +1,6 @@
 // control-gallery: every standard control in every state on one page, for looking at the
 // style and for the golden images of the tests.
-//   control-gallery [-d DEVICE] [-o shot.png] [-r RESOURCES]
+//   control-gallery [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT]
 // DEVICE is a display as VY_FBDEV_NODE takes it (default mem:1920x1080, or window:1280x720
 // to look at it on a desktop). With -o the page is drawn once, written as a PNG, and the
 // program ends; without it the program runs until the window is closed.
@@ -24,20 +24,14 @@ namespace {
 const char* const kFontFile = "font/yahei_arial_gothic_unicode.ttf";
 const char* const kFallbackFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
-void showTree(VyWidget* w) {
-    w->show();
-    for (VyObject* child : w->children())
-        if (child->isWidgetType())
-            showTree(static_cast<VyWidget*>(child));
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     const char* device = "mem:1920x1080";
     const char* shot = nullptr;
+    const char* font = nullptr;
     int opt;
-    while ((opt = getopt(argc, argv, "d:o:r:h")) != -1) {
+    while ((opt = getopt(argc, argv, "d:o:r:f:h")) != -1) {
         switch (opt) {
         case 'd':
             device = optarg;
@@ -45,17 +39,25 @@ int main(int argc, char** argv) {
         case 'o':
             shot = optarg;
             break;
+        case 'f':
+            font = optarg;
+            break;
         case 'r':
             VyResources::setRoot(optarg);
             break;
         default:
-            std::fprintf(stderr, "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES]\n", argv[0]);
+            std::fprintf(stderr, "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT]\n", argv[0]);
             return opt == 'h' ? 0 : 2;
         }
     }
-    if (!VyFontEngine::instance().setFontFile(VyResources::path(kFontFile),
+    if (font && !VyFontEngine::instance().setFontFile(font, VyFontEngine::kDeviceFontReserveBytes)) {
+        std::fprintf(stderr, "control-gallery: cannot read font %s\n", font);
+        return 1;
+    }
+    if (!font && !VyFontEngine::instance().setFontFile(VyResources::path(kFontFile),
                                               VyFontEngine::kDeviceFontReserveBytes) &&
-        !VyFontEngine::instance().setFontFile(kFallbackFont, VyFontEngine::kDeviceFontReserveBytes)) {
+        !VyFontEngine::instance().setFontFile(kFallbackFont,
+                                              VyFontEngine::kDeviceFontReserveBytes)) {
         std::fprintf(stderr, "control-gallery: no font\n");
         return 1;
     }
@@ -64,8 +66,7 @@ int main(int argc, char** argv) {
     VyScreen* screen = app.screen();
     VyStyle::instance()->followScreen(screen);
     ControlGallery gallery(screen->width(), screen->height());
-    showTree(&gallery);
-    gallery.focusedEdit()->setFocus();
+    gallery.showPage();
     if (!shot) {
         VyObject::connect(screen, &screen->displayClosed, &app, VY_SLOT(VyApplication, quit));
         return app.exec();

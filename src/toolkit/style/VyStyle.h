@@ -90,6 +90,8 @@ public:
                                  const VyString& text) const;
     virtual void drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot,
                               const VyString& title, bool checkable, bool checked) const;
+    // The height of a group box's title row (its text, and its check box when checkable).
+    int groupBoxTitleHeight(bool checkable) const;
     // Positions are pixels from the left of the text area; cursorX < 0 draws no cursor and an
     // empty selection range none.
     struct LineEditText {

@@ -183,6 +183,16 @@ VyRect indicatorBox(const VyRect& rect, int side) {
     return VyRect(rect.left, rect.top + (rect.height() - side) / 2, side, side);
 }
 
+// Indicator images are made for the output's size class (normal or "-max"): drawn at their own
+// size they stay crisp, and only a box too small for them scales them down.
+void drawIndicatorImage(VyCanvas* canvas, const VyRect& box, const VyBitmap& image) {
+    if (box.width() >= image.width() && box.height() >= image.height())
+        canvas->drawImage(box.left + (box.width() - image.width()) / 2,
+                          box.top + (box.height() - image.height()) / 2, image);
+    else
+        canvas->drawImage(box, image);
+}
+
 } // namespace
 
 void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
@@ -190,10 +200,10 @@ void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool 
     const VyCheckBoxOption& o = m_option.get<VyCheckBoxOption>();
     const int s = stateIndex(slot);
     const ClipScope clip(canvas, rect);
-    const VyRect box = indicatorBox(rect, indicatorSize());
     const VySTOptArray<VySTPixmap, 8>& images = checked ? o.checked : o.unchecked;
+    const VyRect box = indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
     if (images.isSet(s))
-        canvas->drawImage(box, images.at(s)->bitmap);
+        drawIndicatorImage(canvas, box, images.at(s)->bitmap);
     else
         drawIndicatorShape(canvas, box, false, checked,
                            color(o.border, s, D::kIndicatorBorder[s]),
@@ -210,10 +220,10 @@ void VyStyle::drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bo
     const VyRadioButtonOption& o = m_option.get<VyRadioButtonOption>();
     const int s = stateIndex(slot);
     const ClipScope clip(canvas, rect);
-    const VyRect box = indicatorBox(rect, indicatorSize());
     const VySTOptArray<VySTPixmap, 8>& images = checked ? o.checked : o.unchecked;
+    const VyRect box = indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
     if (images.isSet(s))
-        canvas->drawImage(box, images.at(s)->bitmap);
+        drawIndicatorImage(canvas, box, images.at(s)->bitmap);
     else
         drawIndicatorShape(canvas, box, true, checked, color(o.border, s, D::kIndicatorBorder[s]),
                            s == VyStyleDisabled ? D::kIndicatorBorder[s] : D::kAccent);
@@ -222,6 +232,16 @@ void VyStyle::drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bo
              VyRect::fromEdges(box.right + 1 + indicatorSpacing(), rect.top, rect.right, rect.bottom),
              kLeftVCenter, text, fontSize(o.font, s),
              color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
+}
+
+int VyStyle::groupBoxTitleHeight(bool checkable) const {
+    const int text = VyTextLayout::lineHeight(fontSize(m_option.get<VyLabelOption>().font, VyStyleNormal));
+    if (!checkable)
+        return text;
+    const VyCheckBoxOption& o = m_option.get<VyCheckBoxOption>();
+    const int box = o.checked.isSet(VyStyleNormal) ? o.checked.at(VyStyleNormal)->bitmap.height()
+                                                   : indicatorSize();
+    return std::max(text, box);
 }
 
 void VyStyle::drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const VyString& title,
@@ -233,13 +253,16 @@ void VyStyle::drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const
     const int s = stateIndex(slot);
     const ClipScope clip(canvas, rect);
     const int px = fontSize(label.font, s);
-    const int titleH = VyTextLayout::lineHeight(px);
     const int pad = scaled(kFieldPaddingDesign);
-    const VyRect frame = VyRect::fromEdges(rect.left, rect.top + titleH / 2, rect.right, rect.bottom);
     const vyargb line = color(field.border, s, D::kFieldBorder[s]);
     int x = rect.left + pad;
     const int titleRoom = rect.width() - 2 * pad;
-    const int boxW = checkable ? std::min(indicatorSize(), titleH) + indicatorSpacing() : 0;
+    const VyCheckBoxOption& cbo = m_option.get<VyCheckBoxOption>();
+    const VySTOptArray<VySTPixmap, 8>& titleImages = checked ? cbo.checked : cbo.unchecked;
+    const int side = titleImages.isSet(s) ? titleImages.at(s)->bitmap.width() : indicatorSize();
+    const int titleH = groupBoxTitleHeight(checkable);
+    const VyRect frame = VyRect::fromEdges(rect.left, rect.top + titleH / 2, rect.right, rect.bottom);
+    const int boxW = checkable ? std::min(side, titleH) + indicatorSpacing() : 0;
     const int textW = title.isEmpty() ? 0
                                       : std::max(0, std::min(VyTextLayout::width(title, px),
                                                              titleRoom - boxW));
@@ -257,7 +280,7 @@ void VyStyle::drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const
                          boxW - indicatorSpacing(), boxW - indicatorSpacing());
         const VySTOptArray<VySTPixmap, 8>& images = checked ? cb.checked : cb.unchecked;
         if (images.isSet(s))
-            canvas->drawImage(box, images.at(s)->bitmap);
+            drawIndicatorImage(canvas, box, images.at(s)->bitmap);
         else
             drawIndicatorShape(canvas, box, false, checked, color(cb.border, s, D::kIndicatorBorder[s]),
                                D::kAccent);

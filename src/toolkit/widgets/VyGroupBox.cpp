@@ -47,9 +47,7 @@ void VyGroupBox::applyCheckedToChildren() {
 }
 
 int VyGroupBox::titleHeight() const {
-    const int px = VyStyle::fontSize(VyStyle::instance()->option().get<VyLabelOption>().font,
-                                     VyStyleNormal);
-    return VyTextLayout::lineHeight(px);
+    return VyStyle::instance()->groupBoxTitleHeight(m_checkable);
 }
 
 VyRect VyGroupBox::contentsRect() const {
