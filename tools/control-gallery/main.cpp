@@ -1,6 +1,7 @@
 // control-gallery: every standard control in every state on one page, for looking at the
 // style and for the golden images of the tests.
-//   control-gallery [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT]
+//   control-gallery [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k]
+// -k opens the on-screen keyboard on the focused line edit.
 // DEVICE is a display as VY_FBDEV_NODE takes it (default mem:1920x1080, or window:1280x720
 // to look at it on a desktop). With -o the page is drawn once, written as a PNG, and the
 // program ends; without it the program runs until the window is closed.
@@ -30,14 +31,18 @@ int main(int argc, char** argv) {
     const char* device = "mem:1920x1080";
     const char* shot = nullptr;
     const char* font = nullptr;
+    bool keyboard = false;
     int opt;
-    while ((opt = getopt(argc, argv, "d:o:r:f:h")) != -1) {
+    while ((opt = getopt(argc, argv, "d:o:r:f:kh")) != -1) {
         switch (opt) {
         case 'd':
             device = optarg;
             break;
         case 'o':
             shot = optarg;
+            break;
+        case 'k':
+            keyboard = true;
             break;
         case 'f':
             font = optarg;
@@ -46,7 +51,7 @@ int main(int argc, char** argv) {
             VyResources::setRoot(optarg);
             break;
         default:
-            std::fprintf(stderr, "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT]\n", argv[0]);
+            std::fprintf(stderr, "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k]\n", argv[0]);
             return opt == 'h' ? 0 : 2;
         }
     }
@@ -67,6 +72,8 @@ int main(int argc, char** argv) {
     VyStyle::instance()->followScreen(screen);
     ControlGallery gallery(screen->width(), screen->height());
     gallery.showPage();
+    if (keyboard)
+        gallery.focusedEdit()->openKeyboard();
     if (!shot) {
         VyObject::connect(screen, &screen->displayClosed, &app, VY_SLOT(VyApplication, quit));
         return app.exec();

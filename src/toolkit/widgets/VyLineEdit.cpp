@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyTextLayout.h"
 #include "toolkit/widgets/VyControlState.h"
+#include "toolkit/widgets/VyKeyboard.h"
 
 namespace {
 
@@ -22,6 +24,14 @@ VyLineEdit::VyLineEdit(VyWidget* parent)
 VyLineEdit::VyLineEdit(const VyString& text, VyWidget* parent)
     : VyLineEdit(parent) {
     setText(text);
+}
+
+VyLineEdit::~VyLineEdit() = default;
+
+void VyLineEdit::openKeyboard() {
+    if (!m_keyboard)
+        m_keyboard = std::make_unique<VyKeyboard>();
+    m_keyboard->open(this);
 }
 
 bool VyLineEdit::commit(std::u32string text, int cursor) {
@@ -247,7 +257,14 @@ void VyLineEdit::keyPressEvent(VyKeyEvent* e) {
     }
     if (key == VyKeyEvent::KeyOk) {
         e->accept();
-        emitSignal(this, m_keyboardEnabled && !m_readOnly ? &keyboardRequested : &returnPressed);
+        if (m_keyboardEnabled && !m_readOnly) {
+            VyObjectGuard guard(this);
+            emitSignal(this, &keyboardRequested);
+            if (guard.object())
+                openKeyboard();
+        } else {
+            emitSignal(this, &returnPressed);
+        }
         return;
     }
     // The arrows move the key focus between controls; a line edit does not keep them.
@@ -281,8 +298,12 @@ void VyLineEdit::mouseReleaseEvent(VyMouseEvent* e) {
     e->accept();
     m_selecting = false;
     // A click (not a drag-selection) asks for the keyboard, as OK does.
-    if (!hasSelectedText() && m_keyboardEnabled && !m_readOnly && rect().contains(e->pos()))
+    if (!hasSelectedText() && m_keyboardEnabled && !m_readOnly && rect().contains(e->pos())) {
+        VyObjectGuard guard(this);
         emitSignal(this, &keyboardRequested);
+        if (guard.object())
+            openKeyboard();
+    }
 }
 
 void VyLineEdit::hoverEnterEvent(VyHoverEvent*) {

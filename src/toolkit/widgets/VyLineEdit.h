@@ -3,11 +3,14 @@
 // (so a multi-byte UTF-8 character is never cut), password echo, placeholder text and an
 // optional validator that refuses edits making the text invalid. Digit keys type into it;
 // OK or a click opens the on-screen keyboard when one is enabled.
+#include <memory>
 #include <string>
 
 #include "runtime/VyString.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/widgets/VyValidator.h"
+
+class VyKeyboard;
 
 class VyLineEdit : public VyWidget {
     VY_OBJECT(VyLineEdit, VyWidget)
@@ -17,6 +20,7 @@ public:
 
     explicit VyLineEdit(VyWidget* parent = nullptr);
     VyLineEdit(const VyString& text, VyWidget* parent = nullptr);
+    ~VyLineEdit() override;
 
     VySignal textChanged; // after every change of the text, typed or set
     VySignal returnPressed; // OK while the keyboard is off
@@ -44,6 +48,10 @@ public:
     // Whether OK and clicks open the on-screen keyboard (on by default).
     void setKeyboardEnabled(bool on) { m_keyboardEnabled = on; }
     bool keyboardEnabled() const { return m_keyboardEnabled; }
+    // Opens the on-screen keyboard on this field (what OK and a click do); it is made on first
+    // use and lives as long as the field.
+    void openKeyboard();
+    VyKeyboard* keyboard() const { return m_keyboard.get(); }
 
     // Editing at the cursor, as the keys of the on-screen keyboard do. Each answers whether
     // the text changed; an edit the validator refuses changes nothing.
@@ -88,6 +96,7 @@ private:
     int textX(int position) const; // pixels from the start of the shown text
     void moveCursor(int position, bool mark);
 
+    std::unique_ptr<VyKeyboard> m_keyboard;
     std::u32string m_text;
     VyString m_placeholder;
     int m_cursor = 0;
