@@ -52,8 +52,8 @@ public:
 
 struct Scene {
     VyApplication* app;
-    Page* empty;   // the baseline: a full-screen window that paints nothing
-    Page* page;    // 100 labelled buttons
+    Page* empty; // the baseline: a full-screen window that paints nothing
+    Page* page;  // 100 labelled buttons
     std::vector<CountedButton*> buttons;
     VyLineEdit* edit;
 };

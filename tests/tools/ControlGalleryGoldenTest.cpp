@@ -68,10 +68,12 @@ TEST_P(GalleryGolden, EveryControlInEveryStateMatchesTheCheckedImage) {
                 }
     }
     if (differing != 0) {
-        const VyString actualPath = VyString(VY_TEST_DATA_DIR "/gallery/gallery-") + size + ".actual.png";
+        const VyString actualPath =
+            VyString(VY_TEST_DATA_DIR "/gallery/gallery-") + size + ".actual.png";
         actual.savePng(actualPath);
-        FAIL() << (differing < 0 ? VyString("no golden image ") + expectedPath
-                                 : VyString::number(differing) + " pixels differ from " + expectedPath)
+        FAIL() << (differing < 0
+                       ? VyString("no golden image ") + expectedPath
+                       : VyString::number(differing) + " pixels differ from " + expectedPath)
                       .c_str()
                << "; the page as drawn now is " << actualPath.c_str();
     }

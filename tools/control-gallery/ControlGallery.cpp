@@ -57,9 +57,9 @@ struct Column {
 };
 
 const Column kColumns[] = {
-    {"Normal", VyStyleNormal, false},   {"Hover", VyStyleHover, false},
-    {"Focus", VyStyleFocus, false},     {"Disabled", VyStyleDisabled, false},
-    {"On", VyStyleNormal, true},        {"On, disabled", VyStyleDisabled, true},
+    {"Normal", VyStyleNormal, false}, {"Hover", VyStyleHover, false},
+    {"Focus", VyStyleFocus, false},   {"Disabled", VyStyleDisabled, false},
+    {"On", VyStyleNormal, true},      {"On, disabled", VyStyleDisabled, true},
 };
 
 } // namespace
@@ -145,8 +145,8 @@ void ControlGallery::buildStateMatrix() {
              VyStyle::LineEditText t;
              t.text = "192.168.1.64";
              if (slot == VyStyleFocus)
-                 t.cursorX = VyTextLayout::width(t.text, VyStyle::fontSize(
-                     style->option().get<VyLineEditOption>().font, slot));
+                 t.cursorX = VyTextLayout::width(
+                     t.text, VyStyle::fontSize(style->option().get<VyLineEditOption>().font, slot));
              style->drawLineEdit(c, r, slot, t);
          },
          false},
@@ -159,7 +159,8 @@ void ControlGallery::buildStateMatrix() {
          [style](VyCanvas* c, const VyRect& r, int slot, bool) {
              const int len = std::min(style->sliderHandleLength(), r.height());
              const int x = r.left + (r.width() - len) * 3 / 5;
-             style->drawSlider(c, r, slot, true, VyRect(x, r.top + (r.height() - len) / 2, len, len));
+             style->drawSlider(c, r, slot, true,
+                               VyRect(x, r.top + (r.height() - len) / 2, len, len));
          },
          false},
         {"VyScrollBar",
@@ -172,8 +173,8 @@ void ControlGallery::buildStateMatrix() {
          false},
         {"VyProgressBar",
          [style](VyCanvas* c, const VyRect& r, int, bool) {
-             style->drawProgressBar(c, VyRect(r.left, r.top + r.height() / 4, r.width(), r.height() / 2),
-                                    62, "62%");
+             style->drawProgressBar(
+                 c, VyRect(r.left, r.top + r.height() / 4, r.width(), r.height() / 2), 62, "62%");
          },
          false},
         {"VyLabel",
@@ -188,8 +189,9 @@ void ControlGallery::buildStateMatrix() {
              VyStringList lines;
              lines.append("Start recording");
              const VySize s = style->toolTipSize(lines);
-             style->drawToolTip(c, VyRect(r.left, r.top, std::min(s.width, r.width()),
-                                          std::min(s.height, r.height())),
+             style->drawToolTip(c,
+                                VyRect(r.left, r.top, std::min(s.width, r.width()),
+                                       std::min(s.height, r.height())),
                                 lines);
          },
          false},

@@ -51,15 +51,19 @@ int main(int argc, char** argv) {
             VyResources::setRoot(optarg);
             break;
         default:
-            std::fprintf(stderr, "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k]\n", argv[0]);
+            std::fprintf(stderr,
+                         "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k]\n",
+                         argv[0]);
             return opt == 'h' ? 0 : 2;
         }
     }
-    if (font && !VyFontEngine::instance().setFontFile(font, VyFontEngine::kDeviceFontReserveBytes)) {
+    if (font &&
+        !VyFontEngine::instance().setFontFile(font, VyFontEngine::kDeviceFontReserveBytes)) {
         std::fprintf(stderr, "control-gallery: cannot read font %s\n", font);
         return 1;
     }
-    if (!font && !VyFontEngine::instance().setFontFile(VyResources::path(kFontFile),
+    if (!font &&
+        !VyFontEngine::instance().setFontFile(VyResources::path(kFontFile),
                                               VyFontEngine::kDeviceFontReserveBytes) &&
         !VyFontEngine::instance().setFontFile(kFallbackFont,
                                               VyFontEngine::kDeviceFontReserveBytes)) {
@@ -80,8 +84,8 @@ int main(int argc, char** argv) {
     }
     screen->cursor()->hide();
     app.processPostedEvents();
-    const VyBitmap image =
-        VyFrameDump::toBitmap(screen->mapping(), screen->width(), screen->height(), screen->lineLength());
+    const VyBitmap image = VyFrameDump::toBitmap(screen->mapping(), screen->width(),
+                                                 screen->height(), screen->lineLength());
     if (image.isNull() || !image.savePng(shot)) {
         std::fprintf(stderr, "control-gallery: cannot write %s\n", shot);
         return 1;

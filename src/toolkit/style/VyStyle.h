@@ -9,8 +9,8 @@
 #include "runtime/VyMap.h"
 #include "runtime/VyRect.h"
 #include "runtime/VySize.h"
-#include "runtime/VyStringList.h"
 #include "runtime/VyString.h"
+#include "runtime/VyStringList.h"
 #include "toolkit/core/VyObject.h"
 #include "toolkit/style/VyStyleOption.h"
 
@@ -88,8 +88,8 @@ public:
                               const VyString& text) const;
     virtual void drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
                                  const VyString& text) const;
-    virtual void drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot,
-                              const VyString& title, bool checkable, bool checked) const;
+    virtual void drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const VyString& title,
+                              bool checkable, bool checked) const;
     // The height of a group box's title row (its text, and its check box when checkable).
     int groupBoxTitleHeight(bool checkable) const;
     // Positions are pixels from the left of the text area; cursorX < 0 draws no cursor and an

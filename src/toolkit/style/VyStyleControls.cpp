@@ -107,10 +107,11 @@ void VyStyle::drawLabel(VyCanvas* canvas, const VyRect& rect, int slot, const Vy
     else if (alignment & VyCanvas::AlignBottom)
         top = rect.bottom + 1 - total;
     top = std::max(top, rect.top);
-    const int hAlign = alignment & (VyCanvas::AlignLeft | VyCanvas::AlignRight | VyCanvas::AlignHCenter);
+    const int hAlign =
+        alignment & (VyCanvas::AlignLeft | VyCanvas::AlignRight | VyCanvas::AlignHCenter);
     for (int i = 0; i < lines.size() && top <= rect.bottom; ++i, top += lineH)
-        drawLine(canvas, VyRect(rect.left, top, rect.width(), lineH), hAlign | VyCanvas::AlignVCenter,
-                 lines.at(i), px, fg);
+        drawLine(canvas, VyRect(rect.left, top, rect.width(), lineH),
+                 hAlign | VyCanvas::AlignVCenter, lines.at(i), px, fg);
 }
 
 void VyStyle::drawPushButton(VyCanvas* canvas, const VyRect& rect, int slot, bool pressed,
@@ -145,14 +146,16 @@ void VyStyle::drawPushButton(VyCanvas* canvas, const VyRect& rect, int slot, boo
     const vyargb fg = color(o.foreground, s, D::kButtonForeground[s]);
     if (!icon.isNull()) {
         const int side = std::min(content.height(), std::max(1, px + px / 2));
-        const int textW = text.isEmpty() ? 0 : std::min(VyTextLayout::width(text, px),
-                                                        content.width() - side - margin / 2);
+        const int textW = text.isEmpty() ? 0
+                                         : std::min(VyTextLayout::width(text, px),
+                                                    content.width() - side - margin / 2);
         const int total = side + (text.isEmpty() ? 0 : margin / 2 + textW);
         const int x = content.left + std::max(0, (content.width() - total) / 2);
         canvas->drawImage(VyRect(x, content.top + (content.height() - side) / 2, side, side), icon);
         if (!text.isEmpty())
-            drawLine(canvas, VyRect::fromEdges(x + side + margin / 2, content.top, content.right,
-                                               content.bottom),
+            drawLine(canvas,
+                     VyRect::fromEdges(x + side + margin / 2, content.top, content.right,
+                                       content.bottom),
                      kLeftVCenter, text, px, fg);
         return;
     }
@@ -201,18 +204,19 @@ void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool 
     const int s = stateIndex(slot);
     const ClipScope clip(canvas, rect);
     const VySTOptArray<VySTPixmap, 8>& images = checked ? o.checked : o.unchecked;
-    const VyRect box = indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
+    const VyRect box =
+        indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
     if (images.isSet(s))
         drawIndicatorImage(canvas, box, images.at(s)->bitmap);
     else
-        drawIndicatorShape(canvas, box, false, checked,
-                           color(o.border, s, D::kIndicatorBorder[s]),
+        drawIndicatorShape(canvas, box, false, checked, color(o.border, s, D::kIndicatorBorder[s]),
                            s == VyStyleDisabled ? D::kIndicatorBorder[s] : D::kAccent);
     const int fgSlot = s == VyStyleDisabled ? VyStyleDisabled : VyStyleNormal;
-    drawLine(canvas,
-             VyRect::fromEdges(box.right + 1 + indicatorSpacing(), rect.top, rect.right, rect.bottom),
-             kLeftVCenter, text, fontSize(o.font, s),
-             color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
+    drawLine(
+        canvas,
+        VyRect::fromEdges(box.right + 1 + indicatorSpacing(), rect.top, rect.right, rect.bottom),
+        kLeftVCenter, text, fontSize(o.font, s),
+        color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
 }
 
 void VyStyle::drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
@@ -221,21 +225,24 @@ void VyStyle::drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bo
     const int s = stateIndex(slot);
     const ClipScope clip(canvas, rect);
     const VySTOptArray<VySTPixmap, 8>& images = checked ? o.checked : o.unchecked;
-    const VyRect box = indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
+    const VyRect box =
+        indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
     if (images.isSet(s))
         drawIndicatorImage(canvas, box, images.at(s)->bitmap);
     else
         drawIndicatorShape(canvas, box, true, checked, color(o.border, s, D::kIndicatorBorder[s]),
                            s == VyStyleDisabled ? D::kIndicatorBorder[s] : D::kAccent);
     const int fgSlot = s == VyStyleDisabled ? VyStyleDisabled : VyStyleNormal;
-    drawLine(canvas,
-             VyRect::fromEdges(box.right + 1 + indicatorSpacing(), rect.top, rect.right, rect.bottom),
-             kLeftVCenter, text, fontSize(o.font, s),
-             color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
+    drawLine(
+        canvas,
+        VyRect::fromEdges(box.right + 1 + indicatorSpacing(), rect.top, rect.right, rect.bottom),
+        kLeftVCenter, text, fontSize(o.font, s),
+        color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
 }
 
 int VyStyle::groupBoxTitleHeight(bool checkable) const {
-    const int text = VyTextLayout::lineHeight(fontSize(m_option.get<VyLabelOption>().font, VyStyleNormal));
+    const int text =
+        VyTextLayout::lineHeight(fontSize(m_option.get<VyLabelOption>().font, VyStyleNormal));
     if (!checkable)
         return text;
     const VyCheckBoxOption& o = m_option.get<VyCheckBoxOption>();
@@ -261,11 +268,12 @@ void VyStyle::drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const
     const VySTOptArray<VySTPixmap, 8>& titleImages = checked ? cbo.checked : cbo.unchecked;
     const int side = titleImages.isSet(s) ? titleImages.at(s)->bitmap.width() : indicatorSize();
     const int titleH = groupBoxTitleHeight(checkable);
-    const VyRect frame = VyRect::fromEdges(rect.left, rect.top + titleH / 2, rect.right, rect.bottom);
+    const VyRect frame =
+        VyRect::fromEdges(rect.left, rect.top + titleH / 2, rect.right, rect.bottom);
     const int boxW = checkable ? std::min(side, titleH) + indicatorSpacing() : 0;
-    const int textW = title.isEmpty() ? 0
-                                      : std::max(0, std::min(VyTextLayout::width(title, px),
-                                                             titleRoom - boxW));
+    const int textW = title.isEmpty()
+                          ? 0
+                          : std::max(0, std::min(VyTextLayout::width(title, px), titleRoom - boxW));
     // The title interrupts the top line of the frame.
     const int gapFrom = textW + boxW > 0 ? x - pad / 2 : frame.right + 1;
     const int gapTo = textW + boxW > 0 ? x + boxW + textW + pad / 2 : frame.right + 1;
@@ -282,13 +290,14 @@ void VyStyle::drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const
         if (images.isSet(s))
             drawIndicatorImage(canvas, box, images.at(s)->bitmap);
         else
-            drawIndicatorShape(canvas, box, false, checked, color(cb.border, s, D::kIndicatorBorder[s]),
-                               D::kAccent);
+            drawIndicatorShape(canvas, box, false, checked,
+                               color(cb.border, s, D::kIndicatorBorder[s]), D::kAccent);
         x += boxW;
     }
     const int fgSlot = s == VyStyleDisabled ? VyStyleDisabled : VyStyleNormal;
-    drawLine(canvas, VyRect(x, rect.top, textW, titleH), kLeftVCenter, title, px,
-             color(label.foreground, fgSlot, fgSlot == VyStyleDisabled ? D::kTextDimmed : D::kText));
+    drawLine(
+        canvas, VyRect(x, rect.top, textW, titleH), kLeftVCenter, title, px,
+        color(label.foreground, fgSlot, fgSlot == VyStyleDisabled ? D::kTextDimmed : D::kText));
 }
 
 VyRect VyStyle::lineEditTextRect(const VyRect& rect) const {
@@ -311,14 +320,14 @@ void VyStyle::drawLineEdit(VyCanvas* canvas, const VyRect& rect, int slot,
                  color(o.foreground, VyStyleDisabled, D::kTextDimmed));
     } else {
         if (content.selectionToX > content.selectionFromX)
-            canvas->fillRect(VyRect::fromEdges(area.left + content.selectionFromX - content.scroll,
-                                               area.top + 2,
-                                               area.left + content.selectionToX - content.scroll - 1,
-                                               area.bottom - 2),
-                             color(o.border, VyStyleFocus, D::kFocus));
+            canvas->fillRect(
+                VyRect::fromEdges(area.left + content.selectionFromX - content.scroll, area.top + 2,
+                                  area.left + content.selectionToX - content.scroll - 1,
+                                  area.bottom - 2),
+                color(o.border, VyStyleFocus, D::kFocus));
         // The text scrolls under the clip instead of being elided: the cursor must stay visible.
-        canvas->drawText(VyRect(area.left - content.scroll, area.top,
-                                area.width() + content.scroll, area.height()),
+        canvas->drawText(VyRect(area.left - content.scroll, area.top, area.width() + content.scroll,
+                                area.height()),
                          kLeftVCenter, content.text, px,
                          color(o.foreground, s, D::kFieldForeground[s]));
     }
@@ -346,7 +355,8 @@ void VyStyle::drawSpinBox(VyCanvas* canvas, const VyRect& rect, int slot, const 
     canvas->fillRect(rect, color(o.background, s, D::kFieldBackground[s]));
     canvas->drawRect(rect, border);
     const int buttonW = std::max(8, rect.height() * 4 / 5);
-    const VyRect buttons = VyRect::fromEdges(rect.right - buttonW + 1, rect.top, rect.right, rect.bottom);
+    const VyRect buttons =
+        VyRect::fromEdges(rect.right - buttonW + 1, rect.top, rect.right, rect.bottom);
     canvas->fillRect(VyRect(buttons.left, rect.top + 1, 1, rect.height() - 2), border);
     const int mid = rect.top + rect.height() / 2;
     const VyRect up = VyRect::fromEdges(buttons.left + 1, rect.top + 1, rect.right - 1, mid - 1);
@@ -358,15 +368,17 @@ void VyStyle::drawSpinBox(VyCanvas* canvas, const VyRect& rect, int slot, const 
             canvas->fillRect(part, color(o.border, VyStyleFocus, D::kFocus));
         const int imgSlot = enabled && s != VyStyleDisabled ? VyStyleNormal : VyStyleDisabled;
         const int side = std::max(1, std::min(part.width(), part.height()) - 2);
-        const VyRect box(part.left + (part.width() - side) / 2, part.top + (part.height() - side) / 2,
-                         side, side);
+        const VyRect box(part.left + (part.width() - side) / 2,
+                         part.top + (part.height() - side) / 2, side, side);
         if (images.isSet(imgSlot)) {
             canvas->drawImage(box, images.at(imgSlot)->bitmap);
         } else {
             const int w = std::max(3, side / 2) | 1;
             const VyRect tri(box.left + (side - w) / 2, box.top + (side - w / 2) / 2, w, w / 2 + 1);
             drawArrow(canvas, dir, tri,
-                      imgSlot == VyStyleDisabled ? color(o.foreground, VyStyleDisabled, D::kTextDimmed) : fg);
+                      imgSlot == VyStyleDisabled
+                          ? color(o.foreground, VyStyleDisabled, D::kTextDimmed)
+                          : fg);
         }
     };
     arrow(up, upEnabled, pressedPart == SpinUp, o.upArrow, ArrowUp);
@@ -389,9 +401,10 @@ void VyStyle::drawSlider(VyCanvas* canvas, const VyRect& rect, int slot, bool ho
                                         thick, std::max(0, rect.height() - 2 * half));
     canvas->fillRect(groove, color(o.grooveBackground, VyStyleNormal, D::kField));
     const int subSlot = s == VyStyleHover || s == VyStyleFocus ? VyStyleHover : VyStyleNormal;
-    const vyargb sub = s == VyStyleDisabled ? D::kLineDisabled
-                                            : color(o.subPageBackground, subSlot,
-                                                    subSlot == VyStyleHover ? D::kAccentLight : D::kAccent);
+    const vyargb sub = s == VyStyleDisabled
+                           ? D::kLineDisabled
+                           : color(o.subPageBackground, subSlot,
+                                   subSlot == VyStyleHover ? D::kAccentLight : D::kAccent);
     // The sub-page runs from the minimum end (left, or bottom for a vertical slider) to the handle.
     if (horizontal)
         canvas->fillRect(VyRect::fromEdges(groove.left, groove.top,
@@ -399,7 +412,8 @@ void VyStyle::drawSlider(VyCanvas* canvas, const VyRect& rect, int slot, bool ho
                                            groove.bottom),
                          sub);
     else
-        canvas->fillRect(VyRect::fromEdges(groove.left, std::max(groove.top, handle.top + handle.height() / 2),
+        canvas->fillRect(VyRect::fromEdges(groove.left,
+                                           std::max(groove.top, handle.top + handle.height() / 2),
                                            groove.right, groove.bottom),
                          sub);
     canvas->drawRect(groove, color(o.border, s, D::kFieldBorder[s]));
@@ -423,9 +437,10 @@ void VyStyle::drawScrollBar(VyCanvas* canvas, const VyRect& rect, int slot, bool
     canvas->fillRect(rect, color(o.groove, s, D::kField));
     canvas->fillRect(rect, color(o.background, s, 0));
     const vyargb handle = slot == VyStyleDisabled ? D::kLineDisabled
-                                                  : color(o.slider, s, s == VyStyleNormal ? D::kScrollSlider
-                                                                      : s == VyStyleFocus ? D::kAccent
-                                                                                          : D::kIndicatorLine);
+                                                  : color(o.slider, s,
+                                                          s == VyStyleNormal  ? D::kScrollSlider
+                                                          : s == VyStyleFocus ? D::kAccent
+                                                                              : D::kIndicatorLine);
     canvas->fillRect(slider, handle);
 }
 

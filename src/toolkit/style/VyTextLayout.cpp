@@ -56,7 +56,8 @@ VyStringList VyTextLayout::wrapped(const VyString& text, int pixelSize, int widt
             int fit = fittingLength(rest, pixelSize, width);
             // Break after the last space that fits; a word wider than the line is cut.
             const size_t space = rest.rfind(U' ', static_cast<size_t>(fit));
-            size_t cut = space != std::u32string::npos && space > 0 ? space : static_cast<size_t>(fit);
+            size_t cut =
+                space != std::u32string::npos && space > 0 ? space : static_cast<size_t>(fit);
             if (cut == 0)
                 cut = 1; // a character wider than the line: one per line, clipped when drawn
             lines.append(VyString::fromUcs4(rest.substr(0, cut)));

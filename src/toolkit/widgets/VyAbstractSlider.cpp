@@ -12,7 +12,8 @@ namespace {
 constexpr int kWheelNotch = 120; // wheel delta of one notch
 
 int addClamped(int value, long long step) {
-    return static_cast<int>(std::max<long long>(INT_MIN, std::min<long long>(INT_MAX, value + step)));
+    return static_cast<int>(
+        std::max<long long>(INT_MIN, std::min<long long>(INT_MAX, value + step)));
 }
 
 } // namespace

@@ -17,7 +17,8 @@ VyCheckBox::VyCheckBox(const VyString& text, VyWidget* parent)
 VySize VyCheckBox::sizeHint() const {
     const VyStyle* style = VyStyle::instance();
     const int px = VyStyle::fontSize(style->option().get<VyCheckBoxOption>().font, VyStyleNormal);
-    return VySize(style->indicatorSize() + style->indicatorSpacing() + VyTextLayout::width(text(), px),
+    return VySize(style->indicatorSize() + style->indicatorSpacing() +
+                      VyTextLayout::width(text(), px),
                   std::max(style->indicatorSize(), VyTextLayout::lineHeight(px)));
 }
 

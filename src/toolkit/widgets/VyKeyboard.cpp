@@ -52,27 +52,41 @@ const ScriptRows kScripts[] = {
       "\xD8\xA6\xD8\xA1\xD8\xA4\xD8\xB1\xD9\x89\xD8\xA9\xD9\x88\xD8\xB2\xD8\xB8\xD9\xBE\xDA\xAF"},
      {nullptr, nullptr, nullptr}},
     {"\xE0\xB8\x81\xE0\xB8\x82\xE0\xB8\x84",
-     {"\xE0\xB9\x86\xE0\xB9\x84\xE0\xB8\xB3\xE0\xB8\x9E\xE0\xB8\xB0\xE0\xB8\xB1\xE0\xB8\xB5\xE0\xB8\xA3\xE0\xB8\x99\xE0\xB8\xA2\xE0\xB8\x9A",
-      "\xE0\xB8\x9F\xE0\xB8\xAB\xE0\xB8\x81\xE0\xB8\x94\xE0\xB9\x80\xE0\xB9\x89\xE0\xB9\x88\xE0\xB8\xB2\xE0\xB8\xAA\xE0\xB8\xA7\xE0\xB8\x87",
-      "\xE0\xB8\x9C\xE0\xB8\x9B\xE0\xB9\x81\xE0\xB8\xAD\xE0\xB8\xB4\xE0\xB8\xB7\xE0\xB8\x97\xE0\xB8\xA1\xE0\xB9\x83\xE0\xB8\x9D"},
+     {"\xE0\xB9\x86\xE0\xB9\x84\xE0\xB8\xB3\xE0\xB8\x9E\xE0\xB8\xB0\xE0\xB8\xB1\xE0\xB8\xB5\xE0\xB8"
+      "\xA3\xE0\xB8\x99\xE0\xB8\xA2\xE0\xB8\x9A",
+      "\xE0\xB8\x9F\xE0\xB8\xAB\xE0\xB8\x81\xE0\xB8\x94\xE0\xB9\x80\xE0\xB9\x89\xE0\xB9\x88\xE0\xB8"
+      "\xB2\xE0\xB8\xAA\xE0\xB8\xA7\xE0\xB8\x87",
+      "\xE0\xB8\x9C\xE0\xB8\x9B\xE0\xB9\x81\xE0\xB8\xAD\xE0\xB8\xB4\xE0\xB8\xB7\xE0\xB8\x97\xE0\xB8"
+      "\xA1\xE0\xB9\x83\xE0\xB8\x9D"},
      {nullptr, nullptr, nullptr}},
     {"\xE0\xA4\x95\xE0\xA4\x96\xE0\xA4\x97",
-     {"\xE0\xA5\x8C\xE0\xA5\x88\xE0\xA4\xBE\xE0\xA5\x80\xE0\xA5\x82\xE0\xA4\xAC\xE0\xA4\xB9\xE0\xA4\x97\xE0\xA4\xA6\xE0\xA4\x9C\xE0\xA4\xA1",
-      "\xE0\xA5\x8B\xE0\xA5\x87\xE0\xA5\x8D\xE0\xA4\xBF\xE0\xA5\x81\xE0\xA4\xAA\xE0\xA4\xB0\xE0\xA4\x95\xE0\xA4\xA4\xE0\xA4\x9A\xE0\xA4\x9F",
-      "\xE0\xA4\x82\xE0\xA4\xAE\xE0\xA4\xA8\xE0\xA4\xB5\xE0\xA4\xB2\xE0\xA4\xB8\xE0\xA4\xAF\xE0\xA4\xB6\xE0\xA4\x85\xE0\xA4\x86"},
+     {"\xE0\xA5\x8C\xE0\xA5\x88\xE0\xA4\xBE\xE0\xA5\x80\xE0\xA5\x82\xE0\xA4\xAC\xE0\xA4\xB9\xE0\xA4"
+      "\x97\xE0\xA4\xA6\xE0\xA4\x9C\xE0\xA4\xA1",
+      "\xE0\xA5\x8B\xE0\xA5\x87\xE0\xA5\x8D\xE0\xA4\xBF\xE0\xA5\x81\xE0\xA4\xAA\xE0\xA4\xB0\xE0\xA4"
+      "\x95\xE0\xA4\xA4\xE0\xA4\x9A\xE0\xA4\x9F",
+      "\xE0\xA4\x82\xE0\xA4\xAE\xE0\xA4\xA8\xE0\xA4\xB5\xE0\xA4\xB2\xE0\xA4\xB8\xE0\xA4\xAF\xE0\xA4"
+      "\xB6\xE0\xA4\x85\xE0\xA4\x86"},
      {nullptr, nullptr, nullptr}},
     {"\xED\x95\x9C",
-     {"\xE3\x85\x82\xE3\x85\x88\xE3\x84\xB7\xE3\x84\xB1\xE3\x85\x85\xE3\x85\x9B\xE3\x85\x95\xE3\x85\x91\xE3\x85\x90\xE3\x85\x94",
-      "\xE3\x85\x81\xE3\x84\xB4\xE3\x85\x87\xE3\x84\xB9\xE3\x85\x8E\xE3\x85\x97\xE3\x85\x93\xE3\x85\x8F\xE3\x85\xA3",
+     {"\xE3\x85\x82\xE3\x85\x88\xE3\x84\xB7\xE3\x84\xB1\xE3\x85\x85\xE3\x85\x9B\xE3\x85\x95\xE3\x85"
+      "\x91\xE3\x85\x90\xE3\x85\x94",
+      "\xE3\x85\x81\xE3\x84\xB4\xE3\x85\x87\xE3\x84\xB9\xE3\x85\x8E\xE3\x85\x97\xE3\x85\x93\xE3\x85"
+      "\x8F\xE3\x85\xA3",
       "\xE3\x85\x8B\xE3\x85\x8C\xE3\x85\x8A\xE3\x85\x8D\xE3\x85\xA0\xE3\x85\x9C\xE3\x85\xA1"},
      {nullptr, nullptr, nullptr}},
     {"\xE3\x81\x82",
-     {"\xE3\x81\x82\xE3\x81\x84\xE3\x81\x86\xE3\x81\x88\xE3\x81\x8A\xE3\x81\x8B\xE3\x81\x8D\xE3\x81\x8F\xE3\x81\x91\xE3\x81\x93",
-      "\xE3\x81\x95\xE3\x81\x97\xE3\x81\x99\xE3\x81\x9B\xE3\x81\x9D\xE3\x81\x9F\xE3\x81\xA1\xE3\x81\xA4\xE3\x81\xA6\xE3\x81\xA8",
-      "\xE3\x81\xAA\xE3\x81\xAB\xE3\x81\xAC\xE3\x81\xAD\xE3\x81\xAE\xE3\x81\xAF\xE3\x81\xB2\xE3\x81\xB5\xE3\x82\x93"},
-     {"\xE3\x81\xBE\xE3\x81\xBF\xE3\x82\x80\xE3\x82\x81\xE3\x82\x82\xE3\x82\x84\xE3\x82\x86\xE3\x82\x88\xE3\x82\x89\xE3\x82\x8A",
-      "\xE3\x82\x8B\xE3\x82\x8C\xE3\x82\x8D\xE3\x82\x8F\xE3\x82\x92\xE3\x81\x8C\xE3\x81\x96\xE3\x81\xA0\xE3\x81\xB0\xE3\x81\xB1",
-      "\xE3\x83\xBC\xE3\x81\xA3\xE3\x82\x83\xE3\x82\x85\xE3\x82\x87\xE3\x81\x81\xE3\x81\x83\xE3\x81\x85\xE3\x81\x87"}},
+     {"\xE3\x81\x82\xE3\x81\x84\xE3\x81\x86\xE3\x81\x88\xE3\x81\x8A\xE3\x81\x8B\xE3\x81\x8D\xE3\x81"
+      "\x8F\xE3\x81\x91\xE3\x81\x93",
+      "\xE3\x81\x95\xE3\x81\x97\xE3\x81\x99\xE3\x81\x9B\xE3\x81\x9D\xE3\x81\x9F\xE3\x81\xA1\xE3\x81"
+      "\xA4\xE3\x81\xA6\xE3\x81\xA8",
+      "\xE3\x81\xAA\xE3\x81\xAB\xE3\x81\xAC\xE3\x81\xAD\xE3\x81\xAE\xE3\x81\xAF\xE3\x81\xB2\xE3\x81"
+      "\xB5\xE3\x82\x93"},
+     {"\xE3\x81\xBE\xE3\x81\xBF\xE3\x82\x80\xE3\x82\x81\xE3\x82\x82\xE3\x82\x84\xE3\x82\x86\xE3\x82"
+      "\x88\xE3\x82\x89\xE3\x82\x8A",
+      "\xE3\x82\x8B\xE3\x82\x8C\xE3\x82\x8D\xE3\x82\x8F\xE3\x82\x92\xE3\x81\x8C\xE3\x81\x96\xE3\x81"
+      "\xA0\xE3\x81\xB0\xE3\x81\xB1",
+      "\xE3\x83\xBC\xE3\x81\xA3\xE3\x82\x83\xE3\x82\x85\xE3\x82\x87\xE3\x81\x81\xE3\x81\x83\xE3\x81"
+      "\x85\xE3\x81\x87"}},
     // Chinese is typed as pinyin on the Latin letters; the caption is the mode's.
     {"\xE4\xB8\xAD", {nullptr, nullptr, nullptr}, {nullptr, nullptr, nullptr}},
 };
@@ -81,14 +95,14 @@ const char* const kSymbolRows[3] = {"!@#$%^&*()", "-_=+[]{};:", "'\",.<>/?\\|"};
 
 // Scripts of the language table (0 chinese .. 33 slovak).
 const VyKeyboard::Script kLanguageScripts[34] = {
-    VyKeyboard::Chinese,  VyKeyboard::Chinese, VyKeyboard::Latin,  VyKeyboard::Latin,
-    VyKeyboard::Latin,    VyKeyboard::Latin,   VyKeyboard::Latin,  VyKeyboard::Latin,
-    VyKeyboard::Greek,    VyKeyboard::Hebrew,  VyKeyboard::Latin,  VyKeyboard::Latin,
-    VyKeyboard::Kana,     VyKeyboard::Latin,   VyKeyboard::Latin,  VyKeyboard::Cyrillic,
-    VyKeyboard::Latin,    VyKeyboard::Thai,    VyKeyboard::Latin,  VyKeyboard::Latin,
+    VyKeyboard::Chinese,  VyKeyboard::Chinese, VyKeyboard::Latin,      VyKeyboard::Latin,
+    VyKeyboard::Latin,    VyKeyboard::Latin,   VyKeyboard::Latin,      VyKeyboard::Latin,
+    VyKeyboard::Greek,    VyKeyboard::Hebrew,  VyKeyboard::Latin,      VyKeyboard::Latin,
+    VyKeyboard::Kana,     VyKeyboard::Latin,   VyKeyboard::Latin,      VyKeyboard::Cyrillic,
+    VyKeyboard::Latin,    VyKeyboard::Thai,    VyKeyboard::Latin,      VyKeyboard::Latin,
     VyKeyboard::Cyrillic, VyKeyboard::Arabic,  VyKeyboard::Devanagari, VyKeyboard::Latin,
-    VyKeyboard::Latin,    VyKeyboard::Latin,   VyKeyboard::Arabic, VyKeyboard::Latin,
-    VyKeyboard::Hangul,   VyKeyboard::Latin,   VyKeyboard::Latin,  VyKeyboard::Latin,
+    VyKeyboard::Latin,    VyKeyboard::Latin,   VyKeyboard::Arabic,     VyKeyboard::Latin,
+    VyKeyboard::Hangul,   VyKeyboard::Latin,   VyKeyboard::Latin,      VyKeyboard::Latin,
     VyKeyboard::Cyrillic, VyKeyboard::Latin,
 };
 
@@ -104,7 +118,16 @@ vyargb iniColour(const VyIniSettings& ini, const char* key, vyargb fallback) {
 
 } // namespace
 
-enum ColourRole { Background, Border, KeyFill, KeyHover, KeyPressed, KeyText, KeyBorder, FunctionFill };
+enum ColourRole {
+    Background,
+    Border,
+    KeyFill,
+    KeyHover,
+    KeyPressed,
+    KeyText,
+    KeyBorder,
+    FunctionFill
+};
 
 VyKeyboard::VyKeyboard()
     : CWidget(nullptr, Dialog) {
@@ -147,10 +170,10 @@ VyStringList VyKeyboard::letterRows() const {
 void VyKeyboard::layoutKeys() {
     const VyString highlightedText =
         m_highlight >= 0 && m_highlight < static_cast<int>(m_keys.size()) ? m_keys[m_highlight].text
-                                                                         : VyString();
-    const KeyKind highlightedKind = m_highlight >= 0 && m_highlight < static_cast<int>(m_keys.size())
-                                        ? m_keys[m_highlight].kind
-                                        : Character;
+                                                                          : VyString();
+    const KeyKind highlightedKind =
+        m_highlight >= 0 && m_highlight < static_cast<int>(m_keys.size()) ? m_keys[m_highlight].kind
+                                                                          : Character;
     m_keys.clear();
     const int pad = VyStyle::instance()->scaled(kPaddingDesign);
     const int unit = std::max(1, (width() - 2 * pad) / kColumns);
@@ -181,12 +204,14 @@ void VyKeyboard::layoutKeys() {
     }
     // Row 5: mode keys, space, cancel and confirm.
     add(Symbols, m_symbols ? "abc" : "#+=", 5, 0, 1.5);
-    add(ScriptSwitch, m_script == Latin ? kScripts[m_otherScript].name : kScripts[Latin].name, 5, 1.5, 1.5);
+    add(ScriptSwitch, m_script == Latin ? kScripts[m_otherScript].name : kScripts[Latin].name, 5,
+        1.5, 1.5);
     add(Space, " ", 5, 3, 4.5);
     add(Cancel, "\xE2\x9C\x95", 5, 7.5, 2);
     add(Confirm, "\xE2\x9C\x93", 5, 9.5, 2.5);
     // Keep the highlight on the same key across a relayout when it still exists.
-    const int same = indexOf(highlightedKind, highlightedKind == Character ? highlightedText : VyString());
+    const int same =
+        indexOf(highlightedKind, highlightedKind == Character ? highlightedText : VyString());
     m_highlight = same >= 0 ? same : indexOf(Confirm);
     update();
 }
@@ -209,14 +234,16 @@ void VyKeyboard::open(VyLineEdit* target) {
     VyStyle* style = VyStyle::instance();
     VyApplication* app = VyApplication::instance();
     const int screenW = app && app->screen() ? app->screen()->width() : style->scaled(kDesignWidth);
-    const int screenH = app && app->screen() ? app->screen()->height() : style->scaledHeight(kDesignHeight);
+    const int screenH =
+        app && app->screen() ? app->screen()->height() : style->scaledHeight(kDesignHeight);
     const int w = std::min(screenW, style->scaled(kDesignWidth));
     const int h = std::min(screenH, style->scaledHeight(kDesignHeight));
     // Below the field when it fits, else above it, so the field stays in sight.
     int y = screenH - h;
     if (target) {
         const VyPoint at = target->mapToGlobal(VyPoint(0, 0));
-        y = at.y + target->height() + h <= screenH ? at.y + target->height() : std::max(0, at.y - h);
+        y = at.y + target->height() + h <= screenH ? at.y + target->height()
+                                                   : std::max(0, at.y - h);
     }
     setGeometry((screenW - w) / 2, y, w, h);
     layoutKeys();
@@ -353,7 +380,8 @@ int VyKeyboard::moveVertically(int from, int direction) const {
             dy += height() * 2; // past the edge: wrap to the other side
         const int rowDistance = dy / std::max(1, rowH);
         const int dx = std::abs(k.left + k.width() / 2 - cx);
-        if (best < 0 || rowDistance < bestRowDistance || (rowDistance == bestRowDistance && dx < bestDx)) {
+        if (best < 0 || rowDistance < bestRowDistance ||
+            (rowDistance == bestRowDistance && dx < bestDx)) {
             best = static_cast<int>(i);
             bestRowDistance = rowDistance;
             bestDx = dx;
@@ -465,16 +493,20 @@ void VyKeyboard::paintEvent(VyPaintEvent*) {
     VyCanvas* canvas = this->canvas();
     canvas->fillRect(rect(), c[Background]);
     canvas->drawRect(rect(), c[Border]);
-    const int px = VyStyle::fontSize(VyStyle::instance()->option().get<VyPushButtonOption>().font, 0);
+    const int px =
+        VyStyle::fontSize(VyStyle::instance()->option().get<VyPushButtonOption>().font, 0);
     // The first row shows what is being typed: the pinyin in Chinese mode, else the field's text.
     if (!m_keys.empty()) {
         const VyRect& first = m_keys.front().rect;
         const int pad = VyStyle::instance()->scaled(kPaddingDesign);
-        const VyRect row(pad, pad, width() - 2 * pad, first.top >= pad + first.height() ? first.height() : first.top - pad);
+        const VyRect row(pad, pad, width() - 2 * pad,
+                         first.top >= pad + first.height() ? first.height() : first.top - pad);
         VyString shown = m_pinyin;
         if (shown.isEmpty() && m_target)
             shown = m_target->displayText();
-        const VyRect textRow(pad + 4, pad, (m_candidates.isEmpty() ? width() : width() / 3) - 2 * pad, row.height() + 4);
+        const VyRect textRow(pad + 4, pad,
+                             (m_candidates.isEmpty() ? width() : width() / 3) - 2 * pad,
+                             row.height() + 4);
         canvas->drawText(textRow, VyCanvas::AlignLeft | VyCanvas::AlignVCenter,
                          VyTextLayout::elided(shown, px, textRow.width()), px, c[KeyText]);
     }

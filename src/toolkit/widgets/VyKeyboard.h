@@ -25,7 +25,17 @@ public:
     static constexpr int kDesignHeight = 420;
 
     enum Script { Latin, Cyrillic, Greek, Hebrew, Arabic, Thai, Devanagari, Hangul, Kana, Chinese };
-    enum KeyKind { Character, Shift, Symbols, ScriptSwitch, Space, Backspace, Confirm, Cancel, Candidate };
+    enum KeyKind {
+        Character,
+        Shift,
+        Symbols,
+        ScriptSwitch,
+        Space,
+        Backspace,
+        Confirm,
+        Cancel,
+        Candidate
+    };
 
     struct Key {
         KeyKind kind;

@@ -72,7 +72,8 @@ void VyLabel::setWordWrap(bool on) {
 }
 
 int VyLabel::fontPixelSize() const {
-    return VyStyle::fontSize(VyStyle::instance()->option().get<VyLabelOption>().font, VyStyleNormal);
+    return VyStyle::fontSize(VyStyle::instance()->option().get<VyLabelOption>().font,
+                             VyStyleNormal);
 }
 
 VySize VyLabel::sizeHint() const {

@@ -102,7 +102,8 @@ bool VyLineEdit::replaceSelection(const std::u32string& inserted) {
 bool VyLineEdit::insert(const VyString& text) {
     std::u32string chars = text.toUcs4();
     // One line: line breaks and other control characters do not enter the field.
-    chars.erase(std::remove_if(chars.begin(), chars.end(), [](char32_t c) { return c < 0x20 || c == 0x7F; }),
+    chars.erase(std::remove_if(chars.begin(), chars.end(),
+                               [](char32_t c) { return c < 0x20 || c == 0x7F; }),
                 chars.end());
     return replaceSelection(chars);
 }
@@ -183,12 +184,13 @@ void VyLineEdit::deselect() {
 
 VyString VyLineEdit::selectedText() const {
     const int from = selectionStart();
-    return VyString::fromUcs4(m_text.substr(static_cast<size_t>(from),
-                                            static_cast<size_t>(std::max(m_anchor, m_cursor) - from)));
+    return VyString::fromUcs4(m_text.substr(
+        static_cast<size_t>(from), static_cast<size_t>(std::max(m_anchor, m_cursor) - from)));
 }
 
 int VyLineEdit::fontPixelSize() const {
-    return VyStyle::fontSize(VyStyle::instance()->option().get<VyLineEditOption>().font, styleSlot());
+    return VyStyle::fontSize(VyStyle::instance()->option().get<VyLineEditOption>().font,
+                             styleSlot());
 }
 
 int VyLineEdit::textX(int position) const {
@@ -218,7 +220,8 @@ int VyLineEdit::styleSlot() const {
 VySize VyLineEdit::sizeHint() const {
     const VyStyle* style = VyStyle::instance();
     const int px = VyStyle::fontSize(style->option().get<VyLineEditOption>().font, 0);
-    return VySize(px * 12, VyTextLayout::lineHeight(px) + 2 * style->scaled(VyStyle::kFieldPaddingDesign));
+    return VySize(px * 12,
+                  VyTextLayout::lineHeight(px) + 2 * style->scaled(VyStyle::kFieldPaddingDesign));
 }
 
 void VyLineEdit::paintEvent(VyPaintEvent*) {

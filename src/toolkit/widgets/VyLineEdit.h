@@ -22,8 +22,8 @@ public:
     VyLineEdit(const VyString& text, VyWidget* parent = nullptr);
     ~VyLineEdit() override;
 
-    VySignal textChanged; // after every change of the text, typed or set
-    VySignal returnPressed; // OK while the keyboard is off
+    VySignal textChanged;       // after every change of the text, typed or set
+    VySignal returnPressed;     // OK while the keyboard is off
     VySignal keyboardRequested; // OK or a click with the on-screen keyboard on
 
     // Cut to the maximum length; refused (false) when the validator finds it invalid.

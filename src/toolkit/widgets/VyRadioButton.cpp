@@ -17,8 +17,10 @@ VyRadioButton::VyRadioButton(const VyString& text, VyWidget* parent)
 
 VySize VyRadioButton::sizeHint() const {
     const VyStyle* style = VyStyle::instance();
-    const int px = VyStyle::fontSize(style->option().get<VyRadioButtonOption>().font, VyStyleNormal);
-    return VySize(style->indicatorSize() + style->indicatorSpacing() + VyTextLayout::width(text(), px),
+    const int px =
+        VyStyle::fontSize(style->option().get<VyRadioButtonOption>().font, VyStyleNormal);
+    return VySize(style->indicatorSize() + style->indicatorSpacing() +
+                      VyTextLayout::width(text(), px),
                   std::max(style->indicatorSize(), VyTextLayout::lineHeight(px)));
 }
 

@@ -47,9 +47,10 @@ int VyScrollBar::sliderLength() const {
 VyRect VyScrollBar::sliderRect() const {
     const long long range = static_cast<long long>(maximum()) - minimum();
     const int travel = length() - sliderLength();
-    const int offset = range <= 0 ? 0
-                                  : static_cast<int>((static_cast<long long>(value()) - minimum()) *
-                                                     travel / range);
+    const int offset =
+        range <= 0
+            ? 0
+            : static_cast<int>((static_cast<long long>(value()) - minimum()) * travel / range);
     if (orientation() == Horizontal)
         return VyRect(offset, 0, sliderLength(), height());
     return VyRect(0, offset, width(), sliderLength());

@@ -30,9 +30,10 @@ int VySlider::along(VyPoint p) const {
 
 VyRect VySlider::handleRect() const {
     const long long range = static_cast<long long>(maximum()) - minimum();
-    const int offset = range <= 0 ? 0
-                                  : static_cast<int>((static_cast<long long>(value()) - minimum()) *
-                                                     span() / range);
+    const int offset =
+        range <= 0
+            ? 0
+            : static_cast<int>((static_cast<long long>(value()) - minimum()) * span() / range);
     const int len = handleLength();
     if (orientation() == Horizontal)
         return VyRect(offset, (height() - len) / 2, len, len);
@@ -67,15 +68,17 @@ void VySlider::mousePressEvent(VyMouseEvent* e) {
     e->accept();
     const VyRect handle = handleRect();
     if (handle.contains(e->pos())) {
-        const int centre = orientation() == Horizontal ? handle.left + handle.width() / 2
-                                                        : height() - 1 - (handle.top + handle.height() / 2);
+        const int centre = orientation() == Horizontal
+                               ? handle.left + handle.width() / 2
+                               : height() - 1 - (handle.top + handle.height() / 2);
         m_dragOffset = along(e->pos()) - centre;
         setSliderDown(true);
         return;
     }
     // A click beside the handle pages towards it.
-    const int handleCentre = orientation() == Horizontal ? handle.left + handle.width() / 2
-                                                          : height() - 1 - (handle.top + handle.height() / 2);
+    const int handleCentre = orientation() == Horizontal
+                                 ? handle.left + handle.width() / 2
+                                 : height() - 1 - (handle.top + handle.height() / 2);
     triggerAction(along(e->pos()) > handleCentre ? PageStepAdd : PageStepSub);
 }
 

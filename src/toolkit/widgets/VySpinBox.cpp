@@ -91,8 +91,9 @@ int VySpinBox::styleSlot() const {
 VySize VySpinBox::sizeHint() const {
     const VyStyle* style = VyStyle::instance();
     const int px = VyStyle::fontSize(style->option().get<VySpinBoxOption>().font, 0);
-    const int w = std::max(VyTextLayout::width(m_prefix + VyString::number(m_maximum) + m_suffix, px),
-                           VyTextLayout::width(m_prefix + VyString::number(m_minimum) + m_suffix, px));
+    const int w =
+        std::max(VyTextLayout::width(m_prefix + VyString::number(m_maximum) + m_suffix, px),
+                 VyTextLayout::width(m_prefix + VyString::number(m_minimum) + m_suffix, px));
     const int h = VyTextLayout::lineHeight(px) + 2 * style->scaled(VyStyle::kFieldPaddingDesign);
     return VySize(w + h + 2 * style->scaled(VyStyle::kFieldPaddingDesign), h);
 }

@@ -67,7 +67,7 @@ private:
     int m_step = 1;
     VyString m_prefix;
     VyString m_suffix;
-    VyString m_typed; // digits typed since the last commit
+    VyString m_typed;      // digits typed since the last commit
     int m_pressedPart = 0; // VyStyle::SpinPart
     int m_repeatTimer = 0;
     bool m_repeating = false;

@@ -22,7 +22,8 @@ VyToolTip::~VyToolTip() {
         killTimer(m_timer);
     for (auto& entry : m_texts) {
         entry.first->removeEventFilter(this);
-        disconnect(entry.first, &entry.first->destroyed, this, VY_SLOT(VyToolTip, watchedDestroyed));
+        disconnect(entry.first, &entry.first->destroyed, this,
+                   VY_SLOT(VyToolTip, watchedDestroyed));
     }
 }
 

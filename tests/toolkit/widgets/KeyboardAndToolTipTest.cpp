@@ -145,7 +145,8 @@ TEST_F(Keyboard, ScriptsFollowTheLanguagesAndChineseGoesThroughTheInputMethod) {
     kb->activate(kb->indexOf(VyKeyboard::Character, "\xD0\xB4"));
     kb->activate(kb->indexOf(VyKeyboard::ScriptSwitch)); // back to Latin
     kb->activate(kb->indexOf(VyKeyboard::Character, "d"));
-    EXPECT_EQ(w.edit->text(), "\xD0\xB4" "d");
+    EXPECT_EQ(w.edit->text(), "\xD0\xB4"
+                              "d");
 
     Recorder im;
     kb->setInputMethod(&im);
@@ -155,13 +156,15 @@ TEST_F(Keyboard, ScriptsFollowTheLanguagesAndChineseGoesThroughTheInputMethod) {
     app()->processPostedEvents();
     EXPECT_EQ(kb->pinyin(), "ni");
     EXPECT_EQ(im.types, (std::vector<int>{UiEventType::ChineseInput, UiEventType::ChineseInput}));
-    EXPECT_EQ(w.edit->text(), "\xD0\xB4" "d"); // pinyin is not typed into the field
+    EXPECT_EQ(w.edit->text(), "\xD0\xB4"
+                              "d"); // pinyin is not typed into the field
     VyStringList offered;
     offered.append("\xE4\xBD\xA0");
     offered.append("\xE5\x91\xA2");
     kb->setCandidates(offered);
     kb->activate(kb->indexOf(VyKeyboard::Candidate, "\xE4\xBD\xA0"));
-    EXPECT_EQ(w.edit->text(), "\xD0\xB4" "d\xE4\xBD\xA0");
+    EXPECT_EQ(w.edit->text(), "\xD0\xB4"
+                              "d\xE4\xBD\xA0");
     EXPECT_TRUE(kb->pinyin().isEmpty());
     EXPECT_EQ(kb->indexOf(VyKeyboard::Candidate), -1);
 }

@@ -30,23 +30,43 @@ constexpr VyValidator::State A = VyValidator::Acceptable;
 
 TEST(Validators, DigitsAndPortsRefuseWhatCanNeverBecomeValid) {
     expectAll(VyValidator::Digits, {{"", M}, {"0123", A}, {"12a", I}, {"-1", I}, {" 1", I}});
-    expectAll(VyValidator::Port, {{"", M}, {"0", M}, {"1", A}, {"65535", A}, {"65536", I},
-                                  {"08080", I}, {"123456", I}, {"80a", I}});
+    expectAll(VyValidator::Port, {{"", M},
+                                  {"0", M},
+                                  {"1", A},
+                                  {"65535", A},
+                                  {"65536", I},
+                                  {"08080", I},
+                                  {"123456", I},
+                                  {"80a", I}});
 }
 
 TEST(Validators, Ipv4AcceptsFourGroupsAndLetsPartialAddressesBeTyped) {
-    expectAll(VyValidator::IPv4Address,
-              {{"192.168.1.64", A}, {"0.0.0.0", A}, {"255.255.255.255", A}, {"192.168.", M},
-               {"", M}, {"1..2.3", M}, {"256.1.1.1", I}, {"1.2.3.4.5", I}, {"01.2.3.4", I},
-               {"1.2.3.1000", I}, {"1.2.3.a", I}, {"1.2.3.4.", I}});
+    expectAll(VyValidator::IPv4Address, {{"192.168.1.64", A},
+                                         {"0.0.0.0", A},
+                                         {"255.255.255.255", A},
+                                         {"192.168.", M},
+                                         {"", M},
+                                         {"1..2.3", M},
+                                         {"256.1.1.1", I},
+                                         {"1.2.3.4.5", I},
+                                         {"01.2.3.4", I},
+                                         {"1.2.3.1000", I},
+                                         {"1.2.3.a", I},
+                                         {"1.2.3.4.", I}});
 }
 
 TEST(Validators, EmailNeedsOneAtAndADomainWithATopLevelPart) {
-    expectAll(VyValidator::EmailAddress,
-              {{"ops@example.com", A}, {"first.last+dvr@mail.example.org", A}, {"ops", M},
-               {"ops@", M}, {"ops@example", M}, {"ops@example.c", M}, {"@example.com", M},
-               {"a@b@c.com", I}, {"o ps@example.com", I}, {"ops@exa_mple.com", I},
-               {"ops@example..com", M}});
+    expectAll(VyValidator::EmailAddress, {{"ops@example.com", A},
+                                          {"first.last+dvr@mail.example.org", A},
+                                          {"ops", M},
+                                          {"ops@", M},
+                                          {"ops@example", M},
+                                          {"ops@example.c", M},
+                                          {"@example.com", M},
+                                          {"a@b@c.com", I},
+                                          {"o ps@example.com", I},
+                                          {"ops@exa_mple.com", I},
+                                          {"ops@example..com", M}});
 }
 
 TEST_F(LineEdit, MaximumLengthCountsCharactersAndNeverCutsOne) {
@@ -130,7 +150,8 @@ TEST_F(LineEdit, DigitsTypeArrowsPassAndOkAsksForTheKeyboard) {
     EXPECT_TRUE(key(&edit, '8', "8"));
     EXPECT_TRUE(key(&edit, '0', "0"));
     EXPECT_EQ(edit.text(), "80");
-    for (int arrow : {VyKeyEvent::KeyLeft, VyKeyEvent::KeyRight, VyKeyEvent::KeyUp, VyKeyEvent::KeyDown})
+    for (int arrow :
+         {VyKeyEvent::KeyLeft, VyKeyEvent::KeyRight, VyKeyEvent::KeyUp, VyKeyEvent::KeyDown})
         EXPECT_FALSE(key(&edit, arrow));
     EXPECT_TRUE(key(&edit, VyKeyEvent::KeyOk));
     EXPECT_EQ(keyboard.count, 1);
@@ -153,7 +174,8 @@ TEST_F(LineEdit, MouseSetsTheCursorAndDragSelects) {
     press(5, 20);
     pointer(right, 20, 1);
     release(right, 20);
-    EXPECT_EQ(edit->selectedText(), edit->text().mid(edit->selectionStart(), 7 - edit->selectionStart()));
+    EXPECT_EQ(edit->selectedText(),
+              edit->text().mid(edit->selectionStart(), 7 - edit->selectionStart()));
     EXPECT_TRUE(edit->hasSelectedText());
     EXPECT_EQ(keyboard.count, 0); // a drag is not a click
     click(right, 20);
