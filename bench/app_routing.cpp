@@ -5,8 +5,8 @@
 #include "ipc/IpcClient.h"
 #include "model/SystemInfoRecord.h"
 #include "model/UiManager.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 # Warnings, sanitizers and the helpers that every module and test folder use.
 
-add_compile_options(-Wall -Wextra)
+add_compile_options(-Wall -Wextra -Wshadow -Wnon-virtual-dtor -Wsuggest-override -Wimplicit-fallthrough)
 if(VY_WERROR)
   add_compile_options(-Werror)
 endif()

@@ -10,8 +10,8 @@
 #include "model/UiManager.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/style/VyStyle.h"
 #include "ui/WindowShell.h"
 

@@ -6,8 +6,8 @@
 #include "app/ColorDefaultBlock.h"
 #include "app/DefaultParamSet.h"
 #include "app/DeviceDefaultRecord.h"
-#include "runtime/VyLog.h"
 #include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
 
 namespace {
 
@@ -83,7 +83,7 @@ size_t utf8Prefix(const std::string& s, size_t maxBytes) {
 void storeNodes(const VyStringList& nodes, int count, uint8_t* dst, uint32_t nodeSize) {
     for (int i = 0; i < count; ++i) {
         const std::string& name = nodes.at(i).toStdString();
-        std::memcpy(dst + i * nodeSize, name.data(), utf8Prefix(name, nodeSize - 1));
+        std::memcpy(dst + size_t(i) * nodeSize, name.data(), utf8Prefix(name, nodeSize - 1));
     }
 }
 

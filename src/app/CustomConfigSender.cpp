@@ -10,8 +10,8 @@
 #include "app/DefaultParamSet.h"
 #include "app/DeviceDefaultRecord.h"
 #include "ipc/IpcClient.h"
-#include "runtime/VyLog.h"
 #include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
 
 CustomConfigSender::CustomConfigSender(CustomConfigLink link)
     : m_link(std::move(link))

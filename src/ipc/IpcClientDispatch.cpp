@@ -4,9 +4,9 @@
 #include "ipc/IpcRemotePointer.h"
 #include "ipc/IpcReplyWaiter.h"
 #include "runtime/VyLog.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/CEvent.h"
 
 #include <algorithm>
 

@@ -13,8 +13,8 @@
 #include "model/UiRouteTable.h"
 #include "model/UiShell.h"
 #include "runtime/VyLog.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <cstdio>
 #include <cstdlib>

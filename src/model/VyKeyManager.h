@@ -72,19 +72,12 @@ private:
     VyTimer* m_channelDigitTimer;
     VyTimer* m_secondKeyTimer;
     VyTimer* m_repeatTimer;
-    // Key focus search rectangle, screen pixels.
-    int32_t m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
     VyWidget* m_keyFocus = nullptr;
-    int32_t m_focusLeft = 0, m_focusTop = 0, m_searchX = 0, m_searchY = 0;
-    bool m_widgetCapturesArrows = false;
-    bool m_keyFocusShown = false;
     uint32_t m_deviceId = 0;
     uint32_t m_remoteAddress = 0;
     bool m_addressEntry = false;
     int m_lampMode = 1;
     int m_hardwareClass = 1;
-    uint8_t m_blinkPhase[3] = {0, 0, 0};
-    bool m_blink = false;
     Key485SerConfig m_serialConfig;
     int m_serialMux = 1;
 };

@@ -23,7 +23,7 @@ public:
     // What the device reserves in memory for the font file, in bytes.
     static constexpr int64_t kDeviceFontReserveBytes = 5242880;
     // Rendered glyph bytes the cache keeps before it evicts the least recently used.
-    static constexpr size_t kDefaultCacheBudgetBytes = 2 * 1024 * 1024;
+    static constexpr size_t kDefaultCacheBudgetBytes = size_t(2) * 1024 * 1024;
     // Larger requests are refused: a glyph bitmap grows with the square of the size.
     static constexpr int kMaxPixelSize = 512;
 

@@ -9,8 +9,7 @@ constexpr int kDesignHeight = 260;
 
 ResolutionConfirmDialog::ResolutionConfirmDialog(const VyString& resolutionName, bool noticeOnly)
     : StartupDialog(VyString("Output Resolution"), VyString())
-    , m_resolution(resolutionName)
-    , m_noticeOnly(noticeOnly) {
+    , m_resolution(resolutionName) {
     if (noticeOnly) {
         setText(
             VyString("The new output resolution was not kept; %1 is in use.").arg(resolutionName));

@@ -30,5 +30,4 @@ private:
     VyTimer* m_timer = nullptr;
     int m_secondMs = 1000;
     int m_secondsLeft = kCountdownSeconds;
-    bool m_noticeOnly;
 };

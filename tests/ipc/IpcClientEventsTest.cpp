@@ -2,9 +2,9 @@
 // real application object on the in-memory display.
 #include "IpcTestPeer.h"
 #include "ipc/IpcClient.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
 

@@ -46,7 +46,7 @@ protected:
     void write(const std::vector<uint8_t>& bytes) {
         ASSERT_EQ(::send(m_pair[0], bytes.data(), bytes.size(), 0), ssize_t(bytes.size()));
     }
-    void write(std::vector<std::vector<uint8_t>> parts) {
+    void write(const std::vector<std::vector<uint8_t>>& parts) {
         std::vector<uint8_t> all;
         for (const auto& p : parts)
             all.insert(all.end(), p.begin(), p.end());

@@ -12,8 +12,8 @@
 #include "model/SystemInfoRecord.h"
 #include "model/UiShell.h"
 #include "model/UiTimerSource.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <gtest/gtest.h>
 

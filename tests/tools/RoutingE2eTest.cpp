@@ -9,8 +9,8 @@
 #include "model/SystemInfoRecord.h"
 #include "model/UiManager.h"
 #include "model/UiRouteTable.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <cstring>
 #include <memory>

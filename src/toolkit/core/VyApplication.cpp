@@ -2,16 +2,16 @@
 #include "toolkit/core/VyApplication.h"
 
 #include "runtime/VyLog.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyPostedEventQueue.h"
-#include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/core/VyTimer.h"
-#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/events/VyRawMouseEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 #include "toolkit/core/VyObject.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPostedEventQueue.h"
 #include "toolkit/core/VyQueuedSignalEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/events/VyTimerEvent.h"
 
 VyObject::VyObject(VyObject* parent)

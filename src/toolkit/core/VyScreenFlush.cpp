@@ -3,10 +3,10 @@
 
 #include "platform/display/VyDisplayBackend.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {

@@ -3,6 +3,8 @@
 
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyLayout.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyCloseEvent.h"
 #include "toolkit/events/VyDragEnterEvent.h"
 #include "toolkit/events/VyDragLeaveEvent.h"
@@ -13,11 +15,9 @@
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/events/VyResizeEvent.h"
-#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyShowEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
-#include "toolkit/core/VyLayout.h"
 
 #include <algorithm>
 #include <cstdio>

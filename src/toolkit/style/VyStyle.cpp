@@ -2,10 +2,10 @@
 
 #include <unistd.h>
 
+#include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
-#include "runtime/VyIniSettings.h"
 
 VyStyle::VyStyle(VyObject* parent)
     : VyObject(parent) {}

@@ -1,6 +1,6 @@
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <gtest/gtest.h>
 

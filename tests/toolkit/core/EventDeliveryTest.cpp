@@ -1,7 +1,7 @@
 #include "CoreTestApp.h"
 
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyPostedEventQueue.h"
+#include "toolkit/events/CEvent.h"
 
 #include <vector>
 

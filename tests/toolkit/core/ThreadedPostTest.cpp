@@ -3,8 +3,8 @@
 // receiver is reported there; the counts below catch lost or doubly freed events.
 #include "CoreTestApp.h"
 
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
+#include "toolkit/events/CEvent.h"
 
 #include <atomic>
 #include <mutex>
@@ -107,6 +107,7 @@ TEST_F(ThreadedPost, ProducersRaceDispatchAndReceiverDestruction) {
     Coordinator coordinator(&registry, &loop, &delivered);
 
     std::vector<std::thread> producers;
+    producers.reserve(kProducers);
     for (int p = 0; p < kProducers; ++p) {
         producers.emplace_back([&, p] {
             for (int i = 0; i < kPostsPerProducer; ++i) {

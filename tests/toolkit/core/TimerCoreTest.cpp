@@ -88,6 +88,7 @@ TEST_F(TimerCore, UnregisteringAReceiverLeavesOthersAndIdsAreNeverZeroOrReused) 
     ManualTimers t;
     TimerLog gone, kept;
     std::vector<uint32_t> ids;
+    ids.reserve(3);
     for (int i = 0; i < 3; ++i)
         ids.push_back(t.core.registerTimer(10, &gone, -1));
     uint32_t keptId = t.core.registerTimer(10, &kept, -1);
