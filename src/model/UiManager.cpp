@@ -1,28 +1,33 @@
 // UiManager: construction, settings, formats and the clock.
 #include "model/UiManager.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
 #include "model/AIManager.h"
 #include "model/AlarmInfoModel.h"
 #include "model/CameraModel.h"
 #include "model/DeviceParamModel.h"
 #include "model/DiskManager.h"
-#include "model/DisplaySwitchBlock.h"
 #include "model/FrontPanelModel.h"
-#include "model/GeneralSettingsBlock.h"
 #include "model/MainViewManager.h"
-#include "model/OutputSettingsBlock.h"
 #include "model/ParamAccess.h"
 #include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiTimerSource.h"
 #include "model/VyKeyManager.h"
+#include "protocol/DisplaySwitchBlock.h"
+#include "protocol/GeneralSettingsBlock.h"
+#include "protocol/OutputSettingsBlock.h"
+#include "runtime/VyFontEngine.h"
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/VyTimerEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
@@ -33,6 +38,7 @@ UiManager* g_instance = nullptr;
 
 constexpr const char* kFontFile = "font/yahei_arial_gothic_unicode.ttf";
 constexpr int kFontFileSize = 5242880; // bytes the device reserves for the font file
+constexpr const char* kFallbackList = "font/fallback-fonts.txt";
 
 const char* const kResolutionNames[] = {"1080p", "720p", "1024p", "768p", "600p"};
 
@@ -57,13 +63,16 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
     VY_ASSERT(g_instance == nullptr);
     g_instance = this;
     m_halted = 0;
-    const SystemInfoRecord& info = SystemInfoRecord::instance();
+    const SystemInfoRecord& info = SystemInfo::record();
 
     // 2. Calendar of every date the GUI shows.
     VyDate::setDateMode(info.dateMode != 0);
 
     // 3. The one font file of the whole GUI.
     VyFontMetrics::setFontFile(VyResources::path(kFontFile), kFontFileSize);
+    // The scripts the device font lacks come from the fallback fonts listed beside it.
+    VyFontEngine::instance().loadFallbackList(VyResources::path(kFallbackList),
+                                              VyResources::path("font"));
 
     // 4. Models and managers; their instance accessors fix the construction order.
     createSingletons();
@@ -80,10 +89,13 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
     // 7. Tell App which process draws the screen.
     if (RecorderLink* link = RecorderLink::instance()) {
         const uint32_t pid = uint32_t(getpid());
-        link->send(1000, kSubTypeGuiPid, &pid, sizeof pid);
+        link->send(MainType::System, SystemSubType::GuiPid, &pid, sizeof pid);
     }
 
-    // 8. Texts of the GUI's own messages.
+    // 8. Texts of the GUI's own messages; the first text request creates the translation,
+    // which reads the language from block 21.
+    VyTranslation::setSettingsStore(&m_languageStore);
+    m_translationInstalled = true;
     buildMessageTexts();
 
     // 9. The first screen waits until the network cameras have had time to connect.
@@ -105,6 +117,11 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 UiManager::~UiManager() {
     if (g_instance == this)
         g_instance = nullptr;
+    // The translation reads its settings through this manager's store.
+    if (m_translationInstalled) {
+        VyTranslation::resetInstance();
+        VyTranslation::setSettingsStore(nullptr);
+    }
 }
 
 UiManager* UiManager::instance() {
@@ -119,7 +136,7 @@ void UiManager::createSingletons() {
     DeviceParamModel::instance();
     FrontPanelModel::instance();
     RemoteAccessModel::instance();
-    if (SystemInfoRecord::instance().alarmInfoPresent != 0)
+    if (SystemInfo::record().alarmInfoPresent != 0)
         AlarmInfoModel::instance();
     MainViewManager::instance();
     VyKeyManager::instance();
@@ -146,6 +163,10 @@ void UiManager::loadGeneralSettings() {
     m_showChannelName = b.showChannelName != 0;
     m_showRecordState = b.showRecordState != 0;
     m_menuTimeoutMinutes = b.menuTimeout;
+    // Only after start-up step 8 created the translation: the language follows block 21
+    // from then on.
+    if (m_translationInstalled)
+        VyTranslation::instance()->changeLanguage(int(b.languageIndex));
     if (m_windowTimeout != nullptr) {
         constexpr int kSecondsPerMinute = 60;
         m_windowTimeout->setTimeoutSeconds(m_menuTimeoutMinutes * kSecondsPerMinute);
@@ -165,12 +186,17 @@ void UiManager::setupOutput() {
 }
 
 void UiManager::buildMessageTexts() {
-    m_messageTexts.insert(MsgShutdown, VyString("NVR is shutting Down......"));
-    m_messageTexts.insert(MsgBusy, VyString("The device is busy, please wait......"));
+    m_messageTexts.insert(MsgShutdown, TextId::SystemNotice::ShuttingDown);
+    m_messageTexts.insert(MsgBusy, TextId::SystemNotice::DeviceBusy);
+    VyTranslation::instance();
+}
+
+uint32_t UiManager::messageTextId(MessageId id) const {
+    return m_messageTexts.value(id);
 }
 
 VyString UiManager::messageText(MessageId id) const {
-    return m_messageTexts.value(id);
+    return VyTranslation::tr(messageTextId(id));
 }
 
 VyString UiManager::dateFormatFor(int index) {

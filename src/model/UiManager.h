@@ -6,6 +6,7 @@
 //
 // It lives from start-up to process end and is never deleted. Everything here runs on the
 // GUI thread: App's messages reach it only as posted IPC events.
+#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
 #include "runtime/VyString.h"
@@ -36,12 +37,6 @@ public:
 
     static constexpr int kTickMs = 1000;
     static constexpr int kMinDelayedStartMs = 100;
-    // MainType 1000 SubTypes the GUI sends.
-    static constexpr uint16_t kSubTypeGuiPid = 4;
-    static constexpr uint16_t kSubTypeBusyAck = 14;
-    static constexpr uint16_t kSubTypeAck45 = 45;
-    static constexpr uint16_t kSubTypeOutputCheckSkipped = 151;
-    static constexpr uint16_t kSubTypeAck201 = 201;
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
 
@@ -114,6 +109,8 @@ public:
     static VyString cursorImageName(int shape);
     // "cursor-image/<name>.png".
     static VyString cursorImagePath(int shape);
+    // The catalogue text ID of a message, and its text in the current language.
+    uint32_t messageTextId(MessageId id) const;
     VyString messageText(MessageId id) const;
 
     // Per channel integers (record state bits), sized by the system information's channel
@@ -127,7 +124,8 @@ public:
     // One tick of the 1000 ms timer: tick, then dateChanged when the day changed.
     void onTick();
 
-    // Loads block 21 into the display settings.
+    // Loads block 21 into the display settings; once the translation exists, a new
+    // language index in it switches the language.
     void loadGeneralSettings();
     // Rereads block 50.
     void loadDisplaySwitches();
@@ -171,7 +169,9 @@ private:
     UiTimerSource* m_timers;
     DateSource m_today;
     UiShell* m_shell = nullptr;
-    VyMap<int, VyString> m_messageTexts;
+    GeneralSettingsLanguageStore m_languageStore;
+    VyMap<int, uint32_t> m_messageTexts; // MessageId -> text ID
+    bool m_translationInstalled = false;
     VyMap<int, uint32_t> m_lastValues;
     std::vector<int> m_channelValues;
     VyDate m_date;

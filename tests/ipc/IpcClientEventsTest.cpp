@@ -22,7 +22,7 @@ class IpcReceiver : public VyObject {
 public:
     void customEvent(VyEvent* e) override {
         auto* ce = static_cast<CEvent*>(e);
-        if (e->type() != IpcClient::kIpcEventType || !ce->data()) {
+        if (e->type() != UiEventType::IpcMessage || !ce->data()) {
             ++unexpected;
             return;
         }

@@ -5,5 +5,5 @@
 class AIObjInfoEvent : public CEvent {
 public:
     explicit AIObjInfoEvent(int value = 0)
-        : CEvent(AIObjInfo, value) {}
+        : CEvent(UiEventType::AIObjInfo, value) {}
 };

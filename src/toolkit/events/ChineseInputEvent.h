@@ -5,5 +5,5 @@
 class ChineseInputEvent : public CEvent {
 public:
     explicit ChineseInputEvent(int value = 0)
-        : CEvent(ChineseInput, value) {}
+        : CEvent(UiEventType::ChineseInput, value) {}
 };

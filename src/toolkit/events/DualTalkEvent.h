@@ -5,5 +5,5 @@
 class DualTalkEvent : public CEvent {
 public:
     explicit DualTalkEvent(int value = 0)
-        : CEvent(DualTalk, value) {}
+        : CEvent(UiEventType::DualTalk, value) {}
 };

@@ -5,5 +5,5 @@
 class FaceInfoEvent : public CEvent {
 public:
     explicit FaceInfoEvent(int value = 0)
-        : CEvent(FaceInfo, value) {}
+        : CEvent(UiEventType::FaceInfo, value) {}
 };

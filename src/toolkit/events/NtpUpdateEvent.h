@@ -5,5 +5,5 @@
 class NtpUpdateEvent : public CEvent {
 public:
     explicit NtpUpdateEvent(int value = 0)
-        : CEvent(NtpUpdate, value) {}
+        : CEvent(UiEventType::NtpUpdate, value) {}
 };

@@ -5,5 +5,5 @@
 class PlaybackReqEvent : public CEvent {
 public:
     explicit PlaybackReqEvent(int value = 0)
-        : CEvent(PlaybackReq, value) {}
+        : CEvent(UiEventType::PlaybackReq, value) {}
 };

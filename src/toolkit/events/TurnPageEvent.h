@@ -5,5 +5,5 @@
 class TurnPageEvent : public CEvent {
 public:
     explicit TurnPageEvent(int value = 0)
-        : CEvent(TurnPage, value) {}
+        : CEvent(UiEventType::TurnPage, value) {}
 };
