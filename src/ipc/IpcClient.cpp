@@ -141,7 +141,7 @@ int IpcClient::ConnectSer(const char* path) {
     std::lock_guard<std::mutex> lock(m_sendMutex);
     int old = m_sock.load();
     if (old != -1) {
-        std::printf("-----------!!@@@0--------uiqt sock:%d\n", old);
+        vySystemLine("-----------!!@@@0--------uiqt sock:%d\n", old);
         ::close(old);
         m_sock.store(-1);
     }

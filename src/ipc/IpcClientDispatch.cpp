@@ -95,7 +95,7 @@ void IpcClient::waiterDeliver(IpcMsgBlock block) {
 }
 
 void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block) {
-    auto* event = new CEvent(UiEventType::IpcMessage);
+    auto event = std::make_unique<CEvent>(UiEventType::IpcMessage);
     event->setData(VyEventData(block.release(), &std::free));
-    VyApplication::postEvent(receiver, event);
+    VyApplication::postEvent(receiver, std::move(event));
 }

@@ -71,10 +71,7 @@ public:
     void setReceiver(int uiEventType, VyObject* receiver);
     VyObject* receiver(int uiEventType) const;
     // SubType 13 (event 1032) goes to the first present of two receivers; this is the second.
-    void setSecondReceiver1032(VyObject* receiver) {
-        m_second1032 = receiver;
-        watch(receiver);
-    }
+    void setSecondReceiver1032(VyObject* receiver) { m_second1032.reset(receiver); }
     // MainType 300 goes to the first present of these two when it reports itself ready.
     void setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second);
     int droppedCount() const { return m_droppedCount; }
@@ -145,8 +142,6 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
-    void watch(VyObject* receiver);
-    void receiverDestroyed(VyObject* receiver);
     void createSingletons();
     void buildMessageTexts();
     void routeMessage(CEvent* e);
@@ -162,9 +157,10 @@ private:
 
     static constexpr int kSlotBase = 1000;
     static constexpr int kSlotCount = 128; // event types 1000..1127
-    VyObject* m_receivers[kSlotCount] = {};
-    VyObject* m_second1032 = nullptr;
-    PlaybackReceiver* m_playback[2] = {nullptr, nullptr};
+    // Windows register themselves and may die without clearing their slot: guarded.
+    VyPointer<VyObject> m_receivers[kSlotCount];
+    VyPointer<VyObject> m_second1032;
+    VyPointer<PlaybackReceiver> m_playback[2];
 
     UiTimerSource* m_timers;
     DateSource m_today;

@@ -5,11 +5,11 @@
 // action) builds on this state.
 #include "runtime/VyList.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyWidget.h"
 
 #include <cstdint>
 
 class VyTimer;
-class VyWidget;
 struct SerialKeyboardBlock;
 
 // Line settings as the platform library takes them.
@@ -57,8 +57,9 @@ public:
     int serialMux() const { return m_serialMux; }
     void applySerialSettings(const SerialKeyboardBlock& block);
 
-    VyWidget* keyFocusWidget() const { return m_keyFocus; }
-    void setKeyFocusWidget(VyWidget* widget) { m_keyFocus = widget; }
+    // Null once the widget is gone, whether or not it could say so.
+    VyWidget* keyFocusWidget() const { return m_keyFocus.data(); }
+    void setKeyFocusWidget(VyWidget* widget) { m_keyFocus.reset(widget); }
 
 private:
     VyKeyManager();
@@ -72,7 +73,7 @@ private:
     VyTimer* m_channelDigitTimer;
     VyTimer* m_secondKeyTimer;
     VyTimer* m_repeatTimer;
-    VyWidget* m_keyFocus = nullptr;
+    VyPointer<VyWidget> m_keyFocus;
     uint32_t m_deviceId = 0;
     uint32_t m_remoteAddress = 0;
     bool m_addressEntry = false;

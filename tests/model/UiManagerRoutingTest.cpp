@@ -69,14 +69,31 @@ TEST_F(UiManagerTest, UnregisteredOrDeadReceiversDropTheMessage) {
         manager->setReceiver(1020, &window);
         deliver(1000, 9, 0);
         EXPECT_EQ(window.received.size(), 1u);
+        // It dies without clearing its slot and without a destroyed signal.
+        window.blockSignals(true);
     }
-    // The window closed without clearing its slot.
     EXPECT_EQ(manager->receiver(1020), nullptr);
     deliver(1000, 9, 0);
     EXPECT_EQ(manager->droppedCount(), 2);
     deliver(1000, 400, 0); // beyond the routed range
     deliver(1234, 8, 0);   // unknown family
     EXPECT_EQ(manager->droppedCount(), 4);
+}
+
+TEST_F(UiManagerTest, SecondAndPlaybackReceiversThatDieSilentlyAreNotPostedTo) {
+    build();
+    {
+        ForwardRecorder second;
+        Playback playback;
+        playback.ready = true;
+        manager->setSecondReceiver1032(&second);
+        manager->setPlaybackReceivers(&playback, nullptr);
+        second.blockSignals(true);
+        playback.blockSignals(true);
+    }
+    deliver(1000, 13, 0);
+    deliver(300, 2, 0);
+    EXPECT_EQ(manager->droppedCount(), 2);
 }
 
 TEST_F(UiManagerTest, SubType13TakesTheSecondReceiverOnlyWithoutTheFirst) {

@@ -50,7 +50,7 @@ public:
 
     // Thread-safe; takes ownership of the event. Without an application the event is
     // dropped.
-    static void postEvent(VyObject* receiver, VyEvent* e);
+    static void postEvent(VyObject* receiver, std::unique_ptr<VyEvent> event);
     // Synchronous delivery through the application's filters, then the receiver's, then
     // event(); types from 1000 up go straight to customEvent.
     static bool sendEvent(VyObject* receiver, VyEvent* e);

@@ -57,7 +57,7 @@ VyRect VyLayout::contentsRect(const VyRect& rect) const {
 
 void VyLayout::requestLayout() {
     if (VyWidget* w = parentWidget())
-        VyApplication::postEvent(w, new VyEvent(VyEvent::LayoutRequest));
+        VyApplication::postEvent(w, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
 }
 
 void VyLayout::activate() {

@@ -36,7 +36,7 @@ VyPostedEventQueue::~VyPostedEventQueue() {
     m_batch.clear();
     m_entries.clear();
     m_layouts.clear();
-    std::printf("All events in the list was distroyed !\n");
+    vySystemLine("All events in the list was distroyed !\n");
 }
 
 void VyPostedEventQueue::post(VyObject* receiver, std::unique_ptr<VyEvent> event) {

@@ -114,12 +114,12 @@ TEST_F(ThreadedPost, ProducersRaceDispatchAndReceiverDestruction) {
                 {
                     std::lock_guard<std::mutex> lock(registry.mutex);
                     Target* t = registry.live[static_cast<size_t>(i + p) % registry.live.size()];
-                    VyApplication::postEvent(t, new TrackedEvent(&freed));
+                    VyApplication::postEvent(t, std::make_unique<TrackedEvent>(&freed));
                 }
                 if (i % kChurnEvery == 0)
-                    VyApplication::postEvent(&coordinator, new CEvent(kChurn));
+                    VyApplication::postEvent(&coordinator, std::make_unique<CEvent>(kChurn));
             }
-            VyApplication::postEvent(&coordinator, new CEvent(kDone));
+            VyApplication::postEvent(&coordinator, std::make_unique<CEvent>(kDone));
         });
     }
     EXPECT_EQ(loop.exec(), 0);
