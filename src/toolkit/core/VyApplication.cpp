@@ -186,6 +186,16 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
     return receiver->event(e);
 }
 
+void VyApplication::postEvents(std::vector<VyPostedEvent>& entries) {
+    VyApplication* app = g_application;
+    if (!app) {
+        VY_DEBUG("event", "postEvents: %zu events dropped (no application)\n", entries.size());
+        entries.clear();
+        return;
+    }
+    app->m_postedEvents->postMany(entries);
+}
+
 uint32_t VyApplication::registerTimer(int ms, VyObject* receiver, int repeat) {
     if (!m_threads.timerCore)
         return 0;
