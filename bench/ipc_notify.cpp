@@ -9,9 +9,9 @@
 // reported beside it.
 #include "IpcBenchSim.h"
 #include "ipc/IpcClient.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <benchmark/benchmark.h>
 

@@ -6,9 +6,9 @@
 //
 // It lives from start-up to process end and is never deleted. Everything here runs on the
 // GUI thread: App's messages reach it only as posted IPC events.
+#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
-#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyString.h"
 #include "toolkit/core/VyObject.h"
 
@@ -39,7 +39,6 @@ public:
     static constexpr int kMinDelayedStartMs = 100;
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
-
 
     // Runs construction steps 1-12 of the start-up's UiManager: singletons, event receiver
     // (the caller installs it in the IPC client right after), general settings, pid message,
@@ -72,10 +71,7 @@ public:
     void setReceiver(int uiEventType, VyObject* receiver);
     VyObject* receiver(int uiEventType) const;
     // SubType 13 (event 1032) goes to the first present of two receivers; this is the second.
-    void setSecondReceiver1032(VyObject* receiver) {
-        m_second1032 = receiver;
-        watch(receiver);
-    }
+    void setSecondReceiver1032(VyObject* receiver) { m_second1032.reset(receiver); }
     // MainType 300 goes to the first present of these two when it reports itself ready.
     void setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second);
     int droppedCount() const { return m_droppedCount; }
@@ -146,8 +142,6 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
-    void watch(VyObject* receiver);
-    void receiverDestroyed(VyObject* receiver);
     void createSingletons();
     void buildMessageTexts();
     void routeMessage(CEvent* e);
@@ -163,9 +157,10 @@ private:
 
     static constexpr int kSlotBase = 1000;
     static constexpr int kSlotCount = 128; // event types 1000..1127
-    VyObject* m_receivers[kSlotCount] = {};
-    VyObject* m_second1032 = nullptr;
-    PlaybackReceiver* m_playback[2] = {nullptr, nullptr};
+    // Windows register themselves and may die without clearing their slot: guarded.
+    VyPointer<VyObject> m_receivers[kSlotCount];
+    VyPointer<VyObject> m_second1032;
+    VyPointer<PlaybackReceiver> m_playback[2];
 
     UiTimerSource* m_timers;
     DateSource m_today;

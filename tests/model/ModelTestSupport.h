@@ -136,8 +136,8 @@ public:
 };
 
 // An IPC message block as the IPC client would post it.
-inline CEvent* makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
-                            const void* body = nullptr, uint32_t len = 0) {
+inline std::unique_ptr<CEvent> makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
+                                            const void* body = nullptr, uint32_t len = 0) {
     IpcMsgHeader h;
     h.MainType = mainType;
     h.SubType = subType;
@@ -146,7 +146,7 @@ inline CEvent* makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
     IpcMsgBlock block = ipcAllocBlock(h);
     if (len != 0)
         std::memcpy(ipcBlockBody(block.get()), body, len);
-    auto* e = new CEvent(UiEventType::IpcMessage);
+    auto e = std::make_unique<CEvent>(UiEventType::IpcMessage);
     e->setData(VyEventData(block.release()));
     return e;
 }

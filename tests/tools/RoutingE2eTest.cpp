@@ -125,7 +125,8 @@ TEST_F(InProcessGui, EveryForwardedSubTypeReachesItsReceiverAndUnregisteredOnesD
 }
 
 TEST_F(InProcessGui, ParameterGetZeroFillsAShortReplyAndASetComesBackAsChanged) {
-    ASSERT_NO_FATAL_FAILURE(connect("block.40.size = 3\nblock.40.0 = 1\nblock.40.1 = 2\nblock.40.2 = 3\n", ""));
+    ASSERT_NO_FATAL_FAILURE(
+        connect("block.40.size = 3\nblock.40.0 = 1\nblock.40.1 = 2\nblock.40.2 = 3\n", ""));
     uint8_t buffer[16];
     std::memset(buffer, 0xAB, sizeof buffer);
     ParamAccess::getParam(40, buffer, sizeof buffer);

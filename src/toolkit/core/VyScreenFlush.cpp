@@ -3,10 +3,10 @@
 
 #include "platform/display/VyDisplayBackend.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
@@ -19,7 +19,7 @@ constexpr uint16_t kOpaqueBlack = 0x8000;
 
 void VyScreen::cursorTouched() {
     if (m_presents && VyApplication::instance())
-        VyApplication::postEvent(this, new VyEvent(VyEvent::UpdateRequest));
+        VyApplication::postEvent(this, std::make_unique<VyEvent>(VyEvent::UpdateRequest));
 }
 
 bool VyScreen::event(VyEvent* e) {

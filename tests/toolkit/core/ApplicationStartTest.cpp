@@ -1,6 +1,6 @@
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,8 @@ TEST(ApplicationStart, EnvironmentChoosesTheDeviceWhenNoneWasSet) {
         EXPECT_EQ(app.screen()->width(), 64);
         EXPECT_EQ(app.screen()->height(), 48);
         EXPECT_EQ(VyApplication::instance(), &app);
-        VyApplication::postEvent(&app, new VyEvent(VyEvent::Show)); // left undelivered
+        VyApplication::postEvent(&app,
+                                 std::make_unique<VyEvent>(VyEvent::Show)); // left undelivered
         testing::internal::CaptureStdout();
     }
     std::string out = testing::internal::GetCapturedStdout();

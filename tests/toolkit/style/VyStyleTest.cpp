@@ -5,10 +5,10 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "runtime/VyResources.h"
-#include "toolkit/graphics/VyFbCanvas.h"
-#include "toolkit/core/VyScreen.h"
 #include "runtime/VyIniSettings.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleSlot.h"
 
