@@ -8,6 +8,7 @@
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
 #include "model/SystemInfo.h"
+#include "model/UiModels.h"
 #include "model/UiShell.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
@@ -26,11 +27,11 @@ void UiManager::delayedStart() {
     else if (link != nullptr)
         link->send(MainType::System, SystemSubType::OutputCheckSkipped, nullptr, 0);
 
-    RemoteAccessModel* late = RemoteAccessModel::instance();
+    RemoteAccessModel* late = m_models->remoteAccess();
     if (late->pendingStart())
         late->start();
 
-    MainViewManager::instance()->setShown(true);
+    m_models->mainView()->setShown(true);
     if (m_shell != nullptr)
         m_shell->showMainView();
 
