@@ -95,7 +95,7 @@ void notificationToReceiver(benchmark::State& state, bool viaManager) {
     IpcClientConfig config;
     config.socketPath = path;
     config.joinableThreads = true;
-    client.init(nullptr, config);
+    client.UI_IPC_ClientInit(nullptr, config);
     const int app_fd = ::accept(listener, nullptr, nullptr);
     // Without a link to App the manager's set-up reads zeros and sends nothing.
     auto models = std::make_unique<UiModels>();

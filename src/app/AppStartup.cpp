@@ -85,7 +85,7 @@ int AppStartup::run(int argc, char** argv) {
 
     // 3. The link to App, with nobody to receive its events yet.
     IpcClient& ipc = IpcClient::instance();
-    ipc.init(nullptr);
+    ipc.UI_IPC_ClientInit(nullptr);
     static IpcRecorderLink link(ipc);
     RecorderLink::setInstance(&link);
 

@@ -60,7 +60,7 @@ protected:
         IpcClientConfig config;
         config.socketPath = session.socket();
         config.joinableThreads = true;
-        return client.init(nullptr, config);
+        return client.UI_IPC_ClientInit(nullptr, config);
     }
     void connect(const std::string& simConfig, const std::string& script) {
         ASSERT_TRUE(startSim(simConfig, script));
