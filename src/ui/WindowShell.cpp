@@ -58,8 +58,9 @@ void WindowShell::closeAll() {
 }
 
 void WindowShell::showMessage(const VyString& text) {
-    VY_GUI_LOG("message box: %s\n", text.c_str());
     keep(MessageBox::information(text));
+    // Printed once the box is up: a watcher of the log may act on what it announces.
+    VY_GUI_LOG("message box: %s\n", text.c_str());
 }
 
 void WindowShell::showMainView() {
@@ -72,11 +73,11 @@ void WindowShell::showMainView() {
 int WindowShell::confirmResolution(bool noticeOnly, int resolution) {
     const VyString name = UiManager::outputResolutionName(resolution);
     if (noticeOnly) {
-        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
         auto* notice = new ResolutionConfirmDialog(name, true);
         VyObject::connect(notice, &notice->finished, notice, VY_SLOT(VyObject, deleteLater));
         notice->show();
         keep(notice);
+        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
         return 0;
     }
     VY_GUI_LOG("resolution %s needs confirming\n", name.c_str());
