@@ -2,16 +2,16 @@
 #include "toolkit/core/VyApplication.h"
 
 #include "runtime/VyLog.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyPostedEventQueue.h"
-#include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/core/VyTimer.h"
-#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/events/VyRawMouseEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -58,6 +58,13 @@ VyApplication::VyApplication(int argc, char** argv) {
             VY_SLOT(VyApplication, screenGeometryChanged));
 
     m_threads.timerCore = std::make_unique<VyTimerCore>();
+    if (VyMouseReader::Factory makeReader = VyMouseReader::factory())
+        m_threads.mouseWatcher = makeReader(this);
+    if (m_threads.mouseWatcher) {
+        const VyRect range = m_screen->clipRect();
+        m_threads.mouseWatcher->setBounds(range.left, range.top, range.right, range.bottom);
+        m_threads.mouseWatcher->start();
+    }
     m_threads.timerCore->start();
     m_singleShotTimer = std::make_unique<VySingleShotTimer>();
     m_tickTimerId = registerTimer(kTickIntervalMs, this, -1);
@@ -196,12 +203,6 @@ void VyApplication::timerEvent(VyTimerEvent* e) {
 void VyApplication::screenGeometryChanged() {
     VyEvent change(VyEvent::ScreenChange);
     sendEvent(this, &change);
-}
-
-void VyApplication::setMouseWatcher(std::unique_ptr<VyThread> watcher) {
-    m_threads.mouseWatcher = std::move(watcher);
-    if (m_threads.mouseWatcher)
-        m_threads.mouseWatcher->start();
 }
 
 void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) {
