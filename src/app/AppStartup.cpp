@@ -63,7 +63,7 @@ private:
         auto* q = static_cast<SignalQuitter*>(self);
         int sig = 0;
         sigwait(&q->m_set, &sig);
-        VyApplication::postEvent(q, new CEvent(kQuitEventType, sig));
+        VyApplication::postEvent(q, std::make_unique<CEvent>(kQuitEventType, sig));
         return nullptr;
     }
     sigset_t m_set{};

@@ -27,6 +27,7 @@
 #include "ipc/IpcMsgList.h"
 #include "protocol/IpcMsgHeader.h"
 #include "runtime/VyGlobal.h"
+#include "toolkit/core/VyPostedEvent.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -145,6 +146,7 @@ private:
     void remotePointer(const IpcMsgBlock& block);
     void waiterDeliver(IpcMsgBlock block);
     void postToReceiver(VyObject* receiver, IpcMsgBlock block);
+    void flushPosts();
 
     // Requests (IpcClientRequest.cpp).
     IpcMsgBlock waitInNestedLoop(uint16_t mainType, uint16_t subType, const void* body,
@@ -177,8 +179,12 @@ private:
     std::condition_variable m_stateCond;
     bool m_receiveEnded = false; // guarded by m_stateMutex
 
-    IpcFrameReader m_reader; // receive thread only
+    IpcFrameReader m_reader;          // receive thread only
+    std::vector<IpcMsgBlock> m_batch; // receive thread only: the messages of one read
     IpcMsgList m_list;
+    // Dispatch thread only: events for the receiver, posted together at the end of a batch
+    // or before anything else leaves the dispatch thread, so that their order holds.
+    std::vector<VyPostedEvent> m_outbox;
 
     // Blocking-wait state, all guarded by m_waitMutex. Lock order: m_waitMutex before
     // m_waiterMutex before m_sendMutex.

@@ -6,6 +6,7 @@
 //
 // It lives from start-up to process end and is never deleted. Everything here runs on the
 // GUI thread: App's messages reach it only as posted IPC events.
+#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
 #include "runtime/VyString.h"
@@ -71,10 +72,7 @@ public:
     void setReceiver(int uiEventType, VyObject* receiver);
     VyObject* receiver(int uiEventType) const;
     // SubType 13 (event 1032) goes to the first present of two receivers; this is the second.
-    void setSecondReceiver1032(VyObject* receiver) {
-        m_second1032 = receiver;
-        watch(receiver);
-    }
+    void setSecondReceiver1032(VyObject* receiver) { m_second1032.reset(receiver); }
     // MainType 300 goes to the first present of these two when it reports itself ready.
     void setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second);
     int droppedCount() const { return m_droppedCount; }
@@ -110,6 +108,8 @@ public:
     static VyString cursorImageName(int shape);
     // "cursor-image/<name>.png".
     static VyString cursorImagePath(int shape);
+    // The catalogue text ID of a message, and its text in the current language.
+    uint32_t messageTextId(MessageId id) const;
     VyString messageText(MessageId id) const;
 
     // Per channel integers (record state bits), sized by the system information's channel
@@ -123,7 +123,8 @@ public:
     // One tick of the 1000 ms timer: tick, then dateChanged when the day changed.
     void onTick();
 
-    // Loads block 21 into the display settings.
+    // Loads block 21 into the display settings; once the translation exists, a new
+    // language index in it switches the language.
     void loadGeneralSettings();
     // Rereads block 50.
     void loadDisplaySwitches();
@@ -143,8 +144,6 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
-    void watch(VyObject* receiver);
-    void receiverDestroyed(VyObject* receiver);
     void createModels();
     void buildMessageTexts();
     void routeMessage(CEvent* e);
@@ -160,15 +159,18 @@ private:
 
     static constexpr int kSlotBase = 1000;
     static constexpr int kSlotCount = 128; // event types 1000..1127
-    VyObject* m_receivers[kSlotCount] = {};
-    VyObject* m_second1032 = nullptr;
-    PlaybackReceiver* m_playback[2] = {nullptr, nullptr};
+    // Windows register themselves and may die without clearing their slot: guarded.
+    VyPointer<VyObject> m_receivers[kSlotCount];
+    VyPointer<VyObject> m_second1032;
+    VyPointer<PlaybackReceiver> m_playback[2];
 
     UiModels* m_models;
     UiTimerSource* m_timers;
     DateSource m_today;
     UiShell* m_shell = nullptr;
-    VyMap<int, VyString> m_messageTexts;
+    GeneralSettingsLanguageStore m_languageStore;
+    VyMap<int, uint32_t> m_messageTexts; // MessageId -> text ID
+    bool m_translationInstalled = false;
     VyMap<int, uint32_t> m_lastValues;
     std::vector<int> m_channelValues;
     VyDate m_date;

@@ -74,3 +74,13 @@ TEST_F(ModelTest, ParameterPartsAreFetchedOnFirstUseOnly) {
     EXPECT_EQ(link.paramGets(32), 2);
     EXPECT_FALSE(model->reloadPart(16));
 }
+
+TEST_F(ModelTest, KeyFocusWidgetIsForgottenWhenItDiesWithItsSignalsBlocked) {
+    VyKeyManager* keys = VyKeyManager::instance();
+    auto* widget = new VyWidget;
+    keys->setKeyFocusWidget(widget);
+    EXPECT_EQ(keys->keyFocusWidget(), widget);
+    widget->blockSignals(true);
+    delete widget;
+    EXPECT_EQ(keys->keyFocusWidget(), nullptr);
+}

@@ -7,6 +7,8 @@
 #include "runtime/VyString.h"
 #include "toolkit/core/VyGuiThreads.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyPostedEvent.h"
+#include "toolkit/core/VyTimerCore.h"
 
 #include <cstdint>
 #include <memory>
@@ -38,6 +40,10 @@ public:
     // Must be called before the application object is made.
     static void setDisplayDevice(const VyString& path);
     static VyString displayDevice();
+    // Must be called before the application object is made. With a clock set, the timer
+    // core runs on it and no timer thread is started: the caller moves the clock and calls
+    // timerCore()->fireExpired(). An empty function restores the monotonic clock and thread.
+    static void setTimerClock(VyTimerCore::Clock clock);
 
     // Runs the loop until quit(). Returns 1 at once when already running: nested loops are
     // EventLoop's job.
@@ -47,7 +53,10 @@ public:
 
     // Thread-safe; takes ownership of the event. Without an application the event is
     // dropped.
-    static void postEvent(VyObject* receiver, VyEvent* e);
+    static void postEvent(VyObject* receiver, std::unique_ptr<VyEvent> event);
+    // Posts every entry in order under one lock of the queue and leaves `entries` empty
+    // (its capacity kept). Thread-safe; entries without a receiver are dropped.
+    static void postEvents(std::vector<VyPostedEvent>& entries);
     // Synchronous delivery through the application's filters, then the receiver's, then
     // event(); types from 1000 up go straight to customEvent.
     static bool sendEvent(VyObject* receiver, VyEvent* e);

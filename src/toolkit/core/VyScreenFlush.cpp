@@ -19,7 +19,7 @@ constexpr uint16_t kOpaqueBlack = 0x8000;
 
 void VyScreen::cursorTouched() {
     if (m_presents && VyApplication::instance())
-        VyApplication::postEvent(this, new VyEvent(VyEvent::UpdateRequest));
+        VyApplication::postEvent(this, std::make_unique<VyEvent>(VyEvent::UpdateRequest));
 }
 
 bool VyScreen::event(VyEvent* e) {

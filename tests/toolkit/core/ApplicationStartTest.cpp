@@ -75,7 +75,8 @@ TEST(ApplicationStart, EnvironmentChoosesTheDeviceWhenNoneWasSet) {
         EXPECT_EQ(app.screen()->width(), 64);
         EXPECT_EQ(app.screen()->height(), 48);
         EXPECT_EQ(VyApplication::instance(), &app);
-        VyApplication::postEvent(&app, new VyEvent(VyEvent::Show)); // left undelivered
+        VyApplication::postEvent(&app,
+                                 std::make_unique<VyEvent>(VyEvent::Show)); // left undelivered
         testing::internal::CaptureStdout();
     }
     std::string out = testing::internal::GetCapturedStdout();
