@@ -10,8 +10,9 @@
 #include "model/UiManager.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
+#include "toolkit/input/VyMouseWatcher.h"
 #include "toolkit/style/VyStyle.h"
 #include "ui/WindowShell.h"
 
@@ -116,7 +117,9 @@ int AppStartup::run(int argc, char** argv) {
     ParamAccess::getSystemInfo();
     VyApplication::setDisplayDevice(VyString(SystemInfoRecord::instance().displayDeviceName()));
 
-    // 17. The application opens the display; it exits the process when it cannot.
+    // 17. The application opens the display (it exits the process when it cannot) and
+    // starts the mouse reader made by the factory installed here.
+    VyMouseWatcher::install();
     auto* app = new VyApplication(argc, argv);
 
     // 18. The UiManager lives to the end of the process.

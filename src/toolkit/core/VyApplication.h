@@ -9,9 +9,11 @@
 #include "toolkit/core/VyObject.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
+class VyDrag;
 class VyEvent;
 class VyMouseEvent;
 class VyObjectGuard;
@@ -28,7 +30,9 @@ class VyApplication : public VyObject {
     VY_OBJECT(VyApplication, VyObject)
 public:
     // Opens the display (setDisplayDevice, else $VY_FBDEV_NODE, else "/dev/fb0") and exits
-    // the process with status 1 when it cannot; then starts the timer thread.
+    // the process with status 1 when it cannot; then creates the mouse reader (through the
+    // factory installed with VyMouseReader::setFactory, none without one), gives it the
+    // screen as its range and starts it and the timer thread.
     explicit VyApplication(int argc = 0, char** argv = nullptr);
     ~VyApplication() override;
 
@@ -70,10 +74,8 @@ public:
     VySingleShotTimer* singleShotTimer() const { return m_singleShotTimer.get(); }
     // The three application timers of the key and mouse handling.
     const VyList<VyTimer*>& timers() const { return m_timers; }
-    // Installs the mouse reader thread (a VyMouseWatcher), owned from then on and started
-    // here; it posts raw samples with postEvent or injectPointer.
-    void setMouseWatcher(std::unique_ptr<VyThread> watcher);
-    VyThread* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
+    // The mouse reader thread made in the constructor, or null.
+    VyMouseReader* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
 
     // The timer service; ids are never 0.
     uint32_t registerTimer(int ms, VyObject* receiver, int repeat);
@@ -81,11 +83,41 @@ public:
     void unregisterTimers(VyObject* receiver);
 
     // Seconds counted by the application's 1000 ms tick; `secondTick` is emitted after
-    // each increment (the idle counting of the input code listens to it).
+    // each increment.
     uint32_t seconds() const { return m_seconds; }
     VySignal secondTick;
 
-    // Posts a raw mouse sample to the application (App's remote pointer, the mouse reader).
+    // Idle counting: every tick adds one and hands the count to the inactivity triggers
+    // (VyMouseTrigger); input sets it back to 0, at most once per wall-clock second.
+    int idleCount() const { return m_idleCount; }
+    void idleTick();
+    // Input arrived (the mouse conversion calls it; the key handling must too).
+    void noteInput();
+
+    // Double clicks: a second press of the same button within this time and distance of
+    // the first one is delivered as MouseButtonDblClick.
+    static constexpr int kDoubleClickIntervalMs = 500;
+    static constexpr int kDoubleClickDistance = 4; // pixels on either axis
+    // Clocks of the input conversion: monotonic milliseconds for double clicks, wall-clock
+    // seconds for the idle reset. Tests pass their own.
+    using Clock = std::function<int64_t()>;
+    void setInputClocks(Clock monotonicMs, Clock wallSeconds);
+
+    // The cursor shape: the shape of the widget under the pointer, unless an override
+    // (busy while a request waits in a nested loop, a drag) is in force. Overrides nest.
+    void setOverrideCursor(int shape);
+    void restoreOverrideCursor();
+    int overrideCursorDepth() const { return static_cast<int>(m_overrideCursors.size()); }
+    // Sets the screen cursor to the shape that should show now; force reloads it even when
+    // the cursor already has that shape (after a drag drew its own image).
+    void updateCursorShape(bool force = false);
+
+    // The drag in progress (VyDrag::start), or null.
+    VyDrag* activeDrag() const { return m_drag; }
+
+    // A pointer sample from outside the mouse reader (App's remote pointer): moves the
+    // reader's position when there is a reader, so the two never disagree; otherwise moves
+    // the cursor and posts the raw sample itself.
     static void injectPointer(int x, int y, uint8_t buttons, int16_t wheel);
 
     // Widget side: focus, modal stack, hover and hit test.
@@ -114,11 +146,17 @@ protected:
 
 private:
     friend class VyObjectGuard;
+    friend class VyDrag;
     void addGuard(VyObjectGuard* guard);
     void removeGuard(VyObjectGuard* guard);
 
     void screenGeometryChanged();
     void handleRawMouse(VyRawMouseEvent* e);
+    // The press event type for a press of `button` at `pos`: a double click when it
+    // completes one.
+    int pressType(int button, VyPoint pos);
+    // A drag in progress takes the mouse: true when it consumed the sample.
+    bool dragHandlesRawMouse(VyPoint pos, int buttons);
     bool dispatchMouse(VyWidget* receiver, VyMouseEvent* e);
     bool dispatchWheel(VyWidget* receiver, VyEvent* e);
     void updateHover(VyWidget* widget, VyPoint global);
@@ -145,4 +183,15 @@ private:
     int m_rawButtons = 0;
     std::unique_ptr<VySingleShotTimer> m_singleShotTimer;
     std::vector<VyObjectGuard*> m_guards;
+
+    int m_idleCount = 0;
+    int64_t m_lastResetSecond = -1;
+    Clock m_monotonicMs;
+    Clock m_wallSeconds;
+    // The last press that may start a double click: its button, where and when.
+    int m_clickButton = 0;
+    VyPoint m_clickPos;
+    int64_t m_clickTimeMs = 0;
+    std::vector<int> m_overrideCursors;
+    VyDrag* m_drag = nullptr;
 };

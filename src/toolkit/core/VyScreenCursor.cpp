@@ -30,7 +30,8 @@ bool validShape(int shape) {
 } // namespace
 
 VyScreenCursor::VyScreenCursor(VyScreen* screen)
-    : m_screen(screen) {
+    : VyMouseTrigger(kHideAfterIdleTicks)
+    , m_screen(screen) {
     vyFrameworkLog("using software mouse\n");
     reinitialiseLocked();
     loadShape(Arrow);
@@ -177,6 +178,11 @@ VyRect VyScreenCursor::area() const {
     return VyRect(m_position - m_hotspot, VySize(m_image.width(), m_image.height()));
 }
 
+int VyScreenCursor::span() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_span;
+}
+
 VyRect VyScreenCursor::takeTouchedArea() {
     std::lock_guard<std::mutex> lock(m_mutex);
     const VyRect area = m_touched;
@@ -237,6 +243,9 @@ void VyScreenCursor::save(VyPoint topLeft) {
     m_savedAt = topLeft;
     m_saved = true;
     const VyRect r = clippedArea(topLeft);
+    // Off the screen on either axis (a remote pointer may say so): nothing to save.
+    if (r.isEmpty())
+        return;
     for (int y = r.top; y <= r.bottom; ++y) {
         const uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
         std::memcpy(&m_saveUnder[(y - topLeft.y) * w + (r.left - topLeft.x)], line + r.left * 2,
@@ -248,6 +257,8 @@ void VyScreenCursor::restore() {
     if (!m_saved || !m_base)
         return;
     const VyRect r = clippedArea(m_savedAt);
+    if (r.isEmpty())
+        return;
     m_touched = m_touched.united(r);
     for (int y = r.top; y <= r.bottom; ++y) {
         uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
@@ -264,6 +275,8 @@ void VyScreenCursor::draw() {
     const int w = m_image.width();
     const VyRect r = VyRect(topLeft, VySize(w, m_image.height()))
                          .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
+    if (r.isEmpty())
+        return;
     m_touched = m_touched.united(r);
     const uint8_t* bits = m_image.constBits();
     for (int y = r.top; y <= r.bottom; ++y) {

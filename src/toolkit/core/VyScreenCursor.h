@@ -15,10 +15,14 @@
 #include "runtime/VyPoint.h"
 #include "runtime/VyRect.h"
 #include "runtime/VyString.h"
+#include "toolkit/core/VyMouseTrigger.h"
 
 class VyScreen;
 
-class VyScreenCursor {
+// An inactivity trigger too: it hides itself after kHideAfterIdleTicks application ticks
+// without input, so that it does not sit over live video, and shows again on the next
+// input.
+class VyScreenCursor : public VyMouseTrigger {
 public:
     enum Shape {
         Arrow,
@@ -42,9 +46,11 @@ public:
     // Outputs at least this wide (right edge minus left edge) use the "-max" images and
     // doubled hotspots.
     static constexpr int kLargeScreenSpan = 1920; // pixels
+    // Idle ticks (seconds) without input before the cursor hides.
+    static constexpr int kHideAfterIdleTicks = 10;
 
     explicit VyScreenCursor(VyScreen* screen);
-    ~VyScreenCursor();
+    ~VyScreenCursor() override;
     VY_DISABLE_COPY_MOVE(VyScreenCursor)
 
     // The shape's name ("arrow", "cursor-hand", ...); null for an unknown number.
@@ -70,6 +76,11 @@ public:
     bool isShown() const;
     // The rectangle the image covers on screen now (unclipped), empty with no image.
     VyRect area() const;
+    // The drawing area's right edge minus its left edge, which picks the image size.
+    int span() const;
+
+    void onActivity() override { show(); }
+    void onIdleTimeout() override { hide(); }
 
 private:
     friend class VyScreen;

@@ -3,6 +3,8 @@
 
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyLayout.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyCloseEvent.h"
 #include "toolkit/events/VyDragEnterEvent.h"
 #include "toolkit/events/VyDragLeaveEvent.h"
@@ -13,11 +15,9 @@
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/events/VyResizeEvent.h"
-#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyShowEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
-#include "toolkit/core/VyLayout.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -380,4 +380,23 @@ void VyWidget::requestParentLayout() {
 void VyWidget::invalidateStyle() {
     m_styleFontSize = kStyleReloadSentinel;
     styleChanged();
+}
+
+void VyWidget::setCursorShape(int shape) {
+    m_cursorShape = shape < 0 ? -1 : shape;
+    // The pointer may be over this widget or one that inherits from it.
+    if (VyApplication* app = VyApplication::instance())
+        app->updateCursorShape();
+}
+
+void VyWidget::unsetCursorShape() {
+    setCursorShape(-1);
+}
+
+int VyWidget::cursorShape() const {
+    for (const VyWidget* w = this; w; w = w->isWindow() ? nullptr : w->parentWidget()) {
+        if (w->m_cursorShape >= 0)
+            return w->m_cursorShape;
+    }
+    return 0; // the arrow
 }

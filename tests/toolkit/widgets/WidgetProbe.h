@@ -1,13 +1,13 @@
 #pragma once
 // A widget that records the events reaching its handlers, for the widget tests.
 #include "toolkit/core/CoreTestApp.h"
-#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/events/VyHoverEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyPaintEvent.h"
-#include "toolkit/core/VyScreen.h"
-#include "toolkit/core/VyWidget.h"
+#include "toolkit/graphics/VyCanvas.h"
 
 #include <string>
 #include <vector>
@@ -36,6 +36,7 @@ public:
     void mousePressEvent(VyMouseEvent* e) override { mouse("press", e); }
     void mouseReleaseEvent(VyMouseEvent* e) override { mouse("release", e); }
     void mouseMoveEvent(VyMouseEvent* e) override { mouse("move", e); }
+    void mouseDoubleClickEvent(VyMouseEvent* e) override { mouse("double", e); }
     void enterEvent(VyEvent*) override { note("enter"); }
     void leaveEvent(VyEvent*) override { note("leave"); }
     void hoverEnterEvent(VyHoverEvent*) override { note("hoverEnter"); }
