@@ -95,9 +95,9 @@ bool VyDrag::start(int possibleActions) {
     const int span = cursor ? cursor->span() : 0;
     // The drop cursor is an arrow: its hotspot is its top-left corner.
     const VyPoint dropHotspot;
-    const VyBitmap drop = VyBitmap::loadPng(VyResources::path(kDropCursorImage));
+    const VyBitmap drop = VyBitmap::loadPng(VyResources::path(VyScreenCursor::kDropImage));
     if (drop.isNull())
-        vyFrameworkLog("load cursor image (%s) failed !!!\n", kDropCursorImage);
+        vyFrameworkLog("load cursor image (%s) failed !!!\n", VyScreenCursor::kDropImage);
     m_cursorAccepted = compose(m_image, m_hotspot, drop, dropHotspot, &m_cursorHotspot);
     VyPoint refusedHotspot;
     const VyBitmap forbidden = VyBitmap::loadPng(

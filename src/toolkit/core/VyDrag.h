@@ -16,9 +16,6 @@ class VyWidget;
 class VyDrag : public VyObject {
     VY_OBJECT(VyDrag, VyObject)
 public:
-    // Drawn instead of the shape's image where a drop is accepted.
-    static constexpr const char* kDropCursorImage = "cursor-image/cursor-drop.png";
-
     explicit VyDrag(VyObject* parent = nullptr);
     // Cancels a drag still active.
     ~VyDrag() override;

@@ -46,6 +46,10 @@ public:
     // Outputs at least this wide (right edge minus left edge) use the "-max" images and
     // doubled hotspots.
     static constexpr int kLargeScreenSpan = 1920; // pixels
+    // Images used as they are, whatever the output's size: drag and drop's drop cursor and
+    // the playback view's open hand.
+    static constexpr const char* kDropImage = "cursor-image/cursor-drop.png";
+    static constexpr const char* kOpenHandImage = "cursor-image/cursor-openhand.png";
     // Idle ticks (seconds) without input before the cursor hides.
     static constexpr int kHideAfterIdleTicks = 10;
 
