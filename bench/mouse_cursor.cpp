@@ -59,15 +59,17 @@ struct SocketMouse {
     int ends[2] = {-1, -1};
 };
 
+// The cursor's 32 rows copied into a 1920-pixel-wide screen at the places the move below
+// uses, from a packed 32x32 buffer (what a save-under buffer is).
 void BM_CursorPixelsMemcpy(benchmark::State& state) {
-    std::vector<uint16_t> from(size_t(kWidth) * kCursorSide, 0x5a5a);
-    std::vector<uint16_t> to(size_t(kWidth) * kCursorSide);
-    int x = 0;
+    std::vector<uint16_t> from(size_t(kCursorSide) * kCursorSide, 0x5a5a);
+    std::vector<uint16_t> to(size_t(kWidth) * 1080);
+    int x = 100;
     for (auto _ : state) {
         for (int y = 0; y < kCursorSide; ++y)
-            std::memcpy(&to[size_t(y) * kWidth + x], &from[size_t(y) * kWidth + 100],
+            std::memcpy(&to[size_t(200 + y) * kWidth + x], &from[size_t(y) * kCursorSide],
                         kCursorSide * 2);
-        x = x == 0 ? 40 : 0;
+        x = x == 100 ? 140 : 100;
         benchmark::ClobberMemory();
     }
 }

@@ -8,6 +8,7 @@
 // pixels before it writes and saves and draws again afterwards.
 #include <cstdint>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include "runtime/VyBitmap.h"
@@ -109,6 +110,8 @@ private:
     void save(VyPoint topLeft);
     void restore();
     void draw();
+    // The image as framebuffer pixels and, per row, its runs of drawn pixels.
+    void prepareInk();
     VyRect clippedArea(VyPoint topLeft) const;
     bool loadShape(int shape);
 
@@ -129,6 +132,9 @@ private:
     bool m_shown = true;
     VyRect m_touched;
     bool m_touchNoticed = false;
+    std::vector<uint16_t> m_ink;
+    std::vector<std::pair<int, int>> m_runs; // first column, length
+    std::vector<int> m_rowRuns;              // row y's runs: [m_rowRuns[y], m_rowRuns[y + 1])
     std::vector<uint16_t> m_saveUnder;
     int m_saveWidth = 0;
     int m_saveHeight = 0;
