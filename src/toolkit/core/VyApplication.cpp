@@ -44,6 +44,11 @@ VyString& displayDevicePath() {
     return path;
 }
 
+VyTimerCore::Clock& timerClock() {
+    static VyTimerCore::Clock clock;
+    return clock;
+}
+
 } // namespace
 
 VyApplication::VyApplication(int argc, char** argv)
@@ -74,7 +79,12 @@ VyApplication::VyApplication(int argc, char** argv)
     connect(m_screen.get(), &m_screen->geometryChanged, this,
             VY_SLOT(VyApplication, screenGeometryChanged));
 
-    m_threads.timerCore = std::make_unique<VyTimerCore>();
+    if (timerClock()) {
+        // A test's clock: the test moves it and fires the timers itself, so no thread.
+        m_threads.timerCore = std::make_unique<VyTimerCore>(timerClock());
+    } else {
+        m_threads.timerCore = std::make_unique<VyTimerCore>();
+    }
     if (VyMouseReader::Factory makeReader = VyMouseReader::factory())
         m_threads.mouseWatcher = makeReader(this);
     if (m_threads.mouseWatcher) {
@@ -82,7 +92,8 @@ VyApplication::VyApplication(int argc, char** argv)
         m_threads.mouseWatcher->setBounds(range.left, range.top, range.right, range.bottom);
         m_threads.mouseWatcher->start();
     }
-    m_threads.timerCore->start();
+    if (!timerClock())
+        m_threads.timerCore->start();
     // A desktop window's own pointer takes the same path as the mouse device.
     m_screen->setPointerHandler([](int x, int y, int buttons, int wheel) {
         injectPointer(x, y, static_cast<uint8_t>(buttons), static_cast<int16_t>(wheel));
@@ -111,6 +122,10 @@ VyApplication::~VyApplication() {
         guard->m_object = nullptr;
     m_guards.clear();
     g_application = nullptr;
+}
+
+void VyApplication::setTimerClock(VyTimerCore::Clock clock) {
+    timerClock() = std::move(clock);
 }
 
 VyApplication* VyApplication::instance() {
