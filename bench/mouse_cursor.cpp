@@ -136,7 +136,7 @@ void BM_IdleCpu(benchmark::State& state) {
     }
     app->quit();
     // Wakes the loop so that it sees the quit.
-    VyApplication::postEvent(app.get(), new VyEvent(VyEvent::None));
+    VyApplication::postEvent(app.get(), std::make_unique<VyEvent>(VyEvent::None));
     gui.join();
     watcher.reset();
     app.reset();

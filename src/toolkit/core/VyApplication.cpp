@@ -118,8 +118,10 @@ VyApplication::~VyApplication() {
     m_screen.reset();
     m_threads.timerCore.reset();
     m_postedEvents.reset();
-    for (VyObjectGuard* guard : m_guards)
+    for (VyObjectGuard* guard : m_guards) {
         guard->m_object = nullptr;
+        guard->m_app = nullptr;
+    }
     m_guards.clear();
     g_application = nullptr;
 }
@@ -149,8 +151,7 @@ int VyApplication::exec() {
     return 0;
 }
 
-void VyApplication::postEvent(VyObject* receiver, VyEvent* e) {
-    std::unique_ptr<VyEvent> event(e);
+void VyApplication::postEvent(VyObject* receiver, std::unique_ptr<VyEvent> event) {
     if (!event)
         return;
     VyApplication* app = g_application;
@@ -204,8 +205,8 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
     }
     if (app) {
         // Indexed, not iterated: a filter may install or remove filters while it runs.
-        for (int i = 0; i < app->m_eventFilters.size(); ++i) {
-            VyObject* filter = app->m_eventFilters.at(i);
+        for (int i = 0; i < int(app->m_eventFilters.size()); ++i) {
+            VyObject* filter = app->m_eventFilters[size_t(i)].data();
             if (filter && filter->eventFilter(receiver, e)) {
                 e->setAccepted(true);
                 return true;
@@ -213,8 +214,8 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
         }
     }
     if (receiver != app) {
-        for (int i = 0; i < receiver->m_eventFilters.size(); ++i) {
-            VyObject* filter = receiver->m_eventFilters.at(i);
+        for (int i = 0; i < int(receiver->m_eventFilters.size()); ++i) {
+            VyObject* filter = receiver->m_eventFilters[size_t(i)].data();
             if (filter && filter->eventFilter(receiver, e)) {
                 e->setAccepted(true);
                 return true;
@@ -222,6 +223,16 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
         }
     }
     return receiver->event(e);
+}
+
+void VyApplication::postEvents(std::vector<VyPostedEvent>& entries) {
+    VyApplication* app = g_application;
+    if (!app) {
+        VY_DEBUG("event", "postEvents: %zu events dropped (no application)\n", entries.size());
+        entries.clear();
+        return;
+    }
+    app->m_postedEvents->postMany(entries);
 }
 
 uint32_t VyApplication::registerTimer(int ms, VyObject* receiver, int repeat) {
@@ -289,7 +300,7 @@ void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) 
     // thread gets to the sample. The cursor has its own lock.
     if (app->m_screen && app->m_screen->cursor())
         app->m_screen->cursor()->setPosition(x, y);
-    postEvent(app, new VyRawMouseEvent(x, y, buttons, wheel));
+    postEvent(app, std::make_unique<VyRawMouseEvent>(x, y, buttons, wheel));
 }
 
 void VyApplication::addGuard(VyObjectGuard* guard) {
@@ -297,7 +308,8 @@ void VyApplication::addGuard(VyObjectGuard* guard) {
 }
 
 void VyApplication::removeGuard(VyObjectGuard* guard) {
-    auto it = std::find(m_guards.begin(), m_guards.end(), guard);
-    if (it != m_guards.end())
-        m_guards.erase(it);
+    // From the back: most guards live on the stack of a dispatch and go in reverse order.
+    auto it = std::find(m_guards.rbegin(), m_guards.rend(), guard);
+    if (it != m_guards.rend())
+        m_guards.erase(std::next(it).base());
 }

@@ -7,6 +7,7 @@
 #include "runtime/VyString.h"
 #include "toolkit/core/VyGuiThreads.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyPostedEvent.h"
 #include "toolkit/core/VyTimerCore.h"
 
 #include <cstdint>
@@ -54,7 +55,10 @@ public:
 
     // Thread-safe; takes ownership of the event. Without an application the event is
     // dropped.
-    static void postEvent(VyObject* receiver, VyEvent* e);
+    static void postEvent(VyObject* receiver, std::unique_ptr<VyEvent> event);
+    // Posts every entry in order under one lock of the queue and leaves `entries` empty
+    // (its capacity kept). Thread-safe; entries without a receiver are dropped.
+    static void postEvents(std::vector<VyPostedEvent>& entries);
     // Synchronous delivery through the application's filters, then the receiver's, then
     // event(); types from 1000 up go straight to customEvent.
     static bool sendEvent(VyObject* receiver, VyEvent* e);

@@ -62,7 +62,7 @@ void VyMouseWatcher::PostedSamples::postLocked(int wheel) {
     }
     ++queued;
     owed = false;
-    VyApplication::postEvent(owner, new WatcherSample(x, y, buttons, wheel, self()));
+    VyApplication::postEvent(owner, std::make_unique<WatcherSample>(x, y, buttons, wheel, self()));
 }
 
 WatcherSample::~WatcherSample() {
