@@ -125,7 +125,8 @@ def header(texts):
            "// add or change a text there and run the script, never here.",
            "#include <cstdint>",
            "",
-           "// clang-format off: the script writes this file, the check compares it byte for byte.",
+           "// The script writes this file and its check compares it byte for byte: no reformatting.",
+           "// clang-format off",
            "namespace TextId {"]
     screens = []
     for _, screen, _, _, _ in texts:
