@@ -1,6 +1,12 @@
 # Warnings, sanitizers and the helpers that every module and test folder use.
 
 add_compile_options(-Wall -Wextra)
+# 64-bit time_t and file offsets where the C library offers them (glibc 2.34 and later on
+# 32-bit targets; nothing changes on 64-bit ones): a recorder runs past 2038.
+add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
+if(VY_ARM_NEON)
+  add_compile_options(-mfpu=neon-vfpv4)
+endif()
 if(VY_WERROR)
   add_compile_options(-Werror)
 endif()
@@ -52,6 +58,11 @@ function(vy_add_test_dir name dir)
     VY_BINARY_DIR="${PROJECT_BINARY_DIR}"
     VY_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   set(props TIMEOUT 300)
+  if(CMAKE_CROSSCOMPILING_EMULATOR)
+    # The end-to-end tests start recorder-sim and dvrgui through the same emulator.
+    list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " prefix)
+    list(APPEND props ENVIRONMENT "VY_EXEC_PREFIX=${prefix}")
+  endif()
   if(ARG_LABELS)
     list(APPEND props LABELS ${ARG_LABELS})
   endif()

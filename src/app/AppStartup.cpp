@@ -73,6 +73,9 @@ private:
 int AppStartup::run(int argc, char** argv) {
     // 1. Where the resources are, when not in the working directory.
     ResourcesOverride::apply();
+#ifdef VY_INSTALLED_DATA_DIR
+    ResourcesOverride::applyInstalledFallback(VY_INSTALLED_DATA_DIR);
+#endif
 
     // 2. Progress lines reach a log collector as they happen.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);

@@ -1,5 +1,6 @@
 #include "app/ResourcesOverride.h"
 
+#include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 
 #include <fcntl.h>
@@ -18,5 +19,17 @@ bool ResourcesOverride::apply(const char* file) {
     s_overridden = true;
     VyResources::setRoot(VyString(buffer, int(n)));
     ::close(fd);
+    return true;
+}
+
+bool ResourcesOverride::applyInstalledFallback(const char* dataDir) {
+    static const char kStyleSheet[] = "style/commonstyle.ini";
+    if (!VyResources::root().isEmpty() || !dataDir || !*dataDir || ::access(kStyleSheet, R_OK) == 0)
+        return false;
+    const VyString root(dataDir);
+    if (::access((root + "/" + kStyleSheet).c_str(), R_OK) != 0)
+        return false;
+    VyResources::setRoot(root);
+    vyStartupLog("resources from %s\n", dataDir);
     return true;
 }

@@ -13,6 +13,11 @@ public:
     static bool apply(const char* file = kDefaultPath);
     static bool isOverridden() { return s_overridden; }
 
+    // An installed GUI started from anywhere but its resources folder: when no root is
+    // set (no override) and the working directory holds no common style sheet, the
+    // installed data folder (`dataDir`, which holds one) becomes the root. True when taken.
+    static bool applyInstalledFallback(const char* dataDir);
+
 private:
     static inline bool s_overridden = false;
 };

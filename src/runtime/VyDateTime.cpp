@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <climits>
 #include <ctime>
+#include <limits>
 
 namespace {
 
@@ -40,8 +41,15 @@ VyDateTime VyDateTime::fromTime_t(long long secs) {
 }
 
 VyDateTime VyDateTime::fromMSecsSinceEpoch(long long msecs) {
-    const time_t secs = static_cast<time_t>(floorDiv(msecs, 1000));
-    const int ms = static_cast<int>(msecs - floorDiv(msecs, 1000) * 1000);
+    const long long wholeSecs = floorDiv(msecs, 1000);
+    // Where time_t is 32 bits a cast would wrap a date after 2038 into 1901; refuse instead.
+    if (wholeSecs > std::numeric_limits<time_t>::max() ||
+        wholeSecs < std::numeric_limits<time_t>::min()) {
+        vyFrameworkLog("VyDateTime: %lld seconds since the epoch is out of range !!!\n", wholeSecs);
+        return VyDateTime();
+    }
+    const time_t secs = static_cast<time_t>(wholeSecs);
+    const int ms = static_cast<int>(msecs - wholeSecs * 1000);
     // The C library caches the zone; TZ may have been changed since the last call.
     tzset();
     tm local{};

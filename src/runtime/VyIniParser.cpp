@@ -89,13 +89,14 @@ VyColor VyIniParser::parseColor(const char* value) {
             ++p;
         if (!isDigit(*p))
             break;
-        // Like a scanf %d read through a long: too many digits saturate at LONG_MAX, whose
-        // low byte is 0xFF; otherwise the low byte of the number is kept.
+        // Like a scanf %d read through a 64-bit long: too many digits saturate at INT64_MAX,
+        // whose low byte is 0xFF; otherwise the low byte of the number is kept. Fixed at 64
+        // bits so that a style sheet reads the same where `long` is 32 bits.
         unsigned long long number = 0;
         bool saturated = false;
         for (; isDigit(*p); ++p) {
             const auto digit = static_cast<unsigned long long>(*p - '0');
-            if (!saturated && number > (static_cast<unsigned long long>(LONG_MAX) - digit) / 10)
+            if (!saturated && number > (static_cast<unsigned long long>(INT64_MAX) - digit) / 10)
                 saturated = true;
             if (!saturated)
                 number = number * 10 + digit;

@@ -2,15 +2,18 @@
 
 #include "runtime/VyLog.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <ctime>
 
 namespace {
 
 constexpr long kNSecsPerSec = 1000000000L;
-// Longer waits are cut to this (about 31 years) so that the deadline cannot overflow.
-constexpr unsigned long kMaxWaitMs = 1000000000000UL;
+// Longer waits are cut to this (about 31 years) so that the deadline cannot overflow. 64 bits
+// wide: `unsigned long` holds only 49 days where it is 32 bits.
+constexpr uint64_t kMaxWaitMs = 1000000000000ULL;
 
 void check(int rc, const char* what) {
     if (rc != 0)
@@ -50,12 +53,11 @@ void VyWaitCondition::wait() {
 }
 
 bool VyWaitCondition::wait(unsigned long msecs) {
-    if (msecs > kMaxWaitMs)
-        msecs = kMaxWaitMs;
+    const uint64_t ms = std::min<uint64_t>(msecs, kMaxWaitMs);
     timespec deadline{};
     clock_gettime(CLOCK_MONOTONIC, &deadline);
-    deadline.tv_sec += static_cast<time_t>(msecs / 1000);
-    deadline.tv_nsec += static_cast<long>(msecs % 1000) * 1000000L;
+    deadline.tv_sec += static_cast<time_t>(ms / 1000);
+    deadline.tv_nsec += static_cast<long>(ms % 1000) * 1000000L;
     if (deadline.tv_nsec >= kNSecsPerSec) {
         deadline.tv_sec += 1;
         deadline.tv_nsec -= kNSecsPerSec;

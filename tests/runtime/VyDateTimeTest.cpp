@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstdlib>
 #include <ctime>
 #include <string>
@@ -160,6 +161,26 @@ TEST_F(VyDateTimeZone, LocalTimeFollowsTzChangedAtRunTime) {
     EXPECT_EQ(utc.toTime_t(), fixed - 8 * 3600);
     EXPECT_EQ(VyDateTime::fromMSecsSinceEpoch(fixed * 1000 + 250).toMSecsSinceEpoch(),
               fixed * 1000 + 250);
+}
+
+TEST_F(VyDateTimeZone, InstantsPast2038ConvertBothWays) {
+    // A recorder keeps recordings for years: the first second past 32-bit time_t, and a
+    // date in 2100, must neither wrap into 1901 nor fail.
+    setenv("TZ", "UTC0", 1);
+    const VyDateTime wrapPoint = VyDateTime::fromTime_t(2147483648LL);
+    EXPECT_EQ(wrapPoint.toString("yyyy/MM/dd hh:mm:ss"), "2038/01/19 03:14:08");
+    EXPECT_EQ(wrapPoint.toTime_t(), 2147483648LL);
+
+    const VyDateTime late(VyDate(2100, 3, 1), VyTime(12, 0, 0, 5));
+    const long long lateSecs = 4107585600LL; // 2100-03-01 12:00:00 UTC
+    EXPECT_EQ(late.toTime_t(), lateSecs);
+    EXPECT_EQ(late.toMSecsSinceEpoch(), lateSecs * 1000 + 5);
+    EXPECT_EQ(VyDateTime::fromTime_t(lateSecs), VyDateTime(VyDate(2100, 3, 1), VyTime(12, 0)));
+    EXPECT_EQ(VyDateTime::fromMSecsSinceEpoch(lateSecs * 1000 + 5), late);
+
+    // Beyond what a calendar year of four digits holds: refused, not wrapped.
+    EXPECT_FALSE(VyDateTime::fromTime_t(1LL << 60).isValid());
+    EXPECT_FALSE(VyDateTime::fromMSecsSinceEpoch(LLONG_MIN).isValid());
 }
 
 TEST_F(VyDateTimeZone, CurrentTimeAgreesWithTheSystemClock) {

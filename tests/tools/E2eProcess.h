@@ -68,7 +68,13 @@ public:
                 _exit(126);
             for (const auto& [k, v] : env)
                 setenv(k.c_str(), v.c_str(), 1);
-            execl(program.c_str(), program.c_str(), static_cast<char*>(nullptr));
+            std::vector<std::string> args = execPrefix();
+            args.push_back(program);
+            std::vector<char*> argv;
+            for (std::string& a : args)
+                argv.push_back(a.data());
+            argv.push_back(nullptr);
+            execvp(argv[0], argv.data());
             _exit(127);
         }
         close(in[0]);
@@ -77,6 +83,18 @@ public:
     }
 
     pid_t pid() const { return m_pid; }
+
+    // A cross build's test binary runs under an emulator, and so must the programs it
+    // starts: the build exports the emulator command line in VY_EXEC_PREFIX
+    // ("qemu-arm -L /sysroot"), split here at spaces.
+    static std::vector<std::string> execPrefix() {
+        std::vector<std::string> words;
+        const char* prefix = std::getenv("VY_EXEC_PREFIX");
+        std::istringstream in(prefix != nullptr ? prefix : "");
+        for (std::string w; in >> w;)
+            words.push_back(w);
+        return words;
+    }
 
     void send(const std::string& line) {
         const std::string text = line + "\n";

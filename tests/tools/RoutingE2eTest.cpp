@@ -104,7 +104,7 @@ TEST_F(InProcessGui, EveryForwardedSubTypeReachesItsReceiverAndUnregisteredOnesD
         if (sub != 9)
             expected.emplace_back(sub, r.uiEventType);
     }
-    connect("", script);
+    ASSERT_NO_FATAL_FAILURE(connect("", script));
     Receiver receiver;
     int count = 0;
     const int* types = UiRouteTable::forwardedEventTypes(&count);
@@ -125,7 +125,7 @@ TEST_F(InProcessGui, EveryForwardedSubTypeReachesItsReceiverAndUnregisteredOnesD
 }
 
 TEST_F(InProcessGui, ParameterGetZeroFillsAShortReplyAndASetComesBackAsChanged) {
-    connect("block.40.size = 3\nblock.40.0 = 1\nblock.40.1 = 2\nblock.40.2 = 3\n", "");
+    ASSERT_NO_FATAL_FAILURE(connect("block.40.size = 3\nblock.40.0 = 1\nblock.40.1 = 2\nblock.40.2 = 3\n", ""));
     uint8_t buffer[16];
     std::memset(buffer, 0xAB, sizeof buffer);
     ParamAccess::getParam(40, buffer, sizeof buffer);
@@ -157,7 +157,7 @@ TEST_F(InProcessGui, StageNotificationThatArrivesBeforeTheWaitIsKeptForIt) {
 }
 
 TEST_F(InProcessGui, SimulatorRefusesMalformedRequestsAndKeepsServing) {
-    connect("", "");
+    ASSERT_NO_FATAL_FAILURE(connect("", ""));
     const uint8_t shortGet[4] = {21, 0, 0, 0};
     client.send(600, 0, shortGet, sizeof shortGet);
     const uint32_t wrongHello[2] = {31, 692696};

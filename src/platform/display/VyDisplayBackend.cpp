@@ -11,8 +11,11 @@
 std::unique_ptr<VyDisplayBackend> VyDisplayBackend::create(const VyString& device) {
     const VyDisplayDeviceName name = VyDisplayDeviceName::parse(device);
     switch (name.kind) {
-    case VyDisplayDeviceName::Framebuffer:
-        return std::make_unique<VyFbdevBackend>(name.path);
+    case VyDisplayDeviceName::Framebuffer: {
+        auto fbdev = std::make_unique<VyFbdevBackend>(name.path);
+        fbdev->setConsole(std::make_unique<VyConsole>());
+        return fbdev;
+    }
     case VyDisplayDeviceName::Memory:
         return std::make_unique<VyMemoryBackend>(name.width, name.height, name.path);
     case VyDisplayDeviceName::Window:

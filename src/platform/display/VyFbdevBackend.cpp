@@ -30,6 +30,7 @@ VyFbdevBackend::VyFbdevBackend(const VyString& path, bool readOnly, const VyFbde
     , m_calls(calls) {}
 
 VyFbdevBackend::~VyFbdevBackend() {
+    m_console.reset();
     if (m_mapping)
         m_calls.munmap(m_mapping, m_length);
     if (m_fd >= 0)
@@ -84,5 +85,7 @@ bool VyFbdevBackend::open() {
         m_width = m_lineLength / 2;
     if (m_lineLength > 0 && static_cast<size_t>(m_lineLength) * m_height > m_length)
         m_height = static_cast<int>(m_length / m_lineLength);
+    if (m_console && !m_readOnly)
+        m_console->take();
     return true;
 }

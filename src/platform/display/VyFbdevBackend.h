@@ -1,8 +1,10 @@
 #pragma once
 // The Linux framebuffer device. The only place that knows <linux/fb.h> and ioctl; the
 // system calls go through a table so that tests can stand in for the kernel.
+#include <memory>
 #include <sys/types.h>
 
+#include "platform/console/VyConsole.h"
 #include "platform/display/VyDisplayBackend.h"
 
 struct VyFbdevSystemCalls {
@@ -23,6 +25,11 @@ public:
                             const VyFbdevSystemCalls& calls = VyFbdevSystemCalls::real());
     ~VyFbdevBackend() override;
     VY_DISABLE_COPY_MOVE(VyFbdevBackend)
+
+    // A console to take once the device is open (a read-only backend never takes it); it
+    // is handed back when the backend goes.
+    void setConsole(std::unique_ptr<VyConsole> console) { m_console = std::move(console); }
+    VyConsole* console() const { return m_console.get(); }
 
     bool open() override;
     bool holdsDevice() const override { return m_fd >= 0; }
@@ -46,4 +53,5 @@ private:
     int m_height = 0;
     int m_lineLength = 0;
     int m_bitsPerPixel = 0;
+    std::unique_ptr<VyConsole> m_console;
 };

@@ -34,6 +34,22 @@ void toMajorAxis(bool steep, T& x1, T& y1, T& x2, T& y2) {
     }
 }
 
+// floor((2 * step * minor + major) / (2 * major)): the minor offset of a line after `step`
+// of `major` steps, rounded half up. 0 <= step <= major < 2^32 and |minor| <= major, so
+// step * |minor| fits 64 unsigned bits but twice it may not; splitting it into quotient
+// and remainder by `major` keeps every term small without 128-bit integers, which 32-bit
+// targets lack.
+int64_t roundedStep(uint64_t step, int64_t minor, int64_t major) {
+    const uint64_t product = step * static_cast<uint64_t>(minor < 0 ? -minor : minor);
+    const auto q = static_cast<int64_t>(product / static_cast<uint64_t>(major));
+    const auto r = static_cast<int64_t>(product % static_cast<uint64_t>(major));
+    // |2r| < 2 * major, so the remaining fraction rounds to -1, 0 or 1.
+    const int64_t num = (minor < 0 ? -2 * r : 2 * r) + major;
+    const int64_t den = 2 * major;
+    const int64_t rest = num >= 0 ? num / den : -((-num + den - 1) / den);
+    return (minor < 0 ? -q : q) + rest;
+}
+
 } // namespace
 
 VyFbCanvas::VyFbCanvas(uint8_t* pixels, int width, int height, int bytesPerLine)
@@ -143,11 +159,7 @@ void VyFbCanvas::drawLine(int x1, int y1, int x2, int y2, vyargb colour) {
     const int64_t minorHigh =
         int64_t(steep ? m_clip.right - m_origin.x : m_clip.bottom - m_origin.y) + w;
     for (int64_t t = from; t <= to; ++t) {
-        // 128 bits: the product of two 32-bit spans times two does not fit 64.
-        const __int128 num = __int128(2) * (t - x1) * dm + dM;
-        const __int128 den = __int128(2) * dM;
-        const int64_t minor =
-            y1 + static_cast<int64_t>(num >= 0 ? num / den : -((-num + den - 1) / den));
+        const int64_t minor = y1 + roundedStep(static_cast<uint64_t>(t - x1), dm, dM);
         if (minor < minorLow || minor > minorHigh)
             continue;
         if (steep)
