@@ -98,8 +98,8 @@ TEST_P(ScriptGoldenImage, LabelMatchesItsReference) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scripts, ScriptGoldenImage, ::testing::ValuesIn(kLabels),
-                         [](const ::testing::TestParamInfo<Label>& info) {
-                             return std::string(info.param.name);
+                         [](const ::testing::TestParamInfo<Label>& param) {
+                             return std::string(param.param.name);
                          });
 
 } // namespace
