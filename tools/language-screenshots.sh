@@ -33,6 +33,8 @@ for _ in $(seq 300); do
     sleep 0.1
 done
 sleep 1
+# The resident memory at the first screen, fallback fonts configured (budget 24 MiB).
+echo "dvrgui $(grep VmRSS /proc/$GUI/status) at the first screen"
 mkdir -p "$OUT"
 for n in "${LANGS[@]}"; do
     echo "lang $n" >&3

@@ -134,10 +134,13 @@ def header(texts):
             screens.append(screen)
     for screen in screens:
         out.append(f"namespace {screen} {{")
-        for tid, s, name, values, _ in texts:
-            if s == screen:
-                english = values.get("english", "").replace("\\", "\\\\")
-                out.append(f"constexpr uint32_t {name} = {tid}; // {english}")
+        lines = [(f"constexpr uint32_t {name} = {tid};",
+                  values.get("english", "").replace("\\", "\\\\"))
+                 for tid, s, name, values, _ in texts if s == screen]
+        # Comments aligned as clang-format aligns them, so that formatting changes nothing.
+        column = max(len(code) for code, _ in lines)
+        for code, english in lines:
+            out.append(f"{code.ljust(column)} // {english}")
         out.append(f"}} // namespace {screen}")
     out.append("")
     out.append("// Every ID above, ascending: what each shipped language file must hold, and no more.")

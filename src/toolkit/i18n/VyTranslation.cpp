@@ -225,15 +225,28 @@ bool VyTranslation::loadFile(const VyString& path, VyHash<uint32_t, VyString>* t
     std::string bytes;
     if (!readCapped(path.c_str(), kMaxFileBytes, &bytes))
         return false;
+    return parseTexts(bytes, path, table);
+}
+
+bool VyTranslation::parseTexts(const std::string& bytes, const VyString& name,
+                               VyHash<uint32_t, VyString>* table) {
+    table->clear();
+    // The parser reads up to a NUL (one inside the file ends it there), but a UTF-8 lead
+    // byte at the very end makes it step up to three bytes past that NUL: a few more NULs
+    // keep every such step inside the buffer.
+    constexpr size_t kParserOverrun = 8;
+    std::string padded;
+    padded.reserve(bytes.size() + kParserOverrun);
+    padded.assign(bytes).append(kParserOverrun, '\0');
     TiXmlDocument doc;
-    doc.Parse(bytes.c_str(), nullptr, TIXML_DEFAULT_ENCODING);
+    doc.Parse(padded.c_str(), nullptr, TIXML_DEFAULT_ENCODING);
     if (doc.Error()) {
-        VY_DEBUG("i18n", "%s: %s at line %d", path.c_str(), doc.ErrorDesc(), doc.ErrorRow());
+        VY_DEBUG("i18n", "%s: %s at line %d", name.c_str(), doc.ErrorDesc(), doc.ErrorRow());
         return false;
     }
     VyXmlVisitor visitor(table);
     doc.Accept(&visitor);
-    VY_DEBUG("i18n", "%s: %d texts, %d entries skipped", path.c_str(), visitor.takenCount(),
+    VY_DEBUG("i18n", "%s: %d texts, %d entries skipped", name.c_str(), visitor.takenCount(),
              visitor.skippedCount());
     return true;
 }

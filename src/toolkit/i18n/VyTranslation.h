@@ -15,6 +15,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 class VyLanguageSettingsStore;
@@ -81,6 +82,11 @@ public:
     void availableLanguages(uint32_t configuredMask, uint32_t configuredExtended, uint32_t* mask,
                             uint32_t* extended) const;
     static uint32_t limitMask(uint32_t found, uint32_t configured);
+
+    // Parses the bytes of a language file into `table` (cleared first); false when TinyXML
+    // refuses them. `name` only labels the debug line.
+    static bool parseTexts(const std::string& bytes, const VyString& name,
+                           VyHash<uint32_t, VyString>* table);
 
     const VyString& languageDir() const { return m_languageDir; }
 
