@@ -45,10 +45,17 @@ TEST_F(IpcClientRequest, ReplyWithOtherTypesIsNotTakenAndTheRequestIsSentAgain) 
             return;
         // Right number, wrong SubType: must not end the wait.
         peer.writeMessage(600, 1, h.seqNumber, 0, {0xEE});
-        // Only a re-send gets the real answer.
-        if (!peer.readMessage(h, body) || h.seqNumber != 2)
-            return;
-        peer.writeMessage(600, 0, h.seqNumber, 0, {1, 2, 3, 4});
+        // Only a re-send gets the real answer. A slow machine (an emulator) may let the
+        // client re-send again before an answer arrives, and an answer to an older number
+        // is not taken: once the first re-send is here the interval goes back to its long
+        // default, so at most one more re-send follows, and every request is answered.
+        bool first = true;
+        while (peer.readMessage(h, body)) {
+            if (first)
+                client.setResendIntervalMs(IpcClient::kBlockingResendMs);
+            first = false;
+            peer.writeMessage(600, 0, h.seqNumber, 0, {1, 2, 3, 4});
+        }
     });
     const uint8_t get[12] = {21, 0, 0, 0, 168, 0, 0, 0, 0, 1, 0, 0};
     testing::internal::CaptureStdout();
@@ -57,7 +64,7 @@ TEST_F(IpcClientRequest, ReplyWithOtherTypesIsNotTakenAndTheRequestIsSentAgain) 
     ASSERT_TRUE(reply);
     IpcMsgHeader h = ipcBlockHeader(reply.get());
     EXPECT_EQ(h.SubType, 0);
-    EXPECT_EQ(h.seqNumber, 2u);
+    EXPECT_GE(h.seqNumber, 2u);
     ASSERT_EQ(h.dataLen, 4u);
     EXPECT_EQ(ipcBlockBody(reply.get())[3], 4);
     EXPECT_NE(out.find("[GUI]: BlockWaiting data timeout(MainType:600, SubType:0, seqNumber:1), "
