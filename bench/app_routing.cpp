@@ -3,10 +3,10 @@
 // registered for event 1018. Measured per message, against a bare write and read of the same
 // 24 bytes over a socket pair in the same binary.
 #include "ipc/IpcClient.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiManager.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <benchmark/benchmark.h>
 
@@ -89,7 +89,7 @@ void notificationToReceiver(benchmark::State& state, bool viaManager) {
 
     VyApplication::setDisplayDevice("mem:64x64");
     auto app = std::make_unique<VyApplication>();
-    std::memset(&SystemInfoRecord::instance(), 0, sizeof(SystemInfoRecord));
+    std::memset(&SystemInfo::record(), 0, sizeof(SystemInfoRecord));
     IpcClient client;
     IpcClientConfig config;
     config.socketPath = path;

@@ -55,7 +55,8 @@ function(vy_add_test_dir name dir)
   target_compile_definitions(${name} PRIVATE
     VY_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data"
     VY_RESOURCES_DIR="${PROJECT_SOURCE_DIR}/resources"
-    VY_BINARY_DIR="${PROJECT_BINARY_DIR}")
+    VY_BINARY_DIR="${PROJECT_BINARY_DIR}"
+    VY_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   set(props TIMEOUT 300)
   if(CMAKE_CROSSCOMPILING_EMULATOR)
     # The end-to-end tests start recorder-sim and dvrgui through the same emulator.

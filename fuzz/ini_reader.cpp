@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <vector>
 
-#include "app/ColorDefaultBlock.h"
 #include "app/CustomConfig.h"
-#include "app/DeviceDefaultRecord.h"
+#include "protocol/ColorDefaultBlock.h"
+#include "protocol/DeviceDefaultRecord.h"
 #include "runtime/VyIniParser.h"
 #include "runtime/VyIniSettings.h"
 

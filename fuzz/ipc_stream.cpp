@@ -5,7 +5,7 @@
 // the stream, and no block may exceed the header plus the largest accepted body. The
 // header codec must also reproduce any 24 bytes it decodes.
 #include "ipc/IpcFrameReader.h"
-#include "ipc/IpcMsgHeader.h"
+#include "protocol/IpcMsgHeader.h"
 
 #include <cerrno>
 #include <cstddef>

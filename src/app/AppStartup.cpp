@@ -1,4 +1,8 @@
 #include "app/AppStartup.h"
+#include "protocol/DeviceDefaultRecord.h"
+#include "protocol/MainType.h"
+#include "protocol/StartupHello.h"
+#include "protocol/SubType.h"
 
 #include "app/CustomConfigSender.h"
 #include "app/ResourcesOverride.h"
@@ -6,12 +10,12 @@
 #include "ipc/IpcClient.h"
 #include "model/IpcRecorderLink.h"
 #include "model/ParamAccess.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/style/VyStyle.h"
 #include "ui/WindowShell.h"
 
@@ -89,8 +93,11 @@ int AppStartup::run(int argc, char** argv) {
 
     // 4-6. Hello, then App's first stage.
     vyStartupLog("UI is running, tell App ...\n");
-    const uint32_t hello[2] = {kHelloRevision, kHelloRecordSize};
-    ipc.send(kMainType, kSubTypeHello, hello, sizeof hello);
+    StartupHello hello;
+    hello.recordSize = DeviceDefaultRecord::kSize;
+    uint8_t helloBody[StartupHello::kSize];
+    hello.encode(helloBody);
+    ipc.send(MainType::System, SystemSubType::Hello, helloBody, sizeof helloBody);
     ipc.waitForStage(1);
 
     // 7-11. Device defaults and the colour profile.
@@ -99,12 +106,7 @@ int AppStartup::run(int argc, char** argv) {
         // Scoped: the packed device record is not kept for the whole run.
         CustomConfigSender config(CustomConfigSender::ipcLink(ipc));
         const VyString configPath = VyResources::path(kCustomConfigFile);
-        config.configureDefaultsOrExit(configPath);
-        uint32_t profileCode = 0;
-        ipc.blockingRequest(kMainType, kSubTypeColorProfile, &profileCode, sizeof profileCode,
-                            nullptr, 0);
-        config.sendColorDefaults(configPath, profileCode);
-        ipc.send(kMainType, kSubTypeDefaultsDone, nullptr, 0);
+        config.configureAppDefaults(configPath);
     }
     // The exchange allocated and freed about 2 MB of records; give it back to the system
     // rather than keep it in the allocator for a run that never needs it again.
@@ -117,7 +119,7 @@ int AppStartup::run(int argc, char** argv) {
 
     // 15-16. The device description; its display device, if any, is the screen to open.
     ParamAccess::getSystemInfo();
-    VyApplication::setDisplayDevice(VyString(SystemInfoRecord::instance().displayDeviceName()));
+    VyApplication::setDisplayDevice(VyString(SystemInfo::record().displayDeviceName()));
 
     // 17. The application opens the display; it exits the process when it cannot.
     auto* app = new VyApplication(argc, argv);

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cstring>
 
-#include "app/ColorDefaultBlock.h"
-#include "app/DefaultParamSet.h"
-#include "app/DeviceDefaultRecord.h"
-#include "runtime/VyLog.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/ColorDefaultBlock.h"
+#include "protocol/DefaultParamSet.h"
+#include "protocol/DeviceDefaultRecord.h"
 #include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
 
 namespace {
 
@@ -36,13 +37,8 @@ constexpr ColorSectionRow kColorSections[] = {
 };
 constexpr const char* kDefaultColorSection = "Color_NORMAL";
 
-void putLittleEndian(uint8_t* dst, uint64_t value, uint32_t size) {
-    for (uint32_t i = 0; i < size; ++i)
-        dst[i] = static_cast<uint8_t>(value >> (8 * i));
-}
-
 void putU64(uint8_t* record, uint32_t offset, uint64_t value) {
-    putLittleEndian(record + offset, value, 8);
+    ByteOrder::storeLe64(record + offset, value);
 }
 
 uint64_t convert(char conversion, const VyString& text) {
@@ -105,7 +101,7 @@ bool CustomConfig::storeField(const CustomField& field, const VyString& text, ui
         vyStartupLog("custom-config.ini: %s = %s does not fit in %u byte(s), kept the low "
                      "bytes\n",
                      field.key, text.c_str(), field.size);
-    putLittleEndian(dst, value, field.size);
+    ByteOrder::storeLe(dst, value, field.size);
     return true;
 }
 
@@ -121,7 +117,7 @@ CustomConfig::Outcome CustomConfig::packDeviceDefaults(const VyIniSettings& ini,
     std::memset(record, 0, R::kSize);
 
     const int type = ini.value("DeviceType/Type").toInt();
-    putLittleEndian(record + R::kDeviceTypeType, static_cast<uint32_t>(type), 4);
+    ByteOrder::storeLe(record + R::kDeviceTypeType, static_cast<uint32_t>(type), 4);
     if (type != 0) {
         // A factory build: the function set comes from the mask alone.
         const uint64_t mask = convert('L', ini.value("CustomFuncs/FactoryConfigMask"));
@@ -233,8 +229,8 @@ void CustomConfig::packColorDefaults(const VyIniSettings& ini, uint32_t profileC
                                      uint8_t* block) {
     namespace C = ColorDefaultBlock;
     std::memset(block, 0, C::kSize);
-    putLittleEndian(block + C::kProfileCode, profileCode, 4);
-    putLittleEndian(block + C::kFormatCount, C::kFormatCountValue, 4);
+    ByteOrder::storeLe(block + C::kProfileCode, profileCode, 4);
+    ByteOrder::storeLe(block + C::kFormatCount, C::kFormatCountValue, 4);
     const VyString section = VyString(colorSection(profileCode)) + "/";
     for (uint32_t i = 0; i < C::kFormatCountValue; ++i) {
         const VyString key = section + C::kFormats[i] + "ColorDefaultVal";

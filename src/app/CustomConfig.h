@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "app/CustomField.h"
+#include "protocol/CustomField.h"
 #include "runtime/VyString.h"
 #include "runtime/VyStringList.h"
 

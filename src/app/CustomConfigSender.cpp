@@ -1,4 +1,7 @@
 #include "app/CustomConfigSender.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -6,12 +9,12 @@
 #include <cstring>
 #include <utility>
 
-#include "app/ColorDefaultBlock.h"
-#include "app/DefaultParamSet.h"
-#include "app/DeviceDefaultRecord.h"
 #include "ipc/IpcClient.h"
-#include "runtime/VyLog.h"
+#include "protocol/ColorDefaultBlock.h"
+#include "protocol/DefaultParamSet.h"
+#include "protocol/DeviceDefaultRecord.h"
 #include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
 
 CustomConfigSender::CustomConfigSender(CustomConfigLink link)
     : m_link(std::move(link))
@@ -22,16 +25,17 @@ CustomConfig::Outcome CustomConfigSender::configureDefaults(const VyString& path
     CustomConfig::Outcome outcome = CustomConfig::packDeviceDefaults(ini, m_record.data());
     if (!outcome.proceed())
         return outcome;
-    m_link.send(kMainType, kDeviceDefaults, m_record.data(), DeviceDefaultRecord::kSize);
+    m_link.send(MainType::Param, ParamSubType::DeviceDefaults, m_record.data(),
+                DeviceDefaultRecord::kSize);
 
-    std::vector<uint8_t> params = m_link.request(kMainType, kDefaultParamRequest);
+    std::vector<uint8_t> params = m_link.request(MainType::Param, ParamSubType::DefaultParams);
     if (params.size() != DefaultParamSet::kSize) {
         vyStartupLog("default parameter set from App has %zu bytes, expected %u\n", params.size(),
                      DefaultParamSet::kSize);
         params.resize(DefaultParamSet::kSize, 0);
     }
 
-    const std::vector<uint8_t> tail = m_link.request(kMainType, kDeviceTailRequest);
+    const std::vector<uint8_t> tail = m_link.request(MainType::Param, ParamSubType::DeviceTail);
     const size_t tailBytes = std::min<size_t>(tail.size(), DeviceDefaultRecord::kTailSize);
     if (tailBytes < tail.size())
         vyStartupLog("device information from App has %zu bytes, kept %zu\n", tail.size(),
@@ -43,7 +47,8 @@ CustomConfig::Outcome CustomConfigSender::configureDefaults(const VyString& path
     const VyString warning = CustomConfig::deviceTypeWarning(ini);
     if (!warning.isEmpty())
         std::printf("%s\n", warning.c_str());
-    m_link.send(kMainType, kPatchedParamSet, params.data(), DefaultParamSet::kSize);
+    m_link.send(MainType::Param, ParamSubType::PatchedParams, params.data(),
+                DefaultParamSet::kSize);
     return outcome;
 }
 
@@ -60,21 +65,22 @@ void CustomConfigSender::sendColorDefaults(const VyString& path, uint32_t profil
     const VyIniSettings ini(path);
     std::vector<uint8_t> block(ColorDefaultBlock::kSize);
     CustomConfig::packColorDefaults(ini, profileCode, block.data());
-    m_link.send(kMainType, kColorDefaults, block.data(), ColorDefaultBlock::kSize);
+    m_link.send(MainType::Param, ParamSubType::ColorDefaults, block.data(),
+                ColorDefaultBlock::kSize);
 }
 
 uint32_t CustomConfigSender::configureAppDefaults(const VyString& path) {
     configureDefaultsOrExit(path);
-    const std::vector<uint8_t> reply = m_link.request(kStartupMainType, kColorProfileRequest);
+    const std::vector<uint8_t> reply =
+        m_link.request(MainType::System, SystemSubType::ColorProfile);
     uint32_t code = 0;
     if (reply.size() >= 4)
-        code = uint32_t(reply[0]) | uint32_t(reply[1]) << 8 | uint32_t(reply[2]) << 16 |
-               uint32_t(reply[3]) << 24;
+        code = ByteOrder::loadLe32(reply.data());
     else
         vyStartupLog("colour profile reply from App has %zu bytes, using profile 0\n",
                      reply.size());
     sendColorDefaults(path, code);
-    m_link.send(kStartupMainType, kDefaultsConfigured, nullptr, 0);
+    m_link.send(MainType::System, SystemSubType::DefaultsConfigured, nullptr, 0);
     return code;
 }
 

@@ -15,16 +15,6 @@ class IpcClient;
 
 class CustomConfigSender {
 public:
-    static constexpr uint16_t kMainType = 600;
-    static constexpr uint16_t kDefaultParamRequest = 3; // request: App's default parameter set
-    static constexpr uint16_t kDeviceDefaults = 4;      // GUI -> App: device default record
-    static constexpr uint16_t kPatchedParamSet = 10;    // GUI -> App: patched parameter set
-    static constexpr uint16_t kColorDefaults = 11;      // GUI -> App: colour default block
-    static constexpr uint16_t kDeviceTailRequest = 14;  // request: device information tail
-    static constexpr uint16_t kStartupMainType = 1000;
-    static constexpr uint16_t kColorProfileRequest = 104; // request: u32 colour-profile code
-    static constexpr uint16_t kDefaultsConfigured = 105;  // GUI -> App: defaults are in place
-
     // The link over the IPC client: one-way sends and (blocking, at start-up) requests.
     static CustomConfigLink ipcLink(IpcClient& client);
 

@@ -23,8 +23,8 @@
 // The socket is "/dev/IPC_UI" unless the environment variable VY_IPC_SOCKET names another.
 #include "ipc/IpcFrameReader.h"
 #include "ipc/IpcMsgBlock.h"
-#include "ipc/IpcMsgHeader.h"
 #include "ipc/IpcMsgList.h"
+#include "protocol/IpcMsgHeader.h"
 #include "runtime/VyGlobal.h"
 
 #include <atomic>
@@ -62,9 +62,6 @@ public:
     static constexpr int kBlockingResendMs = 10000;      // ms between re-sends of a request
     static constexpr int kConnectPollMs = 100;           // ms between checks of the connection
     static constexpr size_t kThreadStackSize = 0x180000; // bytes, both threads
-    static constexpr uint16_t kAppMainType = 1000;
-    static constexpr uint16_t kRemotePointerSubType = 134;
-    static constexpr int kIpcEventType = 1000; // CEvent type of a message posted to the receiver
 
     // The process-wide client.
     static IpcClient& instance();

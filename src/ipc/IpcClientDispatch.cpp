@@ -1,12 +1,15 @@
 // IpcClient: the dispatch callback, run on the dispatch thread for every received message.
 #include "ipc/IpcClient.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
+#include "protocol/UiEventType.h"
 
-#include "ipc/IpcRemotePointer.h"
 #include "ipc/IpcReplyWaiter.h"
+#include "protocol/IpcRemotePointer.h"
 #include "runtime/VyLog.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/CEvent.h"
 
 #include <algorithm>
 
@@ -18,7 +21,7 @@ int IpcClient::dispatch(IpcMsgBlock block) {
     if (!block)
         return -1;
     IpcMsgHeader h = ipcBlockHeader(block.get());
-    if (h.MainType == kAppMainType && h.SubType == kRemotePointerSubType) {
+    if (h.MainType == MainType::System && h.SubType == SystemSubType::RemotePointer) {
         remotePointer(block);
         return 0;
     }
@@ -92,7 +95,7 @@ void IpcClient::waiterDeliver(IpcMsgBlock block) {
 }
 
 void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block) {
-    auto* event = new CEvent(kIpcEventType);
+    auto* event = new CEvent(UiEventType::IpcMessage);
     event->setData(VyEventData(block.release(), &std::free));
     VyApplication::postEvent(receiver, event);
 }

@@ -1,6 +1,7 @@
 // IpcClient: the ways the GUI thread waits for App (blocking request, nested-loop request,
 // stage waits).
 #include "ipc/IpcClient.h"
+#include "protocol/MainType.h"
 
 #include "ipc/IpcReplyWaiter.h"
 #include "runtime/VyLog.h"
@@ -177,7 +178,7 @@ void IpcClient::setEventReceiver(VyObject* receiver) {
 }
 
 bool IpcClient::waitForStage(int n) {
-    const uint32_t wanted = uint32_t(kAppMainType) + uint32_t(n);
+    const uint32_t wanted = uint32_t(MainType::System) + uint32_t(n);
     std::unique_lock<std::mutex> lock(m_waitMutex);
     for (;;) {
         auto it = findNewest(m_numbers, wanted);

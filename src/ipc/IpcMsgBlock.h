@@ -3,7 +3,7 @@
 // wire, then the body. The block travels from the receive thread to its consumer without
 // being copied; whoever consumes it last frees it with free() (an IPC event carries it with
 // free as its deleter).
-#include "ipc/IpcMsgHeader.h"
+#include "protocol/IpcMsgHeader.h"
 
 #include <cstdlib>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "ipc/IpcSocketIo.h"
 
-#include "ipc/IpcMsgHeader.h"
+#include "protocol/IpcMsgHeader.h"
 #include "runtime/VyLog.h"
 
 #include <cerrno>

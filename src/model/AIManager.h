@@ -2,14 +2,12 @@
 // The analytics applications' model: which channels App analyses and the rule block the
 // face, crowd and heat-map screens read (parameter block 61).
 #include "model/CachedParamBlock.h"
+#include "protocol/ParamBlock.h"
 #include "toolkit/core/VyObject.h"
 
 class AIManager : public VyObject {
     VY_OBJECT(AIManager, VyObject)
 public:
-    static constexpr uint32_t kRuleBlock = 61;
-    static constexpr uint32_t kRuleBlockSize = 512; // bytes
-
     static AIManager* instance();
 
     // Rereads the rule block (after App reports it changed).
@@ -22,6 +20,6 @@ public:
 
 private:
     AIManager() = default;
-    CachedParamBlock m_rules{kRuleBlock, kRuleBlockSize};
+    CachedParamBlock m_rules{ParamBlock::AiRules.number, ParamBlock::AiRules.size};
     uint64_t m_analysedChannels = 0;
 };

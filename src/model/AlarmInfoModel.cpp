@@ -1,6 +1,6 @@
 #include "model/AlarmInfoModel.h"
 
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 
 namespace {
 AlarmInfoModel* g_model = nullptr;
@@ -24,8 +24,8 @@ AlarmInfoModel* AlarmInfoModel::existingInstance() {
 }
 
 AlarmInfoModel::AlarmInfoModel()
-    : m_inputs(SystemInfoRecord::instance().alarmInputCount, 0)
-    , m_outputs(SystemInfoRecord::instance().alarmOutputCount, 0) {}
+    : m_inputs(SystemInfo::record().alarmInputCount, 0)
+    , m_outputs(SystemInfo::record().alarmOutputCount, 0) {}
 
 bool AlarmInfoModel::inputActive(int input) const {
     return input >= 0 && input < inputCount() && m_inputs[size_t(input)] != 0;

@@ -1,6 +1,6 @@
 #include "model/CameraModel.h"
 
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 
 CameraModel* CameraModel::instance() {
     static CameraModel* model = new CameraModel; // lives to process end
@@ -8,7 +8,7 @@ CameraModel* CameraModel::instance() {
 }
 
 CameraModel::CameraModel() {
-    const SystemInfoRecord& info = SystemInfoRecord::instance();
+    const SystemInfoRecord& info = SystemInfo::record();
     m_channelCount = info.channelCount;
     m_analogChannelCount = info.analogChannelCount;
     m_ipChannelCount = info.ipChannelCount;

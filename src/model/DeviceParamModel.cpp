@@ -1,44 +1,39 @@
 #include "model/DeviceParamModel.h"
 
+#include "protocol/ParamBlock.h"
 #include "runtime/VyLog.h"
 
 namespace {
 
-// Part -> (block, size in bytes). The sizes are the blocks' wire sizes as App declares
-// them for the pages that read these parts.
-struct PartRow {
-    int block;
-    uint32_t size;
-};
-
-const PartRow kParts[DeviceParamModel::kPartCount] = {
-    {11, 1024}, // 0: alarm input settings
-    {32, 512},  // 1: network settings
-    {3, 2048},  // 2: camera settings
-    {14, 1024}, // 3: record settings
-    {57, 256},  // 4: PTZ settings
-    {45, 512},  // 5: motion settings
-    {46, 512},  // 6: video loss settings
-    {47, 512},  // 7: alarm output settings
-    {53, 256},  // 8: email settings
-    {54, 256},  // 9: DDNS settings
-    {55, 256},  // 10: NTP settings
-    {87, 256},  // 11: cloud settings
-    {5, 1024},  // 12: encode settings
-    {7, 1024},  // 13: schedule settings
-    {38, 512},  // 14: user settings
-    {6, 512},   // 15: colour settings
-    {-1, 0},    // 16: unused
-    {-1, 0},    // 17: unused
-    {-1, 0},    // 18: unused
-    {-1, 0},    // 19: unused
-    {17, 512},  // 20: exception settings
-    {-1, 0},    // 21: unused
-    {68, 512},  // 22: analytics rules
-    {69, 512},  // 23: analytics schedule
-    {59, 256},  // 24: P2P settings
-    {-1, 0},    // 25: unused
-    {49, 512},  // 26: disk group settings
+// Part -> its block; null: the part is unused.
+const ParamBlockId* const kParts[DeviceParamModel::kPartCount] = {
+    &ParamBlock::AlarmInput,        // 0: alarm input settings
+    &ParamBlock::Network,           // 1: network settings
+    &ParamBlock::Camera,            // 2: camera settings
+    &ParamBlock::Record,            // 3: record settings
+    &ParamBlock::Ptz,               // 4: PTZ settings
+    &ParamBlock::Motion,            // 5: motion settings
+    &ParamBlock::VideoLoss,         // 6: video loss settings
+    &ParamBlock::AlarmOutput,       // 7: alarm output settings
+    &ParamBlock::Email,             // 8: email settings
+    &ParamBlock::Ddns,              // 9: DDNS settings
+    &ParamBlock::Ntp,               // 10: NTP settings
+    &ParamBlock::Cloud,             // 11: cloud settings
+    &ParamBlock::Encode,            // 12: encode settings
+    &ParamBlock::Schedule,          // 13: schedule settings
+    &ParamBlock::User,              // 14: user settings
+    &ParamBlock::Colour,            // 15: colour settings
+    nullptr,                        // 16: unused
+    nullptr,                        // 17: unused
+    nullptr,                        // 18: unused
+    nullptr,                        // 19: unused
+    &ParamBlock::Exception,         // 20: exception settings
+    nullptr,                        // 21: unused
+    &ParamBlock::AnalyticsRules,    // 22: analytics rules
+    &ParamBlock::AnalyticsSchedule, // 23: analytics schedule
+    &ParamBlock::P2p,               // 24: P2P settings
+    nullptr,                        // 25: unused
+    &ParamBlock::DiskGroup,         // 26: disk group settings
 };
 
 } // namespace
@@ -51,14 +46,15 @@ DeviceParamModel* DeviceParamModel::instance() {
 DeviceParamModel::DeviceParamModel() {
     m_parts.resize(kPartCount);
     for (int i = 0; i < kPartCount; ++i) {
-        if (kParts[i].block >= 0)
+        if (kParts[i] != nullptr)
             m_parts[size_t(i)] =
-                std::make_unique<CachedParamBlock>(uint32_t(kParts[i].block), kParts[i].size);
+                std::make_unique<CachedParamBlock>(kParts[i]->number, kParts[i]->size);
     }
 }
 
 int DeviceParamModel::blockOfPart(int part) {
-    return part >= 0 && part < kPartCount ? kParts[part].block : -1;
+    return part >= 0 && part < kPartCount && kParts[part] != nullptr ? int(kParts[part]->number)
+                                                                     : -1;
 }
 
 const CachedParamBlock* DeviceParamModel::part(int part) {

@@ -1,6 +1,6 @@
 #include "model/DiskManager.h"
 
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 
 DiskManager* DiskManager::instance() {
     static DiskManager* manager = new DiskManager; // lives to process end
@@ -8,7 +8,7 @@ DiskManager* DiskManager::instance() {
 }
 
 DiskManager::DiskManager()
-    : m_states(SystemInfoRecord::instance().diskCount, Absent) {}
+    : m_states(SystemInfo::record().diskCount, Absent) {}
 
 DiskManager::DiskState DiskManager::state(int slot) const {
     return slot >= 0 && slot < slotCount() ? m_states[size_t(slot)] : Absent;

@@ -1,9 +1,10 @@
 #include "model/MainViewManager.h"
+#include "protocol/UiEventType.h"
 
 #include "ipc/IpcMsgBlock.h"
-#include "model/OutputSettingsBlock.h"
 #include "model/ParamAccess.h"
 #include "model/UiRouteTable.h"
+#include "protocol/OutputSettingsBlock.h"
 #include "toolkit/events/CEvent.h"
 
 MainViewManager* MainViewManager::instance() {
@@ -36,7 +37,7 @@ void MainViewManager::refreshSettings() {
 }
 
 void MainViewManager::customEvent(VyEvent* e) {
-    if (e->type() != UiRouteTable::kMainViewEventType)
+    if (e->type() != UiEventType::MainViewNotice)
         return;
     e->accept();
     const void* block = static_cast<CEvent*>(e)->data();

@@ -4,6 +4,7 @@
 // (MainType 100 messages arrive here as event 1024). The window reads this and listens to
 // the signals; it may come and go, the state stays.
 #include "model/CachedParamBlock.h"
+#include "protocol/ParamBlock.h"
 #include "toolkit/core/VyObject.h"
 
 #include <cstdint>
@@ -11,9 +12,6 @@
 class MainViewManager : public VyObject {
     VY_OBJECT(MainViewManager, VyObject)
 public:
-    static constexpr uint32_t kSettingsBlock = 24;
-    static constexpr uint32_t kSettingsBlockSize = 512; // bytes
-
     static MainViewManager* instance();
 
     bool isShown() const { return m_shown; }
@@ -45,7 +43,8 @@ protected:
 
 private:
     MainViewManager() = default;
-    CachedParamBlock m_settings{kSettingsBlock, kSettingsBlockSize};
+    CachedParamBlock m_settings{ParamBlock::MainViewSettings.number,
+                                ParamBlock::MainViewSettings.size};
     int m_layout = 0;
     int m_sequenceDwell = -1;
     int m_outputResolution = 0;

@@ -1,8 +1,11 @@
 #include "model/ParamAccess.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
-#include "model/ParamRequest.h"
 #include "model/RecorderLink.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
+#include "protocol/ParamRequest.h"
 #include "runtime/VyLog.h"
 
 #include <cstdio>
@@ -10,9 +13,6 @@
 #include <vector>
 
 namespace {
-
-constexpr uint16_t kPairMainType = 100;
-constexpr uint16_t kPairSubType = 15;
 
 // Without a link there is no App to ask; the callers then see zeros, as for a silent App.
 RecorderLink* link() {
@@ -45,7 +45,7 @@ void ParamAccess::getParam(uint32_t blockNumber, void* buffer, uint32_t size, ui
     uint8_t body[ParamRequest::kSize];
     req.encode(body);
     std::vector<uint8_t> reply;
-    l->request(ParamRequest::kMainType, ParamRequest::kSubType, body, sizeof body, reply);
+    l->request(MainType::Param, ParamSubType::Access, body, sizeof body, reply);
     copyReply(reply, buffer, size);
 }
 
@@ -64,18 +64,17 @@ void ParamAccess::setParam(uint32_t blockNumber, const void* record, uint32_t si
     std::vector<uint8_t> body(ParamRequest::kSize + size_t(size));
     req.encode(body.data());
     std::memcpy(body.data() + ParamRequest::kSize, record, size);
-    l->send(ParamRequest::kMainType, ParamRequest::kSubType, body.data(),
-            static_cast<uint32_t>(body.size()));
+    l->send(MainType::Param, ParamSubType::Access, body.data(), static_cast<uint32_t>(body.size()));
 }
 
 void ParamAccess::getSystemInfo() {
-    SystemInfoRecord& info = SystemInfoRecord::instance();
+    SystemInfoRecord& info = SystemInfo::record();
     std::memset(&info, 0, sizeof info);
     RecorderLink* l = link();
     if (l == nullptr)
         return;
     std::vector<uint8_t> reply;
-    l->request(SystemInfoRecord::kMainType, SystemInfoRecord::kSubType, nullptr, 0, reply);
+    l->request(MainType::System, SystemSubType::SystemInfo, nullptr, 0, reply);
     copyReply(reply, &info, sizeof info);
 }
 
@@ -84,10 +83,9 @@ std::pair<uint32_t, uint32_t> ParamAccess::requestPair(uint32_t argument) {
     if (l == nullptr)
         return {0, 0};
     uint8_t body[4];
-    for (int i = 0; i < 4; ++i)
-        body[i] = uint8_t(argument >> (8 * i));
+    ByteOrder::storeLe32(body, argument);
     std::vector<uint8_t> reply;
-    l->request(kPairMainType, kPairSubType, body, sizeof body, reply);
+    l->request(MainType::Preview, PreviewSubType::StreamPair, body, sizeof body, reply);
     uint32_t words[2] = {0, 0};
     copyReply(reply, words, sizeof words);
     return {words[0], words[1]};

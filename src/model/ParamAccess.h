@@ -11,7 +11,7 @@ public:
     static void getParam(uint32_t blockNumber, void* buffer, uint32_t size, uint8_t index = 0);
     // One-way. A null record is refused with a log line and nothing is sent.
     static void setParam(uint32_t blockNumber, const void* record, uint32_t size);
-    // Request (1000, 33) into SystemInfoRecord::instance().
+    // Request (1000, 33) into SystemInfo::record().
     static void getSystemInfo();
     // Request (100, 15) with a u32 argument; the reply's two u32 words (0 where missing).
     static std::pair<uint32_t, uint32_t> requestPair(uint32_t argument);

@@ -1,6 +1,6 @@
 #include "model/RecDataManager.h"
 
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "runtime/VyLog.h"
 
 RecDataManager* RecDataManager::instance() {
@@ -14,7 +14,7 @@ void RecDataManager::refresh() {
 }
 
 std::vector<uint8_t> RecDataManager::channelToBitArray(int channel) const {
-    const int channels = SystemInfoRecord::instance().channelCount;
+    const int channels = SystemInfo::record().channelCount;
     if (channel < 0 || channel >= channels) {
         VY_GUI_LOG("chnIndex invalid:%d !!!\n", channel);
         return {};

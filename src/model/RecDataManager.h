@@ -2,6 +2,7 @@
 // The record data model: the record settings the playback and search screens depend on
 // (parameter block 16) and the channel masks that record-search messages carry.
 #include "model/CachedParamBlock.h"
+#include "protocol/ParamBlock.h"
 #include "toolkit/core/VyObject.h"
 
 #include <vector>
@@ -9,9 +10,6 @@
 class RecDataManager : public VyObject {
     VY_OBJECT(RecDataManager, VyObject)
 public:
-    static constexpr uint32_t kRecordBlock = 16;
-    static constexpr uint32_t kRecordBlockSize = 1024; // bytes
-
     static RecDataManager* instance();
 
     // Rereads block 16 (App reported a change).
@@ -24,5 +22,6 @@ public:
 
 private:
     RecDataManager() = default;
-    CachedParamBlock m_recordSettings{kRecordBlock, kRecordBlockSize};
+    CachedParamBlock m_recordSettings{ParamBlock::RecordSchedule.number,
+                                      ParamBlock::RecordSchedule.size};
 };

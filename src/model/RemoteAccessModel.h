@@ -2,7 +2,7 @@
 // The device's identity and its remote-access registration (parameter block 22). It starts
 // late: registration waits for the delayed start, when App's network is up, so the model is
 // created with its pending-start flag set and the delayed start runs start().
-#include "model/DeviceParamBlock.h"
+#include "protocol/DeviceParamBlock.h"
 #include "toolkit/core/VyObject.h"
 
 #include <cstdint>

@@ -1,23 +1,25 @@
 // UiManager: construction, settings, formats and the clock.
 #include "model/UiManager.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
 #include "model/AIManager.h"
 #include "model/AlarmInfoModel.h"
 #include "model/CameraModel.h"
 #include "model/DeviceParamModel.h"
 #include "model/DiskManager.h"
-#include "model/DisplaySwitchBlock.h"
 #include "model/FrontPanelModel.h"
-#include "model/GeneralSettingsBlock.h"
 #include "model/MainViewManager.h"
-#include "model/OutputSettingsBlock.h"
 #include "model/ParamAccess.h"
 #include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiTimerSource.h"
 #include "model/VyKeyManager.h"
+#include "protocol/DisplaySwitchBlock.h"
+#include "protocol/GeneralSettingsBlock.h"
+#include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
@@ -57,7 +59,7 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
     VY_ASSERT(g_instance == nullptr);
     g_instance = this;
     m_halted = 0;
-    const SystemInfoRecord& info = SystemInfoRecord::instance();
+    const SystemInfoRecord& info = SystemInfo::record();
 
     // 2. Calendar of every date the GUI shows.
     VyDate::setDateMode(info.dateMode != 0);
@@ -80,7 +82,7 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
     // 7. Tell App which process draws the screen.
     if (RecorderLink* link = RecorderLink::instance()) {
         const uint32_t pid = uint32_t(getpid());
-        link->send(1000, kSubTypeGuiPid, &pid, sizeof pid);
+        link->send(MainType::System, SystemSubType::GuiPid, &pid, sizeof pid);
     }
 
     // 8. Texts of the GUI's own messages.
@@ -119,7 +121,7 @@ void UiManager::createSingletons() {
     DeviceParamModel::instance();
     FrontPanelModel::instance();
     RemoteAccessModel::instance();
-    if (SystemInfoRecord::instance().alarmInfoPresent != 0)
+    if (SystemInfo::record().alarmInfoPresent != 0)
         AlarmInfoModel::instance();
     MainViewManager::instance();
     VyKeyManager::instance();

@@ -36,12 +36,6 @@ public:
 
     static constexpr int kTickMs = 1000;
     static constexpr int kMinDelayedStartMs = 100;
-    // MainType 1000 SubTypes the GUI sends.
-    static constexpr uint16_t kSubTypeGuiPid = 4;
-    static constexpr uint16_t kSubTypeBusyAck = 14;
-    static constexpr uint16_t kSubTypeAck45 = 45;
-    static constexpr uint16_t kSubTypeOutputCheckSkipped = 151;
-    static constexpr uint16_t kSubTypeAck201 = 201;
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
 

@@ -1,5 +1,9 @@
 // UiManager: routing of App's messages and the notifications it handles itself.
 #include "model/UiManager.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
+#include "protocol/UiEventType.h"
 
 #include "ipc/IpcMsgBlock.h"
 #include "model/AIManager.h"
@@ -9,12 +13,12 @@
 #include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
-#include "model/TimeZoneNotice.h"
 #include "model/UiRouteTable.h"
 #include "model/UiShell.h"
+#include "protocol/TimeZoneNotice.h"
 #include "runtime/VyLog.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,26 +27,7 @@
 
 namespace {
 
-constexpr uint16_t kMainTypeSystem = 1000;
-constexpr uint16_t kSubTypeBusy = 14;
-constexpr uint16_t kSubTypeSubscriptionCheck = 44;
-constexpr uint16_t kSubTypeSync45 = 45;
-constexpr uint16_t kSubTypeLedState = 47;
-constexpr uint16_t kSubTypeNetworkStatus = 116;
-constexpr uint16_t kSubTypeQuery199 = 199;
-constexpr uint16_t kSubTypeShutdown = 280;
-constexpr uint16_t kSubTypeSubscriptionCheck2 = 308;
-constexpr uint16_t kSubTypeNtp = 11;
-constexpr uint16_t kSubTypeTwoTargets = 13;
-
-constexpr uint16_t kParamChanged = 0;
-constexpr uint16_t kParamForward1 = 1;
-constexpr uint16_t kParamForward2 = 2;
 constexpr size_t kBlockNumberSize = 4; // bytes: the changed block's number, u32
-
-uint32_t loadU32(const uint8_t* p) {
-    return uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24;
-}
 
 } // namespace
 
@@ -88,7 +73,7 @@ void UiManager::setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* 
 }
 
 void UiManager::customEvent(VyEvent* e) {
-    if (e->type() != CEvent::IpcMessage)
+    if (e->type() != UiEventType::IpcMessage)
         return;
     routeMessage(static_cast<CEvent*>(e));
     e->accept();
@@ -130,9 +115,9 @@ void UiManager::routeMessage(CEvent* e) {
 
 void UiManager::routeSubType(CEvent* e, const IpcMsgHeader& h, int uiEventType) {
     VyObject* target = receiver(uiEventType);
-    if (h.SubType == kSubTypeTwoTargets && target == nullptr)
+    if (h.SubType == SystemSubType::TwoTargets && target == nullptr)
         target = m_second1032;
-    forward(e, target, uiEventType, h.SubType == kSubTypeNtp ? int(h.msgValue) : 0);
+    forward(e, target, uiEventType, h.SubType == SystemSubType::Ntp ? int(h.msgValue) : 0);
 }
 
 void UiManager::forward(CEvent* e, VyObject* target, int uiEventType, int param) {
@@ -148,7 +133,7 @@ void UiManager::forward(CEvent* e, VyObject* target, int uiEventType, int param)
 
 void UiManager::reply(uint16_t subType) {
     if (RecorderLink* link = RecorderLink::instance())
-        link->send(kMainTypeSystem, subType, nullptr, 0);
+        link->send(MainType::System, subType, nullptr, 0);
 }
 
 void UiManager::showMessage(MessageId id) {
@@ -163,33 +148,33 @@ void UiManager::handleSelf(const IpcMsgHeader& h) {
     const uint32_t value = h.msgValue;
     m_lastValues.insert(h.SubType, value);
     switch (h.SubType) {
-    case kSubTypeBusy:
+    case SystemSubType::Busy:
         if (value != 0) {
-            reply(kSubTypeBusyAck);
+            reply(SystemSubType::Busy);
             showMessage(MsgBusy);
         }
         break;
-    case kSubTypeSubscriptionCheck:
-    case kSubTypeSubscriptionCheck2:
-        reply(kSubTypeBusyAck);
+    case SystemSubType::SubscriptionCheck:
+    case SystemSubType::SubscriptionCheck2:
+        reply(SystemSubType::Busy);
         break;
-    case kSubTypeSync45:
-        reply(kSubTypeAck45);
+    case SystemSubType::Sync45:
+        reply(SystemSubType::Sync45);
         break;
-    case kSubTypeQuery199:
-        reply(kSubTypeAck201);
+    case SystemSubType::Query199:
+        reply(SystemSubType::Ack201);
         break;
-    case kSubTypeLedState:
+    case SystemSubType::LedState:
         std::printf("LED state: %d ------------------\n", int(value));
         FrontPanelModel::instance()->setLedState(uint8_t(value & 0xFF));
         break;
-    case kSubTypeNetworkStatus:
+    case SystemSubType::NetworkStatus:
         m_networkStatus = value;
         std::printf("UI:NET STATUS:%d\n", int(value));
         emitSignal(this, &networkStatusChanged);
         emitSignal(this, &connectionStateChanged);
         break;
-    case kSubTypeShutdown:
+    case SystemSubType::Shutdown:
         // Nothing may start any more; App powers the board off when it is done.
         m_shuttingDown = true;
         m_halted = 1;
@@ -205,7 +190,7 @@ void UiManager::handleSelf(const IpcMsgHeader& h) {
 
 void UiManager::handleParameter(CEvent* e, const IpcMsgHeader& h, const uint8_t* body) {
     switch (h.SubType) {
-    case kParamChanged:
+    case ParamSubType::Access:
         if (h.msgValue == 0) {
             if (h.dataLen < kBlockNumberSize) {
                 vyFrameworkLog("parameter changed without a block number (%u bytes), dropped "
@@ -214,19 +199,18 @@ void UiManager::handleParameter(CEvent* e, const IpcMsgHeader& h, const uint8_t*
                 ++m_droppedCount;
                 return;
             }
-            reactToParameterChange(loadU32(body));
+            reactToParameterChange(ByteOrder::loadLe32(body));
         }
-        forward(e, receiver(UiRouteTable::kParamChangedEventType),
-                UiRouteTable::kParamChangedEventType);
+        forward(e, receiver(UiEventType::ParamChanged), UiEventType::ParamChanged);
         break;
-    case TimeZoneNotice::kSubType:
+    case ParamSubType::TimeZone:
         handleTimeZone(h, body);
         break;
-    case kParamForward1:
-        forward(e, receiver(UiRouteTable::kParam1EventType), UiRouteTable::kParam1EventType);
+    case ParamSubType::Notice1:
+        forward(e, receiver(UiEventType::ParamNotice1), UiEventType::ParamNotice1);
         break;
-    case kParamForward2:
-        forward(e, receiver(UiRouteTable::kParam2EventType), UiRouteTable::kParam2EventType);
+    case ParamSubType::Notice2:
+        forward(e, receiver(UiEventType::ParamNotice2), UiEventType::ParamNotice2);
         break;
     default:
         ++m_droppedCount;
@@ -242,7 +226,7 @@ void UiManager::handleTimeZone(const IpcMsgHeader& h, const uint8_t* body) {
         ++m_droppedCount;
         return;
     }
-    m_timeZoneValue = loadU32(body + TimeZoneNotice::kValueOffset);
+    m_timeZoneValue = ByteOrder::loadLe32(body + TimeZoneNotice::kValueOffset);
     setenv("TZ", reinterpret_cast<const char*>(body), 1);
     tzset();
     std::printf("[GUI] Set TZ to %s\n", getenv("TZ"));

@@ -1,14 +1,16 @@
 // UiManager: the delayed start that decides the first screen.
 #include "model/UiManager.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
-#include "model/GeneralSettingsBlock.h"
 #include "model/MainViewManager.h"
-#include "model/OutputSettingsBlock.h"
 #include "model/ParamAccess.h"
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiShell.h"
+#include "protocol/GeneralSettingsBlock.h"
+#include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
 
 void UiManager::delayedStart() {
@@ -19,10 +21,10 @@ void UiManager::delayedStart() {
     if (link != nullptr)
         link->setWaiterMode(true);
 
-    if (SystemInfoRecord::instance().outputCheckDisabled == 0)
+    if (SystemInfo::record().outputCheckDisabled == 0)
         checkOutputResolution();
     else if (link != nullptr)
-        link->send(1000, kSubTypeOutputCheckSkipped, nullptr, 0);
+        link->send(MainType::System, SystemSubType::OutputCheckSkipped, nullptr, 0);
 
     RemoteAccessModel* late = RemoteAccessModel::instance();
     if (late->pendingStart())

@@ -1,4 +1,7 @@
 #include "model/UiRouteTable.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
+#include "protocol/UiEventType.h"
 
 #include "runtime/VyGlobal.h"
 
@@ -18,7 +21,7 @@ const ForwardRow kForwardRows[] = {
     {1018, {8, 10, 34, 38, 174, 196}},
     {1020, {9}},
     {1021, {53}},
-    {1014, {11}},
+    {UiEventType::NtpUpdate, {11}},
     {1032, {13}},
     {1013, {16}},
     {1094, {18, 20, 21, 222, 223, 225, 227, 266}},
@@ -26,7 +29,7 @@ const ForwardRow kForwardRows[] = {
             150, 156, 171, 182, 229, 241, 265, 302, 303, 304}},
     {1030, {22, 36, 84}},
     {1022, {26}},
-    {1034, {43}},
+    {UiEventType::DualTalk, {43}},
     {1045, {46}},
     {1035, {49}},
     {1036, {50}},
@@ -51,7 +54,7 @@ const ForwardRow kForwardRows[] = {
     {1076, {167}},
     {1079, {172}},
     {1108, {183}},
-    {1029, {186}},
+    {UiEventType::DvrKey, {186}},
     {1072, {192, 239, 240, 287, 300, 305, 306}},
     {1087, {194}},
     {1088, {195}},
@@ -78,7 +81,7 @@ const uint16_t kSelfHandled[] = {14,  44,  45,  47,  52,  54,  64,  86,  88,  90
 constexpr int kSelfMarker = -1;
 
 struct SubTypeTable {
-    std::array<int, UiRouteTable::kLastRoutedSubType + 1> entry{};
+    std::array<int, SystemSubType::LastRouted + 1> entry{};
     std::array<int, 64> forwardedTypes{};
     int forwardedCount = 0;
 
@@ -149,8 +152,8 @@ const ReactionRow kReactionRows[] = {
 
 UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
     switch (mainType) {
-    case 1000: {
-        if (subType < kFirstRoutedSubType || subType > kLastRoutedSubType)
+    case MainType::System: {
+        if (subType < SystemSubType::FirstRouted || subType > SystemSubType::LastRouted)
             return {};
         const int e = subTypeTable().entry[subType];
         if (e == kSelfMarker)
@@ -159,11 +162,11 @@ UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
             return {UiRouteKind::Forward, e};
         return {};
     }
-    case 100:
-        return {UiRouteKind::MainView, kMainViewEventType};
-    case 300:
-        return {UiRouteKind::Playback, kPlaybackEventType};
-    case 600:
+    case MainType::Preview:
+        return {UiRouteKind::MainView, UiEventType::MainViewNotice};
+    case MainType::Playback:
+        return {UiRouteKind::Playback, UiEventType::IpcMessage};
+    case MainType::Param:
         return {UiRouteKind::Parameter, 0};
     default:
         return {};

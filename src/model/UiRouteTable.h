@@ -8,9 +8,9 @@ enum class UiRouteKind : uint8_t {
     Drop,        // accepted and dropped
     Forward,     // posted to the receiver registered for `uiEventType`
     SelfHandled, // handled by the UiManager itself
-    MainView,    // MainType 100: to the main-view manager as event 1024
-    Playback,    // MainType 300: to the first present of the two playback receivers
-    Parameter,   // MainType 600: the parameter switch
+    MainView,    // MainType::Preview: to the main-view manager
+    Playback,    // MainType::Playback: to the first present of the two playback receivers
+    Parameter,   // MainType::Param: the parameter switch
 };
 
 struct UiRoute {
@@ -40,19 +40,8 @@ struct ParamReaction {
 
 class UiRouteTable {
 public:
-    // Event type of a forwarded MainType 100 message.
-    static constexpr int kMainViewEventType = 1024;
-    // Event types of forwarded MainType 600 messages.
-    static constexpr int kParamChangedEventType = 1028;
-    static constexpr int kParam1EventType = 1015;
-    static constexpr int kParam2EventType = 1016;
-    // Event type of a MainType 300 message handed to a playback receiver: the IPC event
-    // type itself, the receivers read the message block as it came.
-    static constexpr int kPlaybackEventType = 1000;
-    // SubTypes of MainType 1000 routed by the table.
-    static constexpr uint16_t kFirstRoutedSubType = 8;
-    static constexpr uint16_t kLastRoutedSubType = 308;
-
+    // A MainType::Playback message reaches a playback receiver as UiEventType::IpcMessage:
+    // the receivers read the message block as it came.
     static UiRoute route(uint16_t mainType, uint16_t subType);
     static ParamReaction reactionForBlock(uint32_t blockNumber);
     // Every UI event type that the forwarding table can produce, for receivers that register

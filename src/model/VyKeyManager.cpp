@@ -1,6 +1,6 @@
 #include "model/VyKeyManager.h"
 
-#include "model/SerialKeyboardBlock.h"
+#include "protocol/SerialKeyboardBlock.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyTimer.h"
 

@@ -1,7 +1,7 @@
 #include "ui/WindowShell.h"
 
-#include "model/OutputSettingsBlock.h"
 #include "model/UiManager.h"
+#include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
 #include "ui/MainViewWindow.h"
 #include "ui/MessageBox.h"

@@ -5,10 +5,10 @@
 #include <unistd.h>
 #include <vector>
 
-#include "app/ColorDefaultBlock.h"
 #include "app/CustomConfigSender.h"
-#include "app/DefaultParamSet.h"
-#include "app/DeviceDefaultRecord.h"
+#include "protocol/ColorDefaultBlock.h"
+#include "protocol/DefaultParamSet.h"
+#include "protocol/DeviceDefaultRecord.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 // real application object on the in-memory display.
 #include "IpcTestPeer.h"
 #include "ipc/IpcClient.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
 
@@ -22,7 +22,7 @@ class IpcReceiver : public VyObject {
 public:
     void customEvent(VyEvent* e) override {
         auto* ce = static_cast<CEvent*>(e);
-        if (e->type() != IpcClient::kIpcEventType || !ce->data()) {
+        if (e->type() != UiEventType::IpcMessage || !ce->data()) {
             ++unexpected;
             return;
         }

@@ -1,7 +1,7 @@
 #pragma once
 // A bare server on a real socket in a temporary folder, for tests that need to send the
 // client what a well-behaved App never would: partial messages, garbage, absurd lengths.
-#include "ipc/IpcMsgHeader.h"
+#include "protocol/IpcMsgHeader.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -3,8 +3,8 @@
 
 #include "model/DeviceParamModel.h"
 #include "model/RecDataManager.h"
-#include "model/SerialKeyboardBlock.h"
 #include "model/VyKeyManager.h"
+#include "protocol/SerialKeyboardBlock.h"
 
 TEST(VyKeyManagerTables, ServiceKeysMapInsideTheirRangeOnly) {
     EXPECT_EQ(VyKeyManager::serviceKeyToDeviceKey(127), 0u);
@@ -42,7 +42,7 @@ TEST(VyKeyManagerTables, SerialSettingsCrossStopBitsAndParity) {
 }
 
 TEST_F(ModelTest, ChannelBitArrayHasOneBitOrRefusesOutsideTheDevice) {
-    SystemInfoRecord::instance().channelCount = 10;
+    SystemInfo::record().channelCount = 10;
     RecDataManager* rec = RecDataManager::instance();
     EXPECT_EQ(rec->channelToBitArray(9), (std::vector<uint8_t>{0x00, 0x02}));
     EXPECT_EQ(rec->channelToBitArray(0), (std::vector<uint8_t>{0x01, 0x00}));

@@ -6,14 +6,16 @@
 // The models are process-wide singletons that read the system information record when they
 // are first made, so each test case expects a process of its own (ctest runs them so).
 #include "ipc/IpcMsgBlock.h"
-#include "model/OutputSettingsBlock.h"
-#include "model/ParamRequest.h"
 #include "model/RecorderLink.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiShell.h"
 #include "model/UiTimerSource.h"
-#include "toolkit/events/CEvent.h"
+#include "protocol/MainType.h"
+#include "protocol/OutputSettingsBlock.h"
+#include "protocol/ParamRequest.h"
+#include "protocol/SubType.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <gtest/gtest.h>
 
@@ -41,13 +43,13 @@ public:
         const auto* p = static_cast<const uint8_t*>(body);
         requests.push_back({mainType, subType, std::vector<uint8_t>(p, p + (p ? len : 0))});
         reply.clear();
-        if (mainType == ParamRequest::kMainType && subType == ParamRequest::kSubType) {
+        if (mainType == MainType::Param && subType == ParamSubType::Access) {
             auto req = ParamRequest::decode(p, len);
             if (req && blocks.count(req->blockNumber))
                 reply = blocks[req->blockNumber];
             return;
         }
-        if (mainType == SystemInfoRecord::kMainType && subType == SystemInfoRecord::kSubType)
+        if (mainType == MainType::System && subType == SystemSubType::SystemInfo)
             reply = systemInfo;
     }
     void setWaiterMode(bool on) override { waiterMode = on; }
@@ -144,7 +146,7 @@ inline CEvent* makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
     IpcMsgBlock block = ipcAllocBlock(h);
     if (len != 0)
         std::memcpy(ipcBlockBody(block.get()), body, len);
-    auto* e = new CEvent(CEvent::IpcMessage);
+    auto* e = new CEvent(UiEventType::IpcMessage);
     e->setData(VyEventData(block.release()));
     return e;
 }
@@ -180,7 +182,7 @@ protected:
         VyApplication::setDisplayDevice("mem:64x64");
         m_app = std::make_unique<VyApplication>();
         RecorderLink::setInstance(&link);
-        std::memset(&SystemInfoRecord::instance(), 0, sizeof(SystemInfoRecord));
+        std::memset(&SystemInfo::record(), 0, sizeof(SystemInfoRecord));
     }
     void TearDown() override {
         RecorderLink::setInstance(nullptr);

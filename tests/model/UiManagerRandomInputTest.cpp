@@ -1,6 +1,7 @@
 // App's messages with random types, values and body lengths: the UiManager survives them and,
 // under AddressSanitizer, never reads past a body.
 #include "UiManagerTestSupport.h"
+#include "protocol/UiEventType.h"
 
 #include "model/UiRouteTable.h"
 
@@ -13,7 +14,7 @@ TEST_F(UiManagerTest, RandomMessagesAreRoutedOrDroppedWithoutReadingPastTheirBod
     const int* types = UiRouteTable::forwardedEventTypes(&count);
     for (int i = 0; i < count; ++i)
         manager->setReceiver(types[i], &anyone);
-    manager->setReceiver(UiRouteTable::kParamChangedEventType, &anyone);
+    manager->setReceiver(UiEventType::ParamChanged, &anyone);
 
     std::mt19937 rng(20261121);
     const uint16_t families[] = {100, 300, 600, 1000, 1000, 1000, 4242};

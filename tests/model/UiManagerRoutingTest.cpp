@@ -1,12 +1,13 @@
 // UiManager routing of App's notifications: forwarding to registered receivers, the
 // notifications it handles itself, the parameter switch and malformed bodies.
 #include "UiManagerTestSupport.h"
+#include "protocol/UiEventType.h"
 
 #include "model/DeviceParamModel.h"
 #include "model/FrontPanelModel.h"
 #include "model/MainViewManager.h"
-#include "model/TimeZoneNotice.h"
 #include "model/UiRouteTable.h"
+#include "protocol/TimeZoneNotice.h"
 
 #include <cstdlib>
 
@@ -103,8 +104,8 @@ TEST_F(UiManagerTest, MainViewAndPlaybackFamiliesReachTheirManagers) {
     deliver(300, 3, 0); // the first is present but not ready: dropped, not passed on
     first.ready = true;
     deliver(300, 14, 0);
-    EXPECT_EQ(second.types, std::vector<int>{UiRouteTable::kPlaybackEventType});
-    EXPECT_EQ(first.types, std::vector<int>{UiRouteTable::kPlaybackEventType});
+    EXPECT_EQ(second.types, std::vector<int>{UiEventType::IpcMessage});
+    EXPECT_EQ(first.types, std::vector<int>{UiEventType::IpcMessage});
     EXPECT_EQ(manager->droppedCount(), 1);
 }
 
@@ -182,9 +183,9 @@ TEST_F(UiManagerTest, TimeZoneNoticeSetsTzAndRejectsTextWithoutItsEnd) {
 TEST_F(UiManagerTest, ParameterChangedReactsThenForwardsToSettings) {
     build();
     ForwardRecorder settings, param1, param2;
-    manager->setReceiver(UiRouteTable::kParamChangedEventType, &settings);
-    manager->setReceiver(UiRouteTable::kParam1EventType, &param1);
-    manager->setReceiver(UiRouteTable::kParam2EventType, &param2);
+    manager->setReceiver(UiEventType::ParamChanged, &settings);
+    manager->setReceiver(UiEventType::ParamNotice1, &param1);
+    manager->setReceiver(UiEventType::ParamNotice2, &param2);
 
     GeneralSettingsBlock changed = general;
     changed.dateFormat = 2;
@@ -216,7 +217,7 @@ TEST_F(UiManagerTest, ParameterChangedReactsThenForwardsToSettings) {
 TEST_F(UiManagerTest, ParameterChangedWithoutBlockNumberIsDropped) {
     build();
     ForwardRecorder settings;
-    manager->setReceiver(UiRouteTable::kParamChangedEventType, &settings);
+    manager->setReceiver(UiEventType::ParamChanged, &settings);
     const size_t before = link.requests.size();
     const uint8_t half[2] = {21, 0};
     deliver(600, 0, 0, half, sizeof half);

@@ -1,14 +1,16 @@
 // UiManager construction and the delayed start: interval, output check, first screen.
 #include "UiManagerTestSupport.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
 #include "model/AlarmInfoModel.h"
-#include "model/ParamRequest.h"
+#include "protocol/ParamRequest.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
 
 TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
-    SystemInfoRecord::instance().channelCount = 12;
+    SystemInfo::record().channelCount = 12;
     general.dateFormat = 1;
     general.hour12 = 1;
     general.menuTimeout = 2;
@@ -16,7 +18,7 @@ TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
     build();
 
     EXPECT_EQ(link.receiver, manager.get());
-    auto pid = link.sentOf(1000, UiManager::kSubTypeGuiPid);
+    auto pid = link.sentOf(MainType::System, SystemSubType::GuiPid);
     ASSERT_EQ(pid.size(), 1u);
     ASSERT_EQ(pid[0]->body.size(), 4u);
     uint32_t sentPid = 0;
@@ -40,8 +42,8 @@ TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
 }
 
 TEST_F(UiManagerTest, AlarmInfoModelExistsOnlyWhenTheDeviceReportsAlarms) {
-    SystemInfoRecord::instance().alarmInfoPresent = 1;
-    SystemInfoRecord::instance().alarmInputCount = 4;
+    SystemInfo::record().alarmInfoPresent = 1;
+    SystemInfo::record().alarmInputCount = 4;
     build();
     ASSERT_NE(AlarmInfoModel::existingInstance(), nullptr);
     EXPECT_EQ(AlarmInfoModel::existingInstance()->inputCount(), 4);
@@ -56,7 +58,7 @@ TEST(UiManagerInterval, GrowsWithTheCameraCount) {
 }
 
 TEST_F(UiManagerTest, DelayedStartFiresExactlyAfterTheIntervalOfTheCameraCount) {
-    SystemInfoRecord::instance().ipChannelCount = 16;
+    SystemInfo::record().ipChannelCount = 16;
     build();
     ASSERT_EQ(timers.armedIntervals, std::vector<int>{6760});
     timers.advance(6759);
@@ -94,7 +96,7 @@ TEST_F(UiManagerTest, SettledResolutionWithoutNoticeGoesStraightToTheMainView) {
     build();
     manager->delayedStart();
     EXPECT_EQ(shell.calls, std::vector<std::string>{"mainview"});
-    EXPECT_TRUE(link.sentOf(1000, UiManager::kSubTypeOutputCheckSkipped).empty());
+    EXPECT_TRUE(link.sentOf(MainType::System, SystemSubType::OutputCheckSkipped).empty());
 }
 
 TEST_F(UiManagerTest, KeptNewResolutionBecomesTheConfirmedOne) {
@@ -127,11 +129,11 @@ TEST_F(UiManagerTest, RefusedNewResolutionFallsBackAndRestoresTheOutput) {
 }
 
 TEST_F(UiManagerTest, DisabledOutputCheckTellsAppInstead) {
-    SystemInfoRecord::instance().outputCheckDisabled = 1;
+    SystemInfo::record().outputCheckDisabled = 1;
     output.resolution = OutputSettingsBlock::R600p; // would need confirming otherwise
     build();
     manager->delayedStart();
-    EXPECT_EQ(link.sentOf(1000, UiManager::kSubTypeOutputCheckSkipped).size(), 1u);
+    EXPECT_EQ(link.sentOf(MainType::System, SystemSubType::OutputCheckSkipped).size(), 1u);
     EXPECT_EQ(shell.calls, std::vector<std::string>{"mainview"});
 }
 

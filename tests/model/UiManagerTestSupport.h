@@ -2,9 +2,9 @@
 // A UiManager built over the doubles of ModelTestSupport.h, with helpers to deliver App's
 // messages to it the way the IPC client does (posted, then dispatched).
 #include "ModelTestSupport.h"
-#include "model/GeneralSettingsBlock.h"
-#include "model/OutputSettingsBlock.h"
 #include "model/UiManager.h"
+#include "protocol/GeneralSettingsBlock.h"
+#include "protocol/OutputSettingsBlock.h"
 
 #include <cstdio>
 

@@ -6,11 +6,11 @@
 #include "ipc/IpcClient.h"
 #include "model/IpcRecorderLink.h"
 #include "model/ParamAccess.h"
-#include "model/SystemInfoRecord.h"
+#include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "model/UiRouteTable.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <cstring>
 #include <memory>
@@ -43,7 +43,7 @@ protected:
     void SetUp() override {
         VyApplication::setDisplayDevice("mem:64x64");
         app = std::make_unique<VyApplication>();
-        std::memset(&SystemInfoRecord::instance(), 0, sizeof(SystemInfoRecord));
+        std::memset(&SystemInfo::record(), 0, sizeof(SystemInfoRecord));
     }
     bool startSim(const std::string& simConfig, const std::string& script) {
         session.dir.write("script.txt", script);
@@ -133,11 +133,11 @@ TEST_F(InProcessGui, ParameterGetZeroFillsAShortReplyAndASetComesBackAsChanged) 
     EXPECT_EQ(0, std::memcmp(buffer, expected, sizeof buffer));
 
     Receiver settings;
-    manager->setReceiver(UiRouteTable::kParamChangedEventType, &settings);
+    manager->setReceiver(UiEventType::ParamChanged, &settings);
     const uint8_t record[6] = {6, 5, 4, 3, 2, 1};
     ParamAccess::setParam(41, record, sizeof record);
     ASSERT_TRUE(runUntil([&] { return !settings.received.empty(); })) << session.sim.output();
-    EXPECT_EQ(settings.received[0].type, UiRouteTable::kParamChangedEventType);
+    EXPECT_EQ(settings.received[0].type, UiEventType::ParamChanged);
     EXPECT_EQ(settings.received[0].firstWord, 41u);
 
     uint8_t readBack[6] = {};

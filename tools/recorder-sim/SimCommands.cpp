@@ -1,6 +1,8 @@
 #include "SimCommands.h"
 
 #include "SimRecorder.h"
+#include "protocol/MainType.h"
+#include "protocol/SubType.h"
 
 #include <cerrno>
 #include <chrono>
@@ -15,10 +17,6 @@
 
 namespace {
 
-constexpr uint16_t kSystem = 1000;
-constexpr uint16_t kLedState = 47;
-constexpr uint16_t kNetworkStatus = 116;
-constexpr uint16_t kShutdown = 280;
 constexpr long kMaxSleepMs = 3600L * 1000; // one hour; more is a typing error
 
 bool number(const std::string& text, unsigned long max, unsigned long* out) {
@@ -93,16 +91,16 @@ bool SimCommands::run(const std::string& rawLine) {
         m_recorder.timeZone(w[1], uint32_t(a));
         ok = true;
     } else if (cmd == "net" && n == 2 && number(w[1], 0xFFFFFFFFul, &a)) {
-        m_recorder.notify(kSystem, kNetworkStatus, uint32_t(a));
+        m_recorder.notify(MainType::System, SystemSubType::NetworkStatus, uint32_t(a));
         ok = true;
     } else if (cmd == "led" && n == 2 && number(w[1], 0xFFFFFFFFul, &a)) {
-        m_recorder.notify(kSystem, kLedState, uint32_t(a));
+        m_recorder.notify(MainType::System, SystemSubType::LedState, uint32_t(a));
         ok = true;
     } else if (cmd == "shutdown" && n == 1) {
-        m_recorder.notify(kSystem, kShutdown, 0);
+        m_recorder.notify(MainType::System, SystemSubType::Shutdown, 0);
         ok = true;
     } else if (cmd == "stage" && n == 2 && number(w[1], 0xFFFF, &a)) {
-        m_recorder.notify(kSystem, uint16_t(a), 0);
+        m_recorder.notify(MainType::System, uint16_t(a), 0);
         ok = true;
     } else if (cmd == "changed" && n == 2 && number(w[1], 0xFFFFFFFFul, &a)) {
         m_recorder.parameterChanged(uint32_t(a));

@@ -1,6 +1,6 @@
 #pragma once
 // One message as the simulator received it: the decoded header and the body bytes.
-#include "ipc/IpcMsgHeader.h"
+#include "protocol/IpcMsgHeader.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,5 +1,7 @@
 #include "SimParamStore.h"
 
+#include "protocol/ByteOrder.h"
+
 #include <cstdio>
 #include <cstring>
 
@@ -7,13 +9,10 @@ namespace {
 
 constexpr char kMagic[4] = {'V', 'Y', 'P', 'S'};
 
-uint32_t loadLe32(const uint8_t* p) {
-    return uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24;
-}
-
 void appendLe32(std::vector<uint8_t>& out, uint32_t v) {
-    for (int i = 0; i < 4; ++i)
-        out.push_back(uint8_t(v >> (8 * i)));
+    uint8_t bytes[4];
+    ByteOrder::storeLe32(bytes, v);
+    out.insert(out.end(), bytes, bytes + sizeof bytes);
 }
 
 } // namespace
@@ -44,8 +43,8 @@ bool SimParamStore::load(std::string* error) {
                 *error = m_path + ": truncated block header at byte " + std::to_string(pos);
             return false;
         }
-        const uint32_t block = loadLe32(&bytes[pos]);
-        const uint32_t size = loadLe32(&bytes[pos + 4]);
+        const uint32_t block = ByteOrder::loadLe32(&bytes[pos]);
+        const uint32_t size = ByteOrder::loadLe32(&bytes[pos + 4]);
         pos += 8;
         if (size > kMaxBlockSize || bytes.size() - pos < size) {
             if (error)

@@ -1,12 +1,16 @@
 #include "SimRecorder.h"
 
 #include "SimServer.h"
-#include "app/ColorDefaultBlock.h"
-#include "app/DefaultParamSet.h"
-#include "app/DeviceDefaultRecord.h"
-#include "model/ParamRequest.h"
-#include "model/SystemInfoRecord.h"
-#include "model/TimeZoneNotice.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/ColorDefaultBlock.h"
+#include "protocol/DefaultParamSet.h"
+#include "protocol/DeviceDefaultRecord.h"
+#include "protocol/MainType.h"
+#include "protocol/ParamRequest.h"
+#include "protocol/StartupHello.h"
+#include "protocol/SubType.h"
+#include "protocol/SystemInfoRecord.h"
+#include "protocol/TimeZoneNotice.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -15,18 +19,8 @@
 
 namespace {
 
-constexpr uint16_t kSystem = 1000;
-constexpr uint16_t kParams = 600;
-constexpr uint32_t kHelloRevision = 32; // the start-up exchange App speaks
-constexpr uint32_t kHelloSize = 8;      // bytes: revision, record size
-constexpr uint16_t kStage1 = 1;
-constexpr uint16_t kStage3 = 3;
-constexpr uint32_t kMainStreamKbps = 2048; // answer of the (100, 15) pair request
+constexpr uint32_t kMainStreamKbps = 2048; // answer of the stream pair request
 constexpr uint32_t kSubStreamKbps = 512;
-
-uint32_t loadLe32(const uint8_t* p) {
-    return uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24;
-}
 
 } // namespace
 
@@ -73,20 +67,21 @@ void SimRecorder::handle(uint16_t mainType, uint16_t subType,
 
 void SimRecorder::attach(SimServer& server) {
     m_server = &server;
-    handle(kSystem, 0, &SimRecorder::onHello);
-    handle(kParams, 4, &SimRecorder::onDeviceRecord);
-    handle(kParams, 3, &SimRecorder::onDefaultParams);
-    handle(kParams, 14, &SimRecorder::onDeviceTail);
-    handle(kParams, 10, &SimRecorder::onPatchedParams);
-    handle(kSystem, 104, &SimRecorder::onColorProfile);
-    handle(kParams, 11, &SimRecorder::onColorDefaults);
-    handle(kSystem, 105, &SimRecorder::onDefaultsDone);
-    handle(kSystem, 33, &SimRecorder::onSystemInfo);
-    handle(ParamRequest::kMainType, ParamRequest::kSubType, &SimRecorder::onParameter);
-    handle(100, 15, &SimRecorder::onPair);
+    handle(MainType::System, SystemSubType::Hello, &SimRecorder::onHello);
+    handle(MainType::Param, ParamSubType::DeviceDefaults, &SimRecorder::onDeviceRecord);
+    handle(MainType::Param, ParamSubType::DefaultParams, &SimRecorder::onDefaultParams);
+    handle(MainType::Param, ParamSubType::DeviceTail, &SimRecorder::onDeviceTail);
+    handle(MainType::Param, ParamSubType::PatchedParams, &SimRecorder::onPatchedParams);
+    handle(MainType::System, SystemSubType::ColorProfile, &SimRecorder::onColorProfile);
+    handle(MainType::Param, ParamSubType::ColorDefaults, &SimRecorder::onColorDefaults);
+    handle(MainType::System, SystemSubType::DefaultsConfigured, &SimRecorder::onDefaultsDone);
+    handle(MainType::System, SystemSubType::SystemInfo, &SimRecorder::onSystemInfo);
+    handle(MainType::Param, ParamSubType::Access, &SimRecorder::onParameter);
+    handle(MainType::Preview, PreviewSubType::StreamPair, &SimRecorder::onPair);
     // The GUI's own one-way messages: its pid, acknowledgements, output check skipped.
-    for (uint16_t sub : {4, 14, 45, 151, 201})
-        handle(kSystem, sub, &SimRecorder::onNote);
+    for (uint16_t sub : {SystemSubType::GuiPid, SystemSubType::Busy, SystemSubType::Sync45,
+                         SystemSubType::OutputCheckSkipped, SystemSubType::Ack201})
+        handle(MainType::System, sub, &SimRecorder::onNote);
     if (m_config.earlyStage1)
         std::thread(&SimRecorder::watchConnections, this).detach();
 }
@@ -95,7 +90,7 @@ void SimRecorder::watchConnections() {
     // Stage 1 goes out as soon as a GUI connects, before it says hello: the GUI must keep
     // it until it starts waiting.
     while (m_server->waitForClient()) {
-        notify(kSystem, kStage1, 0);
+        notify(MainType::System, SystemSubType::Stage1, 0);
         while (m_server->hasClient())
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
@@ -139,15 +134,14 @@ bool SimRecorder::timeZone(const std::string& tz, uint32_t index) {
     std::memcpy(n.tz, tz.data(), tz.size());
     n.value = index;
     const auto* p = reinterpret_cast<const uint8_t*>(&n);
-    return notify(TimeZoneNotice::kMainType, TimeZoneNotice::kSubType, 0,
+    return notify(MainType::Param, ParamSubType::TimeZone, 0,
                   std::vector<uint8_t>(p, p + sizeof n));
 }
 
 bool SimRecorder::parameterChanged(uint32_t block) {
     std::vector<uint8_t> body(4);
-    for (int i = 0; i < 4; ++i)
-        body[size_t(i)] = uint8_t(block >> (8 * i));
-    return notify(ParamRequest::kMainType, ParamRequest::kSubType, 0, body);
+    ByteOrder::storeLe32(body.data(), block);
+    return notify(MainType::Param, ParamSubType::Access, 0, body);
 }
 
 std::vector<uint8_t> SimRecorder::systemInfo() const {
@@ -172,18 +166,19 @@ std::vector<uint8_t> SimRecorder::systemInfo() const {
 }
 
 bool SimRecorder::onHello(SimServer&, const SimMessage& m) {
-    if (m.body.size() != kHelloSize)
+    const auto hello = StartupHello::decode(m.body.data(), m.body.size());
+    if (!hello)
         return false;
-    const uint32_t revision = loadLe32(m.body.data());
-    const uint32_t recordSize = loadLe32(m.body.data() + 4);
-    simRecorderLog("sim: hello revision %u record size %u", revision, recordSize);
-    if (revision != kHelloRevision || recordSize != DeviceDefaultRecord::kSize) {
+    simRecorderLog("sim: hello revision %u record size %u", hello->revision, hello->recordSize);
+    if (hello->revision != StartupHello::kRevision ||
+        hello->recordSize != DeviceDefaultRecord::kSize) {
         simRecorderLog("sim: GUI speaks revision %u with a %u-byte record, expected %u and %u",
-                       revision, recordSize, kHelloRevision, DeviceDefaultRecord::kSize);
+                       hello->revision, hello->recordSize, StartupHello::kRevision,
+                       DeviceDefaultRecord::kSize);
         return false;
     }
     if (!m_config.earlyStage1)
-        notify(kSystem, kStage1, 0);
+        notify(MainType::System, SystemSubType::Stage1, 0);
     return true;
 }
 
@@ -208,8 +203,7 @@ bool SimRecorder::onPatchedParams(SimServer&, const SimMessage& m) {
 
 bool SimRecorder::onColorProfile(SimServer& s, const SimMessage& m) {
     uint8_t code[4];
-    for (int i = 0; i < 4; ++i)
-        code[i] = uint8_t(m_config.colorProfile >> (8 * i));
+    ByteOrder::storeLe32(code, m_config.colorProfile);
     return s.reply(m, code, sizeof code);
 }
 
@@ -218,7 +212,7 @@ bool SimRecorder::onColorDefaults(SimServer&, const SimMessage& m) {
 }
 
 bool SimRecorder::onDefaultsDone(SimServer&, const SimMessage&) {
-    return notify(kSystem, kStage3, 0);
+    return notify(MainType::System, SystemSubType::Stage3, 0);
 }
 
 bool SimRecorder::onSystemInfo(SimServer& s, const SimMessage& m) {
@@ -248,18 +242,16 @@ bool SimRecorder::onPair(SimServer& s, const SimMessage& m) {
     if (m.body.size() != 4)
         return false;
     uint8_t reply[8];
-    for (int i = 0; i < 4; ++i) {
-        reply[i] = uint8_t(kMainStreamKbps >> (8 * i));
-        reply[4 + i] = uint8_t(kSubStreamKbps >> (8 * i));
-    }
+    ByteOrder::storeLe32(reply, kMainStreamKbps);
+    ByteOrder::storeLe32(reply + 4, kSubStreamKbps);
     return s.reply(m, reply, sizeof reply);
 }
 
 bool SimRecorder::onNote(SimServer&, const SimMessage& m) {
-    if (m.header.SubType == 4) {
+    if (m.header.SubType == SystemSubType::GuiPid) {
         if (m.body.size() != 4)
             return false;
-        simRecorderLog("sim: GUI pid %u", loadLe32(m.body.data()));
+        simRecorderLog("sim: GUI pid %u", ByteOrder::loadLe32(m.body.data()));
     }
     return true;
 }

@@ -5,5 +5,5 @@
 class AIObjInfoEvent : public CEvent {
 public:
     explicit AIObjInfoEvent(int param = 0)
-        : CEvent(AIObjInfo, param) {}
+        : CEvent(UiEventType::AIObjInfo, param) {}
 };

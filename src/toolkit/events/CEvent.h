@@ -1,6 +1,7 @@
 #pragma once
 // The base of the recorder-level events (types 1000 and up). They bypass event filters
 // and reach the receiver's customEvent.
+#include "protocol/UiEventType.h"
 #include "toolkit/events/VyEvent.h"
 #include "toolkit/events/VyEventData.h"
 
@@ -8,22 +9,7 @@
 
 class CEvent : public VyEvent {
 public:
-    // Recorder-level type numbers whose classes derive from CEvent. The link to App
-    // posts its messages as a plain CEvent of type IpcMessage; the UI manager maps them
-    // onto 1013..1119.
-    enum RecorderType : int32_t {
-        IpcMessage = 1000,
-        NtpUpdate = 1014,
-        ChineseInput = 1027,
-        DvrKey = 1029,
-        CtrlReq = 1031, // CtrlReqEvent and CommonCtrlEvent; the request code tells them apart
-        DualTalk = 1034,
-        FaceInfo = 1074,
-        PlaybackReq = 1077,
-        TurnPage = 1078,
-        AIObjInfo = 1093,
-    };
-
+    // The type numbers are UiEventType's.
     explicit CEvent(int type, int param = 0)
         : VyEvent(type)
         , param(param) {}

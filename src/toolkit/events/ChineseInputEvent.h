@@ -5,5 +5,5 @@
 class ChineseInputEvent : public CEvent {
 public:
     explicit ChineseInputEvent(int param = 0)
-        : CEvent(ChineseInput, param) {}
+        : CEvent(UiEventType::ChineseInput, param) {}
 };

@@ -8,7 +8,7 @@
 class CtrlReqEvent : public CEvent {
 public:
     explicit CtrlReqEvent(int32_t requestCode, uint8_t flag = 0)
-        : CEvent(CtrlReq)
+        : CEvent(UiEventType::CtrlReq)
         , m_requestCode(requestCode)
         , m_flag(flag) {}
 

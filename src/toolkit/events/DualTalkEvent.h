@@ -5,5 +5,5 @@
 class DualTalkEvent : public CEvent {
 public:
     explicit DualTalkEvent(int param = 0)
-        : CEvent(DualTalk, param) {}
+        : CEvent(UiEventType::DualTalk, param) {}
 };

@@ -15,7 +15,7 @@ public:
     };
 
     explicit DvrKeyEvent(uint32_t keyValue, uint32_t origin = OtherSource)
-        : CEvent(DvrKey)
+        : CEvent(UiEventType::DvrKey)
         , m_keyValue(keyValue)
         , m_origin(origin) {}
 

@@ -5,5 +5,5 @@
 class FaceInfoEvent : public CEvent {
 public:
     explicit FaceInfoEvent(int param = 0)
-        : CEvent(FaceInfo, param) {}
+        : CEvent(UiEventType::FaceInfo, param) {}
 };

@@ -5,5 +5,5 @@
 class NtpUpdateEvent : public CEvent {
 public:
     explicit NtpUpdateEvent(int param = 0)
-        : CEvent(NtpUpdate, param) {}
+        : CEvent(UiEventType::NtpUpdate, param) {}
 };

@@ -5,5 +5,5 @@
 class PlaybackReqEvent : public CEvent {
 public:
     explicit PlaybackReqEvent(int param = 0)
-        : CEvent(PlaybackReq, param) {}
+        : CEvent(UiEventType::PlaybackReq, param) {}
 };

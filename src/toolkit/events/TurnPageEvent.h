@@ -5,5 +5,5 @@
 class TurnPageEvent : public CEvent {
 public:
     explicit TurnPageEvent(int param = 0)
-        : CEvent(TurnPage, param) {}
+        : CEvent(UiEventType::TurnPage, param) {}
 };

@@ -1,7 +1,7 @@
 #include "CoreTestApp.h"
 
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/VyPostedEventQueue.h"
+#include "toolkit/events/CEvent.h"
 
 #include <vector>
 
@@ -43,7 +43,7 @@ TEST_F(EventDelivery, RecorderLevelEventsBypassEveryFilter) {
     appFilter.swallow = ownFilter.swallow = VyEvent::User;
 
     CEvent user(VyEvent::User);
-    CEvent dvrKey(CEvent::DvrKey);
+    CEvent dvrKey(UiEventType::DvrKey);
     VyApplication::sendEvent(&target, &user);
     VyApplication::sendEvent(&target, &dvrKey);
     VyEvent close(VyEvent::Close);
@@ -51,7 +51,7 @@ TEST_F(EventDelivery, RecorderLevelEventsBypassEveryFilter) {
 
     EXPECT_EQ(appFilter.seen, (std::vector<int>{VyEvent::Close}));
     EXPECT_EQ(ownFilter.seen, (std::vector<int>{VyEvent::Close}));
-    EXPECT_EQ(target.types, (std::vector<int>{VyEvent::User, CEvent::DvrKey, VyEvent::Close}));
+    EXPECT_EQ(target.types, (std::vector<int>{VyEvent::User, UiEventType::DvrKey, VyEvent::Close}));
 }
 
 TEST_F(EventDelivery, ApplicationFilterStopsDeliveryAndAcceptsAlsoForTheApplication) {
@@ -149,7 +149,7 @@ TEST_F(EventDelivery, ScreenChangeReachesEveryDescendant) {
 TEST_F(EventDelivery, ForwardedMessageBlockIsFreedExactlyOnce) {
     g_freed = 0;
     EventRecorder target;
-    auto* first = new CEvent(CEvent::IpcMessage, 7);
+    auto* first = new CEvent(UiEventType::IpcMessage, 7);
     first->setData(VyEventData(std::malloc(24), &countingFree));
     auto* forwarded = new CEvent(1013);
     forwarded->setData(first->takeData());

@@ -34,7 +34,7 @@ class Sink : public VyObject {
 public:
     void customEvent(VyEvent* e) override {
         types.push_back(e->type());
-        if (e->type() == CEvent::DvrKey) {
+        if (e->type() == UiEventType::DvrKey) {
             auto* key = static_cast<DvrKeyEvent*>(e);
             keyValue = key->keyValue();
             keyOrigin = key->origin();

@@ -1,15 +1,13 @@
 #pragma once
-// The system information record: App's description of the device, fetched once at start
-// with request (1000, 33) and kept for the whole run. The GUI never writes it back.
-// recorder-sim builds its reply from this same header, so both ends agree on every offset.
+// The system information record: App's description of the device, the answer to request
+// (MainType::System, SystemSubType::SystemInfo). The GUI fetches it once at start and never
+// writes it back; recorder-sim builds its reply from this same header.
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
 
 struct SystemInfoRecord {
-    static constexpr uint16_t kMainType = 1000;
-    static constexpr uint16_t kSubType = 33;
     static constexpr size_t kSize = 256; // bytes on the wire
 
     char softwareVersion[32];    // NUL-terminated text
@@ -36,9 +34,6 @@ struct SystemInfoRecord {
     std::string displayDeviceName() const {
         return std::string(displayDevice, strnlen(displayDevice, sizeof displayDevice));
     }
-
-    // The single process-wide copy, zero until step 15 of start-up fills it.
-    static SystemInfoRecord& instance();
 };
 
 static_assert(sizeof(SystemInfoRecord) == SystemInfoRecord::kSize, "wire size");

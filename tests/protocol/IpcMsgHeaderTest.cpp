@@ -1,5 +1,5 @@
-#include "ipc/IpcMsgHeader.h"
-#include "ipc/IpcRemotePointer.h"
+#include "protocol/IpcMsgHeader.h"
+#include "protocol/IpcRemotePointer.h"
 
 #include <gtest/gtest.h>
 

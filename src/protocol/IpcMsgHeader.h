@@ -1,10 +1,10 @@
 #pragma once
-// The 24-byte frame header that starts every message on the GUI <-> App socket, shared by
-// the client (src/ipc) and the recorder simulator (tools/recorder-sim). Header-only so the
-// simulator can use it without linking the toolkit.
+// The 24-byte frame header that starts every message on the GUI <-> App socket.
 //
-// The wire is little-endian. The struct mirrors the wire layout with native alignment; the
-// encode/decode functions below go byte by byte, so they hold on any host.
+// The struct mirrors the wire layout with native alignment; the encode/decode functions
+// below go byte by byte through ByteOrder, so they hold on any host.
+#include "protocol/ByteOrder.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -36,28 +36,9 @@ static_assert(offsetof(IpcMsgHeader, msgValue) == 20, "wire offset");
 // would let one bad header exhaust the device.
 constexpr uint32_t kIpcMaxDataLen = 16u * 1024u * 1024u; // bytes (16 MiB)
 
-namespace ipc_detail {
-inline uint16_t loadLe16(const uint8_t* p) {
-    return uint16_t(p[0] | (p[1] << 8));
-}
-inline uint32_t loadLe32(const uint8_t* p) {
-    return uint32_t(p[0]) | (uint32_t(p[1]) << 8) | (uint32_t(p[2]) << 16) | (uint32_t(p[3]) << 24);
-}
-inline void storeLe16(uint8_t* p, uint16_t v) {
-    p[0] = uint8_t(v);
-    p[1] = uint8_t(v >> 8);
-}
-inline void storeLe32(uint8_t* p, uint32_t v) {
-    p[0] = uint8_t(v);
-    p[1] = uint8_t(v >> 8);
-    p[2] = uint8_t(v >> 16);
-    p[3] = uint8_t(v >> 24);
-}
-} // namespace ipc_detail
-
 // Writes the 24 wire bytes of `h` to `out`.
 inline void ipcEncodeHeader(const IpcMsgHeader& h, uint8_t* out) {
-    using namespace ipc_detail;
+    using namespace ByteOrder;
     storeLe32(out + 0, h.headTag);
     storeLe16(out + 4, uint16_t(h.validFlag));
     storeLe16(out + 6, h.reserved6);
@@ -71,7 +52,7 @@ inline void ipcEncodeHeader(const IpcMsgHeader& h, uint8_t* out) {
 // Reads a header from 24 wire bytes. Every bit pattern is a header; whether it is usable is
 // for ipcCheckHeader to say.
 inline IpcMsgHeader ipcDecodeHeader(const uint8_t* in) {
-    using namespace ipc_detail;
+    using namespace ByteOrder;
     IpcMsgHeader h;
     h.headTag = loadLe32(in + 0);
     h.validFlag = int16_t(loadLe16(in + 4));

@@ -1,6 +1,8 @@
 #pragma once
-// App's remote pointer message (1000, 134): a pointer position in App's reference
-// resolution, to be scaled to the GUI's screen.
+// Body of App's remote pointer message (MainType::System, SystemSubType::RemotePointer): a
+// pointer position in App's reference resolution, to be scaled to the GUI's screen.
+#include "protocol/ByteOrder.h"
+
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -19,7 +21,7 @@ struct IpcRemotePointer {
     static std::optional<IpcRemotePointer> decode(const uint8_t* body, uint32_t len) {
         if (len < kBodySize)
             return std::nullopt;
-        auto u16 = [body](int at) { return uint16_t(body[at] | (body[at + 1] << 8)); };
+        auto u16 = [body](int at) { return ByteOrder::loadLe16(body + at); };
         IpcRemotePointer p;
         p.refWidth = u16(0);
         p.refHeight = u16(2);

@@ -4,7 +4,7 @@
 // All integers are little-endian; unused bytes are zero.
 #include <cstdint>
 
-#include "app/CustomField.h"
+#include "protocol/CustomField.h"
 
 namespace DeviceDefaultRecord {
 

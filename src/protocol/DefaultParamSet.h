@@ -5,7 +5,7 @@
 // All integers are little-endian.
 #include <cstdint>
 
-#include "app/CustomField.h"
+#include "protocol/CustomField.h"
 
 namespace DefaultParamSet {
 

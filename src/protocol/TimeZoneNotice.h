@@ -1,12 +1,10 @@
 #pragma once
-// Body of App's time-zone notification (MainType 600, SubType 7): the POSIX TZ text,
-// NUL-terminated, then a u32 that App keeps with it (its time-zone table index).
+// Body of App's time-zone notification (MainType::Param, ParamSubType::TimeZone): the POSIX TZ
+// text, NUL-terminated, then a u32 that App keeps with it (its time-zone table index).
 #include <cstddef>
 #include <cstdint>
 
 struct TimeZoneNotice {
-    static constexpr uint16_t kMainType = 600;
-    static constexpr uint16_t kSubType = 7;
     static constexpr size_t kSize = 24; // bytes on the wire
     static constexpr size_t kValueOffset = 20;
 

@@ -1,0 +1,6 @@
+#include "model/SystemInfo.h"
+
+SystemInfoRecord& SystemInfo::record() {
+    static SystemInfoRecord record{};
+    return record;
+}

@@ -1,6 +1,0 @@
-#include "model/SystemInfoRecord.h"
-
-SystemInfoRecord& SystemInfoRecord::instance() {
-    static SystemInfoRecord record{};
-    return record;
-}

@@ -1,0 +1,54 @@
+#pragma once
+// The SubTypes that code on either end names, per family. The SubTypes that the UI manager
+// only forwards by table (MainType::System 8..308) are numbers in that table and in
+// docs/protocol.md, not names here.
+#include <cstdint>
+
+namespace SystemSubType {
+
+constexpr uint16_t Hello = 0;              // GUI -> App: start-up hello (StartupHello)
+constexpr uint16_t Stage1 = 1;             // App -> GUI: App is running
+constexpr uint16_t Stage3 = 3;             // App -> GUI: App has finished its initialisation
+constexpr uint16_t GuiPid = 4;             // GUI -> App: u32 process id of the GUI
+constexpr uint16_t Ntp = 11;               // App -> GUI: time synchronised; forwarded with msgValue
+constexpr uint16_t TwoTargets = 13;        // App -> GUI: forwarded to the first of two receivers
+constexpr uint16_t Busy = 14;              // App -> GUI: busy notice; GUI -> App: its answer
+constexpr uint16_t SystemInfo = 33;        // request: SystemInfoRecord
+constexpr uint16_t SubscriptionCheck = 44; // App -> GUI: answered with Busy
+constexpr uint16_t Sync45 = 45;            // both: App's notice and the GUI's answer
+constexpr uint16_t LedState = 47;          // App -> GUI: front-panel LED state in msgValue
+constexpr uint16_t ColorProfile = 104;     // request: u32 colour-profile code
+constexpr uint16_t DefaultsConfigured = 105; // GUI -> App: defaults are in place
+constexpr uint16_t NetworkStatus = 116;      // App -> GUI: network status in msgValue
+constexpr uint16_t RemotePointer = 134;      // App -> GUI: IpcRemotePointer
+constexpr uint16_t OutputCheckSkipped = 151; // GUI -> App: no output check at start-up
+constexpr uint16_t Query199 = 199;           // App -> GUI: answered with Ack201
+constexpr uint16_t Ack201 = 201;             // GUI -> App: answer to Query199
+constexpr uint16_t Shutdown = 280;           // App -> GUI: the recorder is shutting down
+constexpr uint16_t SubscriptionCheck2 = 308; // App -> GUI: answered with Busy
+
+// App's notifications that the UI manager routes lie in this range.
+constexpr uint16_t FirstRouted = 8;
+constexpr uint16_t LastRouted = 308;
+
+} // namespace SystemSubType
+
+namespace PreviewSubType {
+
+constexpr uint16_t StreamPair = 15; // request: u32 argument -> two u32 words
+
+} // namespace PreviewSubType
+
+namespace ParamSubType {
+
+constexpr uint16_t Access = 0;         // GUI -> App: ParamRequest; App -> GUI: block changed
+constexpr uint16_t Notice1 = 1;        // App -> GUI: forwarded as UiEventType::ParamNotice1
+constexpr uint16_t Notice2 = 2;        // App -> GUI: forwarded as UiEventType::ParamNotice2
+constexpr uint16_t DefaultParams = 3;  // request: DefaultParamSet
+constexpr uint16_t DeviceDefaults = 4; // GUI -> App: DeviceDefaultRecord
+constexpr uint16_t TimeZone = 7;       // App -> GUI: TimeZoneNotice
+constexpr uint16_t PatchedParams = 10; // GUI -> App: patched DefaultParamSet
+constexpr uint16_t ColorDefaults = 11; // GUI -> App: ColorDefaultBlock
+constexpr uint16_t DeviceTail = 14;    // request: the device default record's tail
+
+} // namespace ParamSubType
