@@ -20,11 +20,14 @@
 #include "protocol/DisplaySwitchBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
+#include "runtime/VyFontEngine.h"
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/VyTimerEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
@@ -35,6 +38,7 @@ UiManager* g_instance = nullptr;
 
 constexpr const char* kFontFile = "font/yahei_arial_gothic_unicode.ttf";
 constexpr int kFontFileSize = 5242880; // bytes the device reserves for the font file
+constexpr const char* kFallbackList = "font/fallback-fonts.txt";
 
 const char* const kResolutionNames[] = {"1080p", "720p", "1024p", "768p", "600p"};
 
@@ -66,6 +70,9 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 
     // 3. The one font file of the whole GUI.
     VyFontMetrics::setFontFile(VyResources::path(kFontFile), kFontFileSize);
+    // The scripts the device font lacks come from the fallback fonts listed beside it.
+    VyFontEngine::instance().loadFallbackList(VyResources::path(kFallbackList),
+                                              VyResources::path("font"));
 
     // 4. Models and managers; their instance accessors fix the construction order.
     createSingletons();
@@ -85,7 +92,10 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
         link->send(MainType::System, SystemSubType::GuiPid, &pid, sizeof pid);
     }
 
-    // 8. Texts of the GUI's own messages.
+    // 8. Texts of the GUI's own messages; the first text request creates the translation,
+    // which reads the language from block 21.
+    VyTranslation::setSettingsStore(&m_languageStore);
+    m_translationInstalled = true;
     buildMessageTexts();
 
     // 9. The first screen waits until the network cameras have had time to connect.
@@ -107,6 +117,11 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 UiManager::~UiManager() {
     if (g_instance == this)
         g_instance = nullptr;
+    // The translation reads its settings through this manager's store.
+    if (m_translationInstalled) {
+        VyTranslation::resetInstance();
+        VyTranslation::setSettingsStore(nullptr);
+    }
 }
 
 UiManager* UiManager::instance() {
@@ -148,6 +163,10 @@ void UiManager::loadGeneralSettings() {
     m_showChannelName = b.showChannelName != 0;
     m_showRecordState = b.showRecordState != 0;
     m_menuTimeoutMinutes = b.menuTimeout;
+    // Only after start-up step 8 created the translation: the language follows block 21
+    // from then on.
+    if (m_translationInstalled)
+        VyTranslation::instance()->changeLanguage(int(b.languageIndex));
     if (m_windowTimeout != nullptr) {
         constexpr int kSecondsPerMinute = 60;
         m_windowTimeout->setTimeoutSeconds(m_menuTimeoutMinutes * kSecondsPerMinute);
@@ -167,12 +186,17 @@ void UiManager::setupOutput() {
 }
 
 void UiManager::buildMessageTexts() {
-    m_messageTexts.insert(MsgShutdown, VyString("NVR is shutting Down......"));
-    m_messageTexts.insert(MsgBusy, VyString("The device is busy, please wait......"));
+    m_messageTexts.insert(MsgShutdown, TextId::SystemNotice::ShuttingDown);
+    m_messageTexts.insert(MsgBusy, TextId::SystemNotice::DeviceBusy);
+    VyTranslation::instance();
+}
+
+uint32_t UiManager::messageTextId(MessageId id) const {
+    return m_messageTexts.value(id);
 }
 
 VyString UiManager::messageText(MessageId id) const {
-    return m_messageTexts.value(id);
+    return VyTranslation::tr(messageTextId(id));
 }
 
 VyString UiManager::dateFormatFor(int index) {

@@ -8,6 +8,7 @@
 // GUI thread: App's messages reach it only as posted IPC events.
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
+#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyString.h"
 #include "toolkit/core/VyObject.h"
 
@@ -38,6 +39,7 @@ public:
     static constexpr int kMinDelayedStartMs = 100;
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
+
 
     // Runs construction steps 1-12 of the start-up's UiManager: singletons, event receiver
     // (the caller installs it in the IPC client right after), general settings, pid message,
@@ -108,6 +110,8 @@ public:
     static VyString cursorImageName(int shape);
     // "cursor-image/<name>.png".
     static VyString cursorImagePath(int shape);
+    // The catalogue text ID of a message, and its text in the current language.
+    uint32_t messageTextId(MessageId id) const;
     VyString messageText(MessageId id) const;
 
     // Per channel integers (record state bits), sized by the system information's channel
@@ -121,7 +125,8 @@ public:
     // One tick of the 1000 ms timer: tick, then dateChanged when the day changed.
     void onTick();
 
-    // Loads block 21 into the display settings.
+    // Loads block 21 into the display settings; once the translation exists, a new
+    // language index in it switches the language.
     void loadGeneralSettings();
     // Rereads block 50.
     void loadDisplaySwitches();
@@ -165,7 +170,9 @@ private:
     UiTimerSource* m_timers;
     DateSource m_today;
     UiShell* m_shell = nullptr;
-    VyMap<int, VyString> m_messageTexts;
+    GeneralSettingsLanguageStore m_languageStore;
+    VyMap<int, uint32_t> m_messageTexts; // MessageId -> text ID
+    bool m_translationInstalled = false;
     VyMap<int, uint32_t> m_lastValues;
     std::vector<int> m_channelValues;
     VyDate m_date;

@@ -141,7 +141,7 @@ void UiManager::showMessage(MessageId id) {
         vyFrameworkLog("UiManager: no window layer to show \"%s\" !!!\n", messageText(id).c_str());
         return;
     }
-    m_shell->showMessage(messageText(id));
+    m_shell->showMessage(messageTextId(id));
 }
 
 void UiManager::handleSelf(const IpcMsgHeader& h) {

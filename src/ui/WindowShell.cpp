@@ -3,6 +3,7 @@
 #include "model/UiManager.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "ui/MainViewWindow.h"
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
@@ -57,9 +58,9 @@ void WindowShell::closeAll() {
     m_mainView.reset();
 }
 
-void WindowShell::showMessage(const VyString& text) {
-    VY_GUI_LOG("message box: %s\n", text.c_str());
-    keep(MessageBox::information(text));
+void WindowShell::showMessage(uint32_t textId) {
+    VY_GUI_LOG("message box: %s\n", VyTranslation::tr(textId).c_str());
+    keep(MessageBox::information(textId));
 }
 
 void WindowShell::showMainView() {

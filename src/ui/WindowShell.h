@@ -15,7 +15,7 @@ public:
     WindowShell();
     ~WindowShell() override;
 
-    void showMessage(const VyString& text) override;
+    void showMessage(uint32_t textId) override;
     void showMainView() override;
     int confirmResolution(bool noticeOnly, int resolution) override;
     void applyOutputMode(const OutputSettingsBlock& block, bool restorePrevious) override;

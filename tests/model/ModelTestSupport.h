@@ -87,8 +87,8 @@ public:
 
 class RecordingShell : public UiShell {
 public:
-    void showMessage(const VyString& text) override {
-        calls.push_back("message:" + text.toStdString());
+    void showMessage(uint32_t textId) override {
+        calls.push_back("message:" + std::to_string(textId));
     }
     void showMainView() override { calls.push_back("mainview"); }
     int confirmResolution(bool noticeOnly, int resolution) override {

@@ -3,6 +3,9 @@
 #include "UiManagerTestSupport.h"
 #include "protocol/UiEventType.h"
 
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "runtime/VyResources.h"
 #include "model/DeviceParamModel.h"
 #include "model/FrontPanelModel.h"
 #include "model/MainViewManager.h"
@@ -126,8 +129,8 @@ TEST_F(UiManagerTest, SelfHandledNotificationsAnswerApp) {
     }
     EXPECT_EQ(sent, (std::vector<std::pair<int, int>>{
                         {1000, 14}, {1000, 14}, {1000, 14}, {1000, 45}, {1000, 201}}));
-    EXPECT_EQ(shell.calls,
-              std::vector<std::string>{"message:The device is busy, please wait......"});
+    EXPECT_EQ(shell.calls, std::vector<std::string>{
+                               "message:" + std::to_string(TextId::SystemNotice::DeviceBusy)});
     EXPECT_EQ(manager->lastNotificationValue(52), 6u);
 }
 
@@ -148,7 +151,9 @@ TEST_F(UiManagerTest, LedNetworkAndShutdownNotices) {
     EXPECT_EQ(FrontPanelModel::instance()->ledState(), 3);
     EXPECT_EQ(manager->networkStatus(), 2u);
     EXPECT_EQ(status.count, 2);
-    EXPECT_EQ(shell.calls, std::vector<std::string>{"message:NVR is shutting Down......"});
+    EXPECT_EQ(shell.calls,
+              std::vector<std::string>{"message:" +
+                                       std::to_string(TextId::SystemNotice::ShuttingDown)});
     EXPECT_TRUE(manager->isShuttingDown());
     // A shutdown before the first screen leaves the screen as it is.
     manager->delayedStart();
@@ -178,6 +183,44 @@ TEST_F(UiManagerTest, TimeZoneNoticeSetsTzAndRejectsTextWithoutItsEnd) {
     deliver(600, 7, 0);
     EXPECT_STREQ(getenv("TZ"), "CST-8");
     EXPECT_EQ(manager->droppedCount(), 3);
+}
+
+TEST_F(UiManagerTest, LanguageComesFromBlock21AndFollowsItsChanges) {
+    VyResources::setRoot(VY_RESOURCES_DIR);
+    constexpr int kRussian = 15;
+    // English is configured but not offered: the first offered language is taken and
+    // written back with its mask.
+    general.languageIndex = VyTranslation::kEnglish;
+    general.languageMask = 1u << 1 | 1u << kRussian;
+    general.dateFormat = 2;
+    build();
+    VyTranslation* t = VyTranslation::instance();
+    EXPECT_EQ(t->language(), 1);
+    const auto sets = link.sentOf(600, 0);
+    ASSERT_EQ(sets.size(), 1u);
+    GeneralSettingsBlock written;
+    ASSERT_EQ(sets[0]->body.size(), 12 + sizeof written);
+    std::memcpy(&written, sets[0]->body.data() + 12, sizeof written);
+    EXPECT_EQ(written.languageIndex, 1);
+    EXPECT_EQ(written.languageMask, 1u << 1 | 1u << kRussian);
+    EXPECT_EQ(written.dateFormat, 2) << "the rest of the block goes back as App has it";
+
+    SignalCounter changes;
+    VyObject::connect(t, &t->languageChanged, &changes, VY_SLOT(SignalCounter, hit));
+    GeneralSettingsBlock changed = general;
+    changed.languageIndex = kRussian;
+    link.store(changed);
+    const uint32_t block21 = 21;
+    deliver(600, 0, 0, &block21, sizeof block21);
+    EXPECT_EQ(t->language(), kRussian);
+    EXPECT_EQ(manager->messageText(UiManager::MsgShutdown), "NVR выключается......");
+    EXPECT_EQ(changes.count, 1);
+    // Another change of block 21 that leaves the language alone loads nothing.
+    changed.dateFormat = 1;
+    link.store(changed);
+    deliver(600, 0, 0, &block21, sizeof block21);
+    EXPECT_EQ(changes.count, 1);
+    VyResources::setRoot(VyString());
 }
 
 TEST_F(UiManagerTest, ParameterChangedReactsThenForwardsToSettings) {

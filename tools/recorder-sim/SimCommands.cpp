@@ -49,7 +49,7 @@ void sleepMs(unsigned long ms) {
 
 const char* const kHelp =
     "commands: notify MAIN SUB [VALUE [HEXBODY]] | tz TEXT [INDEX] | net STATUS | led STATE | "
-    "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | sleep MS | "
+    "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | lang INDEX | sleep MS | "
     "await MAIN SUB [COUNT] | exit";
 
 } // namespace
@@ -109,6 +109,12 @@ bool SimCommands::run(const std::string& rawLine) {
                number(w[2], SimParamStore::kMaxBlockSize - 1, &b) && number(w[3], 0xFF, &c)) {
         m_recorder.store().setByte(uint32_t(a), uint32_t(b), uint8_t(c));
         m_recorder.parameterChanged(uint32_t(a));
+        ok = true;
+    } else if (cmd == "lang" && n == 2 && number(w[1], 0xFF, &a)) {
+        // The language index of the general settings, as the settings page would set it.
+        m_recorder.store().setByte(GeneralSettingsBlock::kBlockNumber,
+                                   SimRecorderConfig::kLanguageIndexByte, uint8_t(a));
+        m_recorder.parameterChanged(GeneralSettingsBlock::kBlockNumber);
         ok = true;
     } else if (cmd == "sleep" && n == 2 && number(w[1], kMaxSleepMs, &a)) {
         sleepMs(a);

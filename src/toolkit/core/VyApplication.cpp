@@ -29,6 +29,11 @@ VyString& displayDevicePath() {
     return path;
 }
 
+VyTimerCore::Clock& timerClock() {
+    static VyTimerCore::Clock clock;
+    return clock;
+}
+
 } // namespace
 
 VyApplication::VyApplication(int argc, char** argv) {
@@ -57,8 +62,13 @@ VyApplication::VyApplication(int argc, char** argv) {
     connect(m_screen.get(), &m_screen->geometryChanged, this,
             VY_SLOT(VyApplication, screenGeometryChanged));
 
-    m_threads.timerCore = std::make_unique<VyTimerCore>();
-    m_threads.timerCore->start();
+    if (timerClock()) {
+        // A test's clock: the test moves it and fires the timers itself, so no thread.
+        m_threads.timerCore = std::make_unique<VyTimerCore>(timerClock());
+    } else {
+        m_threads.timerCore = std::make_unique<VyTimerCore>();
+        m_threads.timerCore->start();
+    }
     m_singleShotTimer = std::make_unique<VySingleShotTimer>();
     m_tickTimerId = registerTimer(kTickIntervalMs, this, -1);
     for (int i = 0; i < kApplicationTimerCount; ++i)
@@ -82,6 +92,10 @@ VyApplication::~VyApplication() {
         guard->m_object = nullptr;
     m_guards.clear();
     g_application = nullptr;
+}
+
+void VyApplication::setTimerClock(VyTimerCore::Clock clock) {
+    timerClock() = std::move(clock);
 }
 
 VyApplication* VyApplication::instance() {

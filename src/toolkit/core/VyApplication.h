@@ -7,6 +7,7 @@
 #include "runtime/VyString.h"
 #include "toolkit/core/VyGuiThreads.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyTimerCore.h"
 
 #include <cstdint>
 #include <memory>
@@ -36,6 +37,10 @@ public:
     // Must be called before the application object is made.
     static void setDisplayDevice(const VyString& path);
     static VyString displayDevice();
+    // Must be called before the application object is made. With a clock set, the timer
+    // core runs on it and no timer thread is started: the caller moves the clock and calls
+    // timerCore()->fireExpired(). An empty function restores the monotonic clock and thread.
+    static void setTimerClock(VyTimerCore::Clock clock);
 
     // Runs the loop until quit(). Returns 1 at once when already running: nested loops are
     // EventLoop's job.

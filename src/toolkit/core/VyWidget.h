@@ -118,6 +118,10 @@ public:
     // closed.
     bool close();
     bool isVisible() const { return testAttribute(Visible); }
+    // A disabled widget takes no focus and its controls ignore input and draw their Disabled
+    // state; disabling a parent disables its whole tree. Disabling drops the focus.
+    void setEnabled(bool enabled);
+    bool isEnabled() const;
     // Visible together with every ancestor up to its window.
     bool isVisibleOnScreen() const;
     void raise();
@@ -210,6 +214,7 @@ private:
     uint8_t m_windowType = Widget;
     uint32_t m_attributes = 0;
     bool m_tracksFocus = true;
+    bool m_enabled = true;
     int m_focusPolicy = NoFocus;
     VyWidget* m_focusChild = nullptr;
     // Owned by the screen; created on the first show of a top-level window.

@@ -5,7 +5,8 @@
 
 void VyWidget::setFocus(int reason) {
     VyApplication* app = VyApplication::instance();
-    if (!app || isBlockedByModal() || app->focusWidget() == this || m_focusPolicy == NoFocus)
+    if (!app || isBlockedByModal() || app->focusWidget() == this || m_focusPolicy == NoFocus ||
+        !isEnabled())
         return;
     if (m_focusPolicy == KeyFocus && reason == VyFocusEvent::MouseFocusReason)
         return;
@@ -43,4 +44,26 @@ void VyWidget::watchFocusChild(VyWidget* child) {
 
 void VyWidget::focusChildDestroyed() {
     m_focusChild = nullptr;
+}
+
+void VyWidget::setEnabled(bool enabled) {
+    if (m_enabled == enabled)
+        return;
+    m_enabled = enabled;
+    VyApplication* app = VyApplication::instance();
+    if (!enabled && app && app->focusWidget()) {
+        for (VyWidget* w = app->focusWidget(); w; w = w->parentWidget())
+            if (w == this) {
+                app->focusWidget()->clearFocus();
+                break;
+            }
+    }
+    update();
+}
+
+bool VyWidget::isEnabled() const {
+    for (const VyWidget* w = this; w; w = w->parentWidget())
+        if (!w->m_enabled)
+            return false;
+    return true;
 }

@@ -2,10 +2,10 @@
 
 #include <unistd.h>
 
+#include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
-#include "runtime/VyIniSettings.h"
 
 VyStyle::VyStyle(VyObject* parent)
     : VyObject(parent) {}
@@ -61,11 +61,34 @@ VyBitmap VyStyle::image(const VyString& path) {
         return it->second;
     const VyString file = VyResources::path(path);
     VyBitmap bitmap;
-    // A device may ship without some images; the control then draws without them.
     if (::access(file.c_str(), F_OK) == 0)
         bitmap = VyBitmap::loadPng(file);
-    else
-        VY_DEBUG("style", "image %s not found, drawn without it", file.c_str());
+    // A device may ship without some images; the control then draws a shape in their place.
+    // The miss is cached, so this is said once per path.
+    if (bitmap.isNull())
+        vyFrameworkLog("load image %s failed, a drawn shape stands in !!!\n", file.c_str());
     m_images.insert(path, bitmap);
     return bitmap;
+}
+
+VyBitmap VyStyle::imageForScale(const VyString& path, float horizontalScale) {
+    if (horizontalScale > 1.0f && path.endsWith(".png")) {
+        const VyString large = path.left(path.length() - 4) + "-max.png";
+        auto it = m_images.find(large);
+        if (it != m_images.end() && !it->second.isNull())
+            return it->second;
+        if (it == m_images.end() && ::access(VyResources::path(large).c_str(), F_OK) == 0)
+            return image(large);
+    }
+    return image(path);
+}
+
+int VyStyle::scaled(int designPixels) const {
+    const int v = static_cast<int>(static_cast<float>(designPixels) * m_horizontalScale);
+    return designPixels > 0 && v < 1 ? 1 : v;
+}
+
+int VyStyle::scaledHeight(int designPixels) const {
+    const int v = static_cast<int>(static_cast<float>(designPixels) * m_verticalScale);
+    return designPixels > 0 && v < 1 ? 1 : v;
 }

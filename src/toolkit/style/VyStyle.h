@@ -8,7 +8,9 @@
 #include "runtime/VyList.h"
 #include "runtime/VyMap.h"
 #include "runtime/VyRect.h"
+#include "runtime/VySize.h"
 #include "runtime/VyString.h"
+#include "runtime/VyStringList.h"
 #include "toolkit/core/VyObject.h"
 #include "toolkit/style/VyStyleOption.h"
 
@@ -54,14 +56,96 @@ public:
     static VyList<VyRect> arrowSpans(ArrowDirection direction, const VyRect& rect);
 
     // The bitmap of a fixed image path below the resources root; null when it is missing or
-    // unreadable. Decoded once per path and kept, so that reloading the style is cheap.
+    // unreadable (one log line per path). Decoded once per path and kept, so that reloading
+    // the style is cheap.
     VyBitmap image(const VyString& path);
+    // The "-max" variant of an image ("images/a-max.png" for "images/a.png") on outputs wider
+    // than the design width, when the device ships it; the image itself otherwise.
+    VyBitmap imageForScale(const VyString& path, float horizontalScale);
+
+    // Scale factors of the last apply(); control metrics designed for 1920x1080 follow them.
+    float horizontalScale() const { return m_horizontalScale; }
+    float verticalScale() const { return m_verticalScale; }
+    // A design-size metric at the current scale (at least 1 pixel for a positive metric).
+    int scaled(int designPixels) const;
+    int scaledHeight(int designPixels) const;
+
+    // Per-state colours and fonts: the style's value for the slot, else its Normal value for
+    // Hover and Focus, else the built-in default.
+    static vyargb color(const VySTOptArray<VySTColor, 8>& row, int slot, vyargb fallback);
+    static int fontSize(const VySTOptArray<VySTFont, 8>& row, int slot);
+
+    // Drawing of the standard controls from their class's record and the slot of their state
+    // (VyStyleSlot). Rectangles are in the canvas's (the control's) coordinates; nothing is
+    // drawn outside them. Texts that do not fit are elided.
+    virtual void drawLabel(VyCanvas* canvas, const VyRect& rect, int slot,
+                           const VyStringList& lines, int alignment) const;
+    // `images` are the button's own normal and hover images (null when it has none).
+    virtual void drawPushButton(VyCanvas* canvas, const VyRect& rect, int slot, bool pressed,
+                                bool checked, const VyString& text, const VyBitmap& icon,
+                                const VyBitmap& image) const;
+    virtual void drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
+                              const VyString& text) const;
+    virtual void drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
+                                 const VyString& text) const;
+    virtual void drawGroupBox(VyCanvas* canvas, const VyRect& rect, int slot, const VyString& title,
+                              bool checkable, bool checked) const;
+    // The height of a group box's title row (its text, and its check box when checkable).
+    int groupBoxTitleHeight(bool checkable) const;
+    // Positions are pixels from the left of the text area; cursorX < 0 draws no cursor and an
+    // empty selection range none.
+    struct LineEditText {
+        VyString text; // as shown (password echo already applied), scrolled by `scroll`
+        VyString placeholder;
+        int scroll = 0;
+        int cursorX = -1;
+        int selectionFromX = 0;
+        int selectionToX = 0;
+    };
+    virtual void drawLineEdit(VyCanvas* canvas, const VyRect& rect, int slot,
+                              const LineEditText& content) const;
+    // The area inside a line edit's frame where its text goes.
+    VyRect lineEditTextRect(const VyRect& rect) const;
+    enum SpinPart { SpinNone = 0, SpinUp = 1, SpinDown = 2 };
+    virtual void drawSpinBox(VyCanvas* canvas, const VyRect& rect, int slot, const VyString& text,
+                             int pressedPart, bool upEnabled, bool downEnabled) const;
+    // Which arrow of a spin box lies under a point (SpinNone for the text field).
+    int spinBoxPartAt(const VyRect& rect, VyPoint pos) const;
+    // Sliders and scroll bars: `handle` is the handle's (slider's) rectangle the control
+    // computed from its value with sliderHandleLength / scrollBarSliderRect.
+    virtual void drawSlider(VyCanvas* canvas, const VyRect& rect, int slot, bool horizontal,
+                            const VyRect& handle) const;
+    int sliderHandleLength() const { return scaled(kSliderHandleDesign); }
+    virtual void drawScrollBar(VyCanvas* canvas, const VyRect& rect, int slot, bool horizontal,
+                               const VyRect& slider) const;
+    // `percent` is clamped to 0..100; `text` is drawn centred when not empty.
+    virtual void drawProgressBar(VyCanvas* canvas, const VyRect& rect, int percent,
+                                 const VyString& text) const;
+    virtual void drawToolTip(VyCanvas* canvas, const VyRect& rect, const VyStringList& lines) const;
+    // A tool tip's size for these lines.
+    VySize toolTipSize(const VyStringList& lines) const;
+    int toolTipFontSize() const;
+
+    // The side of the check box and radio button indicators, and the gap to their text.
+    int indicatorSize() const { return scaled(kIndicatorDesign); }
+    int indicatorSpacing() const { return scaled(kIndicatorSpacingDesign); }
+
+    static constexpr int kSliderHandleDesign = 20; // pixels at 1920x1080
+    static constexpr int kIndicatorDesign = 22;
+    static constexpr int kIndicatorSpacingDesign = 8;
+    static constexpr int kFieldPaddingDesign = 8;
 
 private:
     void onScreenGeometryChanged();
     void onScreenDestroyed();
 
+    // The drawn stand-ins for a missing indicator image.
+    void drawIndicatorShape(VyCanvas* canvas, const VyRect& box, bool round, bool checked,
+                            vyargb border, vyargb mark) const;
+
     VyStyleOption m_option;
     VyScreen* m_screen = nullptr;
+    float m_horizontalScale = 1.0f;
+    float m_verticalScale = 1.0f;
     VyMap<VyString, VyBitmap> m_images;
 };

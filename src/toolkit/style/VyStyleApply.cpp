@@ -60,9 +60,11 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     VyStyleOption option;
     const float meanScale = (horizontalScale + verticalScale) / 2;
     const int fontSize = static_cast<int>(kDesignFontPixelSize * meanScale);
-    auto pixmap = [this](VySTOptArray<VySTPixmap, 8>& row, const char* path,
-                         std::initializer_list<int> slots) {
-        const VyBitmap bitmap = image(path);
+    m_horizontalScale = horizontalScale;
+    m_verticalScale = verticalScale;
+    auto pixmap = [this, horizontalScale](VySTOptArray<VySTPixmap, 8>& row, const char* path,
+                                          std::initializer_list<int> slots) {
+        const VyBitmap bitmap = imageForScale(path, horizontalScale);
         for (int slot : slots) {
             VySTPixmap& p = row.edit(slot);
             p.path = path;
