@@ -6,9 +6,9 @@
 //
 // It lives from start-up to process end and is never deleted. Everything here runs on the
 // GUI thread: App's messages reach it only as posted IPC events.
+#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
-#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyString.h"
 #include "toolkit/core/VyObject.h"
 
@@ -17,6 +17,7 @@
 
 class CEvent;
 class UiShell;
+class UiModels;
 class UiTimerSource;
 class WndTimeoutManager;
 struct IpcMsgHeader;
@@ -40,12 +41,11 @@ public:
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
 
-
-    // Runs construction steps 1-12 of the start-up's UiManager: singletons, event receiver
-    // (the caller installs it in the IPC client right after), general settings, pid message,
-    // delayed-start timer, per-channel table, date and tick timer. `timers` arms the delayed
-    // start; `today` reads the date for the day-change check.
-    UiManager(UiTimerSource* timers, DateSource today = &VyDate::currentDate);
+    // Runs construction steps 1-12 of the start-up's UiManager: the models (created into
+    // `models`, which the caller owns and keeps beyond the manager), event receiver, general
+    // settings, pid message, delayed-start timer, per-channel table, date and tick timer.
+    // `timers` arms the delayed start; `today` reads the date for the day-change check.
+    UiManager(UiModels* models, UiTimerSource* timers, DateSource today = &VyDate::currentDate);
     ~UiManager() override;
 
     static UiManager* instance();
@@ -72,10 +72,7 @@ public:
     void setReceiver(int uiEventType, VyObject* receiver);
     VyObject* receiver(int uiEventType) const;
     // SubType 13 (event 1032) goes to the first present of two receivers; this is the second.
-    void setSecondReceiver1032(VyObject* receiver) {
-        m_second1032 = receiver;
-        watch(receiver);
-    }
+    void setSecondReceiver1032(VyObject* receiver) { m_second1032.reset(receiver); }
     // MainType 300 goes to the first present of these two when it reports itself ready.
     void setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second);
     int droppedCount() const { return m_droppedCount; }
@@ -99,6 +96,7 @@ public:
     int outputResolution() const { return m_outputResolution; }
     // Minutes without input before menus close; 0 never.
     int menuTimeoutMinutes() const { return m_menuTimeoutMinutes; }
+    UiModels* models() const { return m_models; }
     // Closes menus and dialogs after the menu time-out; created with the models.
     WndTimeoutManager* windowTimeoutManager() const { return m_windowTimeout; }
     int menuTransparency() const { return m_menuTransparency; }
@@ -146,9 +144,7 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
-    void watch(VyObject* receiver);
-    void receiverDestroyed(VyObject* receiver);
-    void createSingletons();
+    void createModels();
     void buildMessageTexts();
     void routeMessage(CEvent* e);
     void routeSubType(CEvent* e, const IpcMsgHeader& h, int uiEventType);
@@ -163,10 +159,12 @@ private:
 
     static constexpr int kSlotBase = 1000;
     static constexpr int kSlotCount = 128; // event types 1000..1127
-    VyObject* m_receivers[kSlotCount] = {};
-    VyObject* m_second1032 = nullptr;
-    PlaybackReceiver* m_playback[2] = {nullptr, nullptr};
+    // Windows register themselves and may die without clearing their slot: guarded.
+    VyPointer<VyObject> m_receivers[kSlotCount];
+    VyPointer<VyObject> m_second1032;
+    VyPointer<PlaybackReceiver> m_playback[2];
 
+    UiModels* m_models;
     UiTimerSource* m_timers;
     DateSource m_today;
     UiShell* m_shell = nullptr;

@@ -27,7 +27,7 @@ public:
     // What the device reserves in memory for the font file, in bytes.
     static constexpr int64_t kDeviceFontReserveBytes = 5242880;
     // Rendered glyph bytes the cache keeps before it evicts the least recently used.
-    static constexpr size_t kDefaultCacheBudgetBytes = 2 * 1024 * 1024;
+    static constexpr size_t kDefaultCacheBudgetBytes = size_t(2) * 1024 * 1024;
     // Larger requests are refused: a glyph bitmap grows with the square of the size.
     static constexpr int kMaxPixelSize = 512;
     // The device font and at most this many fallbacks.
@@ -113,7 +113,7 @@ private:
         std::unique_ptr<FT_FaceRec_, FaceDeleter> ft;
         // Created on first shaping; declared after ft so that it goes first.
         std::unique_ptr<hb_font_t, HbFontDeleter> hb;
-        int pixelSize = 0; // the size last set on the face, 0 = none
+        int pixelSize = 0;    // the size last set on the face, 0 = none
         bool hbSized = false; // hb has seen the face's current size
         VyString path;
     };

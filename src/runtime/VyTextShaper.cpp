@@ -101,8 +101,7 @@ void splitByCodePoint(VyFontEngine& engine, hb_unicode_funcs_t* uf, const std::u
         const char32_t cp = text[i];
         int face = VyFontEngine::kNoFace;
         if (current.end > current.start &&
-            (needsNoGlyph(uf, cp) ||
-             (isMark(uf, cp) && engine.glyphIndex(current.face, cp) != 0)))
+            (needsNoGlyph(uf, cp) || (isMark(uf, cp) && engine.glyphIndex(current.face, cp) != 0)))
             face = current.face;
         else
             face = faceCovering(engine, uf, text, i, i + 1);
@@ -202,7 +201,8 @@ void VyTextShaper::shapeInto(const std::u32string& text, int pixelSize, VyShaped
             size_t b = a;
             while (b < order.size() && runs[order[b]].level >= level)
                 ++b;
-            std::reverse(order.begin() + static_cast<long>(a), order.begin() + static_cast<long>(b));
+            std::reverse(order.begin() + static_cast<long>(a),
+                         order.begin() + static_cast<long>(b));
             a = b;
         }
     }
@@ -222,8 +222,8 @@ void VyTextShaper::shapeInto(const std::u32string& text, int pixelSize, VyShaped
                 const size_t i = run.level % 2 ? run.end - 1 - k : run.start + k;
                 if (needsNoGlyph(uf, text[i]))
                     continue;
-                out->glyphs.push_back(
-                    {VyFontEngine::kNoFace, static_cast<uint32_t>(text[i]), int((pen + 32) >> 6), 0});
+                out->glyphs.push_back({VyFontEngine::kNoFace, static_cast<uint32_t>(text[i]),
+                                       int((pen + 32) >> 6), 0});
                 pen += advance;
             }
             continue;

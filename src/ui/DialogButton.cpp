@@ -1,8 +1,8 @@
 #include "ui/DialogButton.h"
 
-#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "ui/UiLook.h"
 

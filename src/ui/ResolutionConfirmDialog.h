@@ -32,7 +32,7 @@ private:
 
     VyString m_resolution;
     VyTimer* m_timer = nullptr;
+    bool m_noticeOnly;
     int m_secondMs = 1000;
     int m_secondsLeft = kCountdownSeconds;
-    bool m_noticeOnly;
 };

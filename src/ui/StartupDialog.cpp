@@ -2,8 +2,8 @@
 
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "ui/DialogButton.h"
 #include "ui/UiLook.h"

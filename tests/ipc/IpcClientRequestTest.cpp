@@ -16,7 +16,7 @@ protected:
         IpcClientConfig config;
         config.socketPath = peer.path();
         config.joinableThreads = true;
-        ASSERT_TRUE(client.init(nullptr, config));
+        ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, config));
         ASSERT_TRUE(peer.accept());
     }
     void TearDown() override {

@@ -3,14 +3,14 @@
 #include "UiManagerTestSupport.h"
 #include "protocol/UiEventType.h"
 
-#include "toolkit/i18n/TextId.h"
-#include "toolkit/i18n/VyTranslation.h"
-#include "runtime/VyResources.h"
 #include "model/DeviceParamModel.h"
 #include "model/FrontPanelModel.h"
 #include "model/MainViewManager.h"
 #include "model/UiRouteTable.h"
 #include "protocol/TimeZoneNotice.h"
+#include "runtime/VyResources.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 
 #include <cstdlib>
 
@@ -69,14 +69,31 @@ TEST_F(UiManagerTest, UnregisteredOrDeadReceiversDropTheMessage) {
         manager->setReceiver(1020, &window);
         deliver(1000, 9, 0);
         EXPECT_EQ(window.received.size(), 1u);
+        // It dies without clearing its slot and without a destroyed signal.
+        window.blockSignals(true);
     }
-    // The window closed without clearing its slot.
     EXPECT_EQ(manager->receiver(1020), nullptr);
     deliver(1000, 9, 0);
     EXPECT_EQ(manager->droppedCount(), 2);
     deliver(1000, 400, 0); // beyond the routed range
     deliver(1234, 8, 0);   // unknown family
     EXPECT_EQ(manager->droppedCount(), 4);
+}
+
+TEST_F(UiManagerTest, SecondAndPlaybackReceiversThatDieSilentlyAreNotPostedTo) {
+    build();
+    {
+        ForwardRecorder second;
+        Playback playback;
+        playback.ready = true;
+        manager->setSecondReceiver1032(&second);
+        manager->setPlaybackReceivers(&playback, nullptr);
+        second.blockSignals(true);
+        playback.blockSignals(true);
+    }
+    deliver(1000, 13, 0);
+    deliver(300, 2, 0);
+    EXPECT_EQ(manager->droppedCount(), 2);
 }
 
 TEST_F(UiManagerTest, SubType13TakesTheSecondReceiverOnlyWithoutTheFirst) {
@@ -151,9 +168,8 @@ TEST_F(UiManagerTest, LedNetworkAndShutdownNotices) {
     EXPECT_EQ(FrontPanelModel::instance()->ledState(), 3);
     EXPECT_EQ(manager->networkStatus(), 2u);
     EXPECT_EQ(status.count, 2);
-    EXPECT_EQ(shell.calls,
-              std::vector<std::string>{"message:" +
-                                       std::to_string(TextId::SystemNotice::ShuttingDown)});
+    EXPECT_EQ(shell.calls, std::vector<std::string>{
+                               "message:" + std::to_string(TextId::SystemNotice::ShuttingDown)});
     EXPECT_TRUE(manager->isShuttingDown());
     // A shutdown before the first screen leaves the screen as it is.
     manager->delayedStart();

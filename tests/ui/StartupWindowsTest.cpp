@@ -3,9 +3,9 @@
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "ui/DialogButton.h"
@@ -104,7 +104,8 @@ TEST_F(StartupWindowsTest, ResolutionDialogKeepsOnOkAndRevertsWhenTheCountdownEn
         ResolutionConfirmDialog dialog("720p", false);
         ASSERT_EQ(dialog.buttons().size(), 2u);
         // The key is waiting in the queue when the nested loop starts.
-        VyApplication::postEvent(dialog.buttons()[0], new VyKeyEvent(VyEvent::KeyPress, kKeyOk));
+        VyApplication::postEvent(dialog.buttons()[0],
+                                 std::make_unique<VyKeyEvent>(VyEvent::KeyPress, kKeyOk));
         EXPECT_EQ(dialog.run(), ResolutionConfirmDialog::kKeep);
         EXPECT_GT(dialog.secondsLeft(), 0);
     }
@@ -150,8 +151,7 @@ TEST_F(StartupWindowsTest, OpenDialogFetchesItsTextsAgainWhenTheLanguageChanges)
 
     ASSERT_TRUE(translation->changeLanguage(kRussian));
     EXPECT_EQ(dialog.title(), "Разрешение выхода");
-    EXPECT_EQ(dialog.text(),
-              "Сохранить разрешение выхода 720p? Оно будет возвращено через 15 с.");
+    EXPECT_EQ(dialog.text(), "Сохранить разрешение выхода 720p? Оно будет возвращено через 15 с.");
     ASSERT_EQ(dialog.buttons().size(), 2u);
     EXPECT_EQ(dialog.buttons()[0]->text(), "Сохранить");
     EXPECT_EQ(dialog.buttons()[1]->text(), "Вернуть");
@@ -160,4 +160,21 @@ TEST_F(StartupWindowsTest, OpenDialogFetchesItsTextsAgainWhenTheLanguageChanges)
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_NE(countPixels(titleBar, ink), englishInk);
     dialog.done(ResolutionConfirmDialog::kRevert);
+}
+
+TEST_F(StartupWindowsTest, ADialogDeletedBehindTheShellsBackIsNotDeletedAgain) {
+    WindowShell shell;
+    shell.showMessage(TextId::SystemNotice::ShuttingDown);
+    shell.showMessage(TextId::SystemNotice::ShuttingDown);
+    settle();
+    ASSERT_EQ(shell.openDialogCount(), 2);
+    VyWidget* newest = app->activeModalWidget();
+    ASSERT_NE(newest, nullptr);
+    // Gone without a destroyed signal; closing the rest must skip it.
+    newest->blockSignals(true);
+    delete newest;
+    EXPECT_EQ(shell.openDialogCount(), 1);
+    shell.closeAll();
+    EXPECT_EQ(shell.openDialogCount(), 0);
+    EXPECT_EQ(app->activeModalWidget(), nullptr);
 }

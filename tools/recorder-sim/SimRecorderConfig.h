@@ -37,7 +37,7 @@ struct SimRecorderConfig {
     uint32_t colorProfile = 0;
     bool earlyStage1 = false;
     std::string storePath;
-    std::map<uint32_t, uint32_t> blockSizes;                     // block -> bytes
+    std::map<uint32_t, uint32_t> blockSizes; // block -> bytes
     std::map<std::pair<uint32_t, uint32_t>, uint8_t> blockBytes{
         {{GeneralSettingsBlock::kBlockNumber, kLanguageIndexByte}, kDefaultLanguage}};
     // (block, offset) -> value

@@ -21,8 +21,8 @@ void VyFbCanvas::drawGlyphs(int64_t x, int64_t baseline, const VyShapedText& lin
         const int pen = static_cast<int>(x) + sg.x;
         if (pen > m_clip.right)
             break;
-        const VyGlyph* g = engine.glyphByIndex(sg.face, sg.face == VyFontEngine::kNoFace ? 0 : sg.glyphIndex,
-                                               pixelSize);
+        const VyGlyph* g = engine.glyphByIndex(
+            sg.face, sg.face == VyFontEngine::kNoFace ? 0 : sg.glyphIndex, pixelSize);
         if (!g || g->width == 0)
             continue;
         const VyRect box(pen + g->left, static_cast<int>(baseline) - sg.y - g->top, g->width,

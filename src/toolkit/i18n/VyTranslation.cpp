@@ -2,8 +2,8 @@
 
 #include "runtime/VyFontEngine.h"
 #include "runtime/VyLog.h"
-#include "runtime/VyTextShaper.h"
 #include "runtime/VyResources.h"
+#include "runtime/VyTextShaper.h"
 #include "toolkit/i18n/VyLanguageSettingsStore.h"
 #include "toolkit/i18n/VyXmlVisitor.h"
 
@@ -22,11 +22,11 @@ namespace {
 // In settings order: the index is the language number and the bit in the masks. The
 // spellings are those of the shipped file names.
 constexpr const char* kLanguageNames[VyTranslation::kLanguageCount] = {
-    "chinese", "chinese_complex", "czech",    "danish",   "english",  "finnish",  "french",
-    "german",  "greek",           "hebrew",   "hungarian", "italian", "japanese", "polish",
-    "portuguese", "russian",      "spanish",  "thai",     "slovenia", "romanian", "bulgarian",
-    "arabic",  "hindi",           "vietnam",  "holland",  "turkey",   "persion",  "svenska",
-    "korean",  "indonesia",       "brazile",  "flemish",  "ukrainian", "slovak"};
+    "chinese",    "chinese_complex", "czech",   "danish",    "english",   "finnish",  "french",
+    "german",     "greek",           "hebrew",  "hungarian", "italian",   "japanese", "polish",
+    "portuguese", "russian",         "spanish", "thai",      "slovenia",  "romanian", "bulgarian",
+    "arabic",     "hindi",           "vietnam", "holland",   "turkey",    "persion",  "svenska",
+    "korean",     "indonesia",       "brazile", "flemish",   "ukrainian", "slovak"};
 
 constexpr int kHebrew = 9;
 constexpr int kArabic = 21;
@@ -94,7 +94,7 @@ void VyTranslation::setSettingsStore(VyLanguageSettingsStore* store) {
 void VyTranslation::resetInstance(VyTranslation* translation) {
     g_instance.reset(translation);
     VyFontEngine::instance().shaper().setDefaultRightToLeft(translation != nullptr &&
-                                                           translation->isRightToLeft());
+                                                            translation->isRightToLeft());
 }
 
 const char* VyTranslation::languageName(int index) {
@@ -187,7 +187,7 @@ void VyTranslation::selectStartupLanguage() {
     }
     // Nothing available: ask for the stored one anyway, which logs that no package exists.
     changeLanguage(stored < static_cast<uint32_t>(kLanguageCount) ? static_cast<int>(stored)
-                                                                   : kNoLanguage);
+                                                                  : kNoLanguage);
 }
 
 bool VyTranslation::changeLanguage(int index) {
@@ -199,8 +199,9 @@ bool VyTranslation::changeLanguage(int index) {
     uint32_t mask = 0;
     uint32_t extended = 0;
     foundLanguages(&mask, &extended);
-    const bool present = index < kMaskBits ? (mask >> index) & 1u
-                                           : index < kLanguageCount && ((extended >> (index - kMaskBits)) & 1u);
+    const bool present = index < kMaskBits
+                             ? (mask >> index) & 1u
+                             : index < kLanguageCount && ((extended >> (index - kMaskBits)) & 1u);
     if (index == kNoLanguage || !present) {
         vyFrameworkLog("No language package found !!!\n");
         return false;

@@ -1,5 +1,5 @@
-#include "toolkit/i18n/VyLanguageSettingsStore.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/i18n/VyLanguageSettingsStore.h"
 
 #include <gtest/gtest.h>
 
@@ -237,9 +237,8 @@ TEST_F(TranslationTest, LanguageChangedOnlyWhenANewFileWasLoaded) {
     writeMarked(kEnglish);
     VyTranslation t(dir(), nullptr);
     Counter counter;
-    VyObject::connect(&t, &t.languageChanged, &counter, [](VyObject*, VyObject* r) {
-        static_cast<Counter*>(r)->hit();
-    });
+    VyObject::connect(&t, &t.languageChanged, &counter,
+                      [](VyObject*, VyObject* r) { static_cast<Counter*>(r)->hit(); });
     EXPECT_TRUE(t.changeLanguage(kEnglish));
     EXPECT_EQ(counter.count, 1);
     EXPECT_FALSE(t.changeLanguage(kEnglish));
