@@ -39,7 +39,8 @@ bool g_exitHookRegistered = false;
 
 // KDSETMODE and KDSKBMODE take their argument by value in the pointer's place.
 void* argValue(int value) {
-    return reinterpret_cast<void*>(static_cast<intptr_t>(value)); // NOLINT(performance-no-int-to-ptr)
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    return reinterpret_cast<void*>(static_cast<intptr_t>(value));
 }
 
 } // namespace
