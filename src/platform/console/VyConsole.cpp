@@ -37,7 +37,9 @@ std::atomic<VyConsole*> g_active{nullptr};
 struct sigaction g_previous[kSignalCount];
 bool g_exitHookRegistered = false;
 
+// KDSETMODE and KDSKBMODE take their argument by value in the pointer's place.
 void* argValue(int value) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<void*>(static_cast<intptr_t>(value));
 }
 

@@ -13,7 +13,8 @@ VyObjectGuard::VyObjectGuard(const VyObjectGuard& other)
 }
 
 VyObjectGuard& VyObjectGuard::operator=(const VyObjectGuard& other) {
-    reset(other.m_object);
+    if (this != &other)
+        reset(other.m_object);
     return *this;
 }
 
