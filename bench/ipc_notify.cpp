@@ -79,7 +79,7 @@ struct IpcSide {
         config.socketPath = g_ipcSim->path();
         config.joinableThreads = true;
         receiver.client = &client;
-        client.init(&receiver, config);
+        client.UI_IPC_ClientInit(&receiver, config);
     }
     ~IpcSide() { client.stop(); }
     double lastCpuSeconds = 0; // of this process (all its threads) during the last run

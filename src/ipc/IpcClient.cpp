@@ -58,7 +58,7 @@ bool IpcClient::startThread(pthread_t* thread, void* (*fn)(void*)) {
     return true;
 }
 
-bool IpcClient::init(VyObject* receiver, const IpcClientConfig& config) {
+bool IpcClient::UI_IPC_ClientInit(VyObject* receiver, const IpcClientConfig& config) {
     if (m_started || m_stopRequested.load()) {
         // A stopped client stays stopped: its threads and state are not made to restart.
         VY_IPC_LOG("client already started or stopped\n");

@@ -12,13 +12,14 @@
 //
 // Use from the GUI thread:
 //     IpcClient& ipc = IpcClient::instance();
-//     ipc.init(nullptr);                       // start-up: no receiver yet
-//     ipc.send(1000, 0, hello, sizeof hello);  // waits until the socket is connected
-//     ipc.waitForStage(1);                     // App's stage notification (1000, 1)
-//     IpcMsgBlock info = ipc.blockingRequest(1000, 33, nullptr, 0, nullptr, 0);
-//     ipc.setEventReceiver(uiManager);         // from now on messages become events
-//     ipc.setWaiterMode(true);                 // requests wait in a nested event loop
-//     ipc.request(block, 600, 0, &getBody, sizeof getBody);
+//     ipc.UI_IPC_ClientInit(nullptr);             // start-up: no receiver yet
+//     ipc.send(MainType::System, SystemSubType::Hello, hello, sizeof hello); // waits for the
+//     socket ipc.waitForStage(1);                        // App's stage notification (1000, 1)
+//     IpcMsgBlock info =
+//         ipc.blockingRequest(MainType::System, SystemSubType::SystemInfo, nullptr, 0, nullptr, 0);
+//     ipc.setEventReceiver(uiManager);            // from now on messages become events
+//     ipc.setWaiterMode(true);                    // requests wait in a nested event loop
+//     ipc.request(block, MainType::Param, ParamSubType::Access, &getBody, sizeof getBody);
 //
 // The socket is "/dev/IPC_UI" unless the environment variable VY_IPC_SOCKET names another.
 #include "ipc/IpcFrameReader.h"
@@ -74,8 +75,8 @@ public:
     VY_DISABLE_COPY_MOVE(IpcClient)
 
     // Starts the receive and dispatch threads and returns at once. `receiver` may be null.
-    // False when a thread could not be started, or init or stop was already called.
-    bool init(VyObject* receiver, const IpcClientConfig& config = {});
+    // False when a thread could not be started, or the client was already started or stopped.
+    bool UI_IPC_ClientInit(VyObject* receiver, const IpcClientConfig& config = {});
 
     // Ends both threads and joins them (joinable clients only). Pending sends, stage waits
     // and blocking requests return; queued messages are freed.

@@ -3,20 +3,12 @@
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
 
-#include "model/AIManager.h"
-#include "model/AlarmInfoModel.h"
 #include "model/CameraModel.h"
-#include "model/DeviceParamModel.h"
-#include "model/DiskManager.h"
-#include "model/FrontPanelModel.h"
-#include "model/MainViewManager.h"
 #include "model/ParamAccess.h"
-#include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
-#include "model/RemoteAccessModel.h"
 #include "model/SystemInfo.h"
+#include "model/UiModels.h"
 #include "model/UiTimerSource.h"
-#include "model/VyKeyManager.h"
 #include "protocol/DisplaySwitchBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
@@ -56,8 +48,9 @@ constexpr int countOf(const T (&)[N]) {
 
 } // namespace
 
-UiManager::UiManager(UiTimerSource* timers, DateSource today)
-    : m_timers(timers)
+UiManager::UiManager(UiModels* models, UiTimerSource* timers, DateSource today)
+    : m_models(models)
+    , m_timers(timers)
     , m_today(today) {
     // 1. The single instance; the delayed start may run.
     VY_ASSERT(g_instance == nullptr);
@@ -74,8 +67,8 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
     VyFontEngine::instance().loadFallbackList(VyResources::path(kFallbackList),
                                               VyResources::path("font"));
 
-    // 4. Models and managers; their instance accessors fix the construction order.
-    createSingletons();
+    // 4. Models and managers, in their fixed order.
+    createModels();
 
     // 5. From here on App's messages arrive as events.
     if (RecorderLink* link = RecorderLink::instance())
@@ -99,7 +92,7 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
     buildMessageTexts();
 
     // 9. The first screen waits until the network cameras have had time to connect.
-    m_delayedStartMs = delayedStartInterval(CameraModel::instance()->ipChannelCount());
+    m_delayedStartMs = delayedStartInterval(m_models->camera()->ipChannelCount());
     vyStartupLog("delayed start in %d ms\n", m_delayedStartMs);
     if (m_timers != nullptr)
         m_timers->singleShot(m_delayedStartMs, this, VY_SLOT(UiManager, delayedStart));
@@ -128,18 +121,9 @@ UiManager* UiManager::instance() {
     return g_instance;
 }
 
-void UiManager::createSingletons() {
-    AIManager::instance();
-    CameraModel::instance();
-    DiskManager::instance();
-    RecDataManager::instance();
-    DeviceParamModel::instance();
-    FrontPanelModel::instance();
-    RemoteAccessModel::instance();
-    if (SystemInfo::record().alarmInfoPresent != 0)
-        AlarmInfoModel::instance();
-    MainViewManager::instance();
-    VyKeyManager::instance();
+void UiManager::createModels() {
+    VY_ASSERT(m_models != nullptr);
+    m_models->create(SystemInfo::record());
     // Sees all input as an application filter, to restart its period.
     m_windowTimeout = new WndTimeoutManager(this);
     if (VyApplication* app = VyApplication::instance())

@@ -17,6 +17,7 @@
 
 class CEvent;
 class UiShell;
+class UiModels;
 class UiTimerSource;
 class WndTimeoutManager;
 struct IpcMsgHeader;
@@ -40,11 +41,11 @@ public:
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
 
-    // Runs construction steps 1-12 of the start-up's UiManager: singletons, event receiver
-    // (the caller installs it in the IPC client right after), general settings, pid message,
-    // delayed-start timer, per-channel table, date and tick timer. `timers` arms the delayed
-    // start; `today` reads the date for the day-change check.
-    UiManager(UiTimerSource* timers, DateSource today = &VyDate::currentDate);
+    // Runs construction steps 1-12 of the start-up's UiManager: the models (created into
+    // `models`, which the caller owns and keeps beyond the manager), event receiver, general
+    // settings, pid message, delayed-start timer, per-channel table, date and tick timer.
+    // `timers` arms the delayed start; `today` reads the date for the day-change check.
+    UiManager(UiModels* models, UiTimerSource* timers, DateSource today = &VyDate::currentDate);
     ~UiManager() override;
 
     static UiManager* instance();
@@ -95,6 +96,7 @@ public:
     int outputResolution() const { return m_outputResolution; }
     // Minutes without input before menus close; 0 never.
     int menuTimeoutMinutes() const { return m_menuTimeoutMinutes; }
+    UiModels* models() const { return m_models; }
     // Closes menus and dialogs after the menu time-out; created with the models.
     WndTimeoutManager* windowTimeoutManager() const { return m_windowTimeout; }
     int menuTransparency() const { return m_menuTransparency; }
@@ -142,7 +144,7 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
-    void createSingletons();
+    void createModels();
     void buildMessageTexts();
     void routeMessage(CEvent* e);
     void routeSubType(CEvent* e, const IpcMsgHeader& h, int uiEventType);
@@ -162,6 +164,7 @@ private:
     VyPointer<VyObject> m_second1032;
     VyPointer<PlaybackReceiver> m_playback[2];
 
+    UiModels* m_models;
     UiTimerSource* m_timers;
     DateSource m_today;
     UiShell* m_shell = nullptr;

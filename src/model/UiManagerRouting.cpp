@@ -13,6 +13,7 @@
 #include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
+#include "model/UiModels.h"
 #include "model/UiRouteTable.h"
 #include "model/UiShell.h"
 #include "protocol/TimeZoneNotice.h"
@@ -72,7 +73,7 @@ void UiManager::routeMessage(CEvent* e) {
         handleSelf(h);
         break;
     case UiRouteKind::MainView:
-        forward(e, MainViewManager::instance(), route.uiEventType);
+        forward(e, m_models->mainView(), route.uiEventType);
         break;
     case UiRouteKind::Playback: {
         PlaybackReceiver* p = m_playback[0] ? m_playback[0].data() : m_playback[1].data();
@@ -144,7 +145,7 @@ void UiManager::handleSelf(const IpcMsgHeader& h) {
         break;
     case SystemSubType::LedState:
         vySystemLine("LED state: %d ------------------\n", int(value));
-        FrontPanelModel::instance()->setLedState(uint8_t(value & 0xFF));
+        m_models->frontPanel()->setLedState(uint8_t(value & 0xFF));
         break;
     case SystemSubType::NetworkStatus:
         m_networkStatus = value;
@@ -216,27 +217,27 @@ void UiManager::reactToParameterChange(uint32_t blockNumber) {
     case ParamReactionKind::None:
         break;
     case ParamReactionKind::ReloadPart:
-        DeviceParamModel::instance()->reloadPart(r.part);
+        m_models->deviceParams()->reloadPart(r.part);
         break;
     case ParamReactionKind::Block6Changed:
         emitSignal(this, &block6Changed);
-        DeviceParamModel::instance()->reloadPart(r.part);
+        m_models->deviceParams()->reloadPart(r.part);
         break;
     case ParamReactionKind::OutputSettingsChanged:
         setupOutput();
-        MainViewManager::instance()->refresh();
+        m_models->mainView()->refresh();
         break;
     case ParamReactionKind::RefreshRecordModel:
-        RecDataManager::instance()->refresh();
+        m_models->recData()->refresh();
         break;
     case ParamReactionKind::ReloadGeneralSettings:
         loadGeneralSettings();
         break;
     case ParamReactionKind::RefreshPendingStart:
-        RemoteAccessModel::instance()->refresh();
+        m_models->remoteAccess()->refresh();
         break;
     case ParamReactionKind::RefreshMainViewSettings:
-        MainViewManager::instance()->refreshSettings();
+        m_models->mainView()->refreshSettings();
         break;
     case ParamReactionKind::RereadDisplaySwitches:
         loadDisplaySwitches();
@@ -245,7 +246,7 @@ void UiManager::reactToParameterChange(uint32_t blockNumber) {
         emitSignal(this, &block60Changed);
         break;
     case ParamReactionKind::RefreshAiModel:
-        AIManager::instance()->refresh();
+        m_models->ai()->refresh();
         break;
     }
 }

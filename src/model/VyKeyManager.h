@@ -26,6 +26,10 @@ public:
     static constexpr int kDigitTimeoutMs = 500; // pending digits are dropped after this
     static constexpr int kRepeatWindowMs = 400; // presses closer than this count as repeats
 
+    VyKeyManager();
+    ~VyKeyManager() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static VyKeyManager* instance();
 
     // Device key value for a key code App forwards (notification 186); 0 = ignored.
@@ -62,7 +66,6 @@ public:
     void setKeyFocusWidget(VyWidget* widget) { m_keyFocus.reset(widget); }
 
 private:
-    VyKeyManager();
     void clearChannelDigits() { m_channelDigits.clear(); }
     void clearSecondKeys() { m_secondKeys.clear(); }
     void finishAddress();

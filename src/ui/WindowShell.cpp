@@ -48,8 +48,9 @@ void WindowShell::closeAll() {
 }
 
 void WindowShell::showMessage(uint32_t textId) {
-    VY_GUI_LOG("message box: %s\n", VyTranslation::tr(textId).c_str());
     keep(MessageBox::information(textId));
+    // Printed once the box is up: a watcher of the log may act on what it announces.
+    VY_GUI_LOG("message box: %s\n", VyTranslation::tr(textId).c_str());
 }
 
 void WindowShell::showMainView() {
@@ -62,11 +63,11 @@ void WindowShell::showMainView() {
 int WindowShell::confirmResolution(bool noticeOnly, int resolution) {
     const VyString name = UiManager::outputResolutionName(resolution);
     if (noticeOnly) {
-        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
         auto* notice = new ResolutionConfirmDialog(name, true);
         VyObject::connect(notice, &notice->finished, notice, VY_SLOT(VyObject, deleteLater));
         notice->show();
         keep(notice);
+        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
         return 0;
     }
     VY_GUI_LOG("resolution %s needs confirming\n", name.c_str());

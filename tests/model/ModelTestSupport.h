@@ -3,8 +3,8 @@
 // requests from a block store, a window layer that records what it was asked to show, and
 // a timer source advanced by hand.
 //
-// The models are process-wide singletons that read the system information record when they
-// are first made, so each test case expects a process of its own (ctest runs them so).
+// Each case builds its own models (UiModels) and fills the system information record in
+// SetUp, so the cases also pass one after another in one process.
 #include "ipc/IpcMsgBlock.h"
 #include "model/RecorderLink.h"
 #include "model/SystemInfo.h"

@@ -8,6 +8,7 @@
 #include "model/ParamAccess.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
+#include "model/UiModels.h"
 #include "model/UiRouteTable.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/CEvent.h"
@@ -59,16 +60,17 @@ protected:
         IpcClientConfig config;
         config.socketPath = session.socket();
         config.joinableThreads = true;
-        return client.init(nullptr, config);
+        return client.UI_IPC_ClientInit(nullptr, config);
     }
     void connect(const std::string& simConfig, const std::string& script) {
         ASSERT_TRUE(startSim(simConfig, script));
         RecorderLink::setInstance(&link);
-        manager = std::make_unique<UiManager>(nullptr);
+        manager = std::make_unique<UiManager>(models.get(), nullptr);
     }
     void TearDown() override {
         client.stop();
         manager.reset();
+        models.reset();
         RecorderLink::setInstance(nullptr);
         app.reset();
     }
@@ -86,6 +88,7 @@ protected:
     std::unique_ptr<VyApplication> app;
     IpcClient client;
     IpcRecorderLink link{client};
+    std::unique_ptr<UiModels> models = std::make_unique<UiModels>();
     std::unique_ptr<UiManager> manager;
 };
 

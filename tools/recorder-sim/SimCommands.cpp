@@ -75,7 +75,6 @@ bool SimCommands::run(const std::string& rawLine) {
         if (w.empty())
             return true;
     }
-    simRecorderLog("sim: > %s", line.c_str());
     const std::string& cmd = w[0];
     unsigned long a = 0, b = 0, c = 0;
     const size_t n = w.size();
@@ -124,6 +123,8 @@ bool SimCommands::run(const std::string& rawLine) {
         m_recorder.awaitMessages(uint16_t(a), uint16_t(b), n == 4 ? int(c) : 1);
         ok = true;
     } else if (cmd == "exit" && n == 1) {
+        // Logged first: nothing is left to take effect once the process ends.
+        simRecorderLog("sim: > %s", line.c_str());
         m_exit = true;
         // The main thread waits for this signal to stop the server cleanly.
         kill(getpid(), SIGTERM);
@@ -134,6 +135,10 @@ bool SimCommands::run(const std::string& rawLine) {
     }
     if (!ok)
         simRecorderLog("sim: cannot run \"%s\"; %s", line.c_str(), kHelp);
+    else if (cmd != "exit")
+        // Logged once the command has taken effect (a block stored, a notification written),
+        // so that whoever waits for this line finds its result in place.
+        simRecorderLog("sim: > %s", line.c_str());
     return ok;
 }
 

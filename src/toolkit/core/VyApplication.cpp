@@ -67,8 +67,16 @@ VyApplication::VyApplication(int argc, char** argv) {
         m_threads.timerCore = std::make_unique<VyTimerCore>(timerClock());
     } else {
         m_threads.timerCore = std::make_unique<VyTimerCore>();
-        m_threads.timerCore->start();
     }
+    if (VyMouseReader::Factory makeReader = VyMouseReader::factory())
+        m_threads.mouseWatcher = makeReader(this);
+    if (m_threads.mouseWatcher) {
+        const VyRect range = m_screen->clipRect();
+        m_threads.mouseWatcher->setBounds(range.left, range.top, range.right, range.bottom);
+        m_threads.mouseWatcher->start();
+    }
+    if (!timerClock())
+        m_threads.timerCore->start();
     m_singleShotTimer = std::make_unique<VySingleShotTimer>();
     m_tickTimerId = registerTimer(kTickIntervalMs, this, -1);
     for (int i = 0; i < kApplicationTimerCount; ++i)
@@ -221,12 +229,6 @@ void VyApplication::timerEvent(VyTimerEvent* e) {
 void VyApplication::screenGeometryChanged() {
     VyEvent change(VyEvent::ScreenChange);
     sendEvent(this, &change);
-}
-
-void VyApplication::setMouseWatcher(std::unique_ptr<VyThread> watcher) {
-    m_threads.mouseWatcher = std::move(watcher);
-    if (m_threads.mouseWatcher)
-        m_threads.mouseWatcher->start();
 }
 
 void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) {

@@ -30,7 +30,9 @@ class VyApplication : public VyObject {
     VY_OBJECT(VyApplication, VyObject)
 public:
     // Opens the display (setDisplayDevice, else $VY_FBDEV_NODE, else "/dev/fb0") and exits
-    // the process with status 1 when it cannot; then starts the timer thread.
+    // the process with status 1 when it cannot; then creates the mouse reader (through the
+    // factory installed with VyMouseReader::setFactory, none without one), gives it the
+    // screen as its range and starts it and the timer thread.
     explicit VyApplication(int argc = 0, char** argv = nullptr);
     ~VyApplication() override;
 
@@ -79,10 +81,8 @@ public:
     VySingleShotTimer* singleShotTimer() const { return m_singleShotTimer.get(); }
     // The three application timers of the key and mouse handling.
     const VyList<VyTimer*>& timers() const { return m_timers; }
-    // Installs the mouse reader thread (a VyMouseWatcher), owned from then on and started
-    // here; it posts raw samples with postEvent or injectPointer.
-    void setMouseWatcher(std::unique_ptr<VyThread> watcher);
-    VyThread* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
+    // The mouse reader thread made in the constructor, or null.
+    VyMouseReader* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
 
     // The timer service; ids are never 0.
     uint32_t registerTimer(int ms, VyObject* receiver, int repeat);

@@ -49,6 +49,15 @@ void VyScreen::flush() {
         return;
     }
 
+    // With no window left to compose the whole screen turns opaque black, not only the
+    // dirty part: the pixels outside it may still hold the 0x0000 the screen was cleared to
+    // when it opened, and there the video plane would show through.
+    bool anyComposes = false;
+    for (int i = 0; i < windowCount() && !anyComposes; ++i)
+        anyComposes = m_windows[i]->composes();
+    if (!anyComposes)
+        dirty = VyRegion(VyRect(0, 0, width(), height()));
+
     // Each composing window gets the part of the dirty region where it is the topmost
     // window, so that no pixel is written twice.
     struct Part {
