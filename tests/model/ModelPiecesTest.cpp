@@ -6,6 +6,8 @@
 #include "model/VyKeyManager.h"
 #include "protocol/SerialKeyboardBlock.h"
 
+#include <memory>
+
 TEST(VyKeyManagerTables, ServiceKeysMapInsideTheirRangeOnly) {
     EXPECT_EQ(VyKeyManager::serviceKeyToDeviceKey(127), 0u);
     EXPECT_EQ(VyKeyManager::serviceKeyToDeviceKey(128), 17u);
@@ -76,7 +78,7 @@ TEST_F(ModelTest, ParameterPartsAreFetchedOnFirstUseOnly) {
 }
 
 TEST_F(ModelTest, KeyFocusWidgetIsForgottenWhenItDiesWithItsSignalsBlocked) {
-    VyKeyManager* keys = VyKeyManager::instance();
+    auto keys = std::make_unique<VyKeyManager>();
     auto* widget = new VyWidget;
     keys->setKeyFocusWidget(widget);
     EXPECT_EQ(keys->keyFocusWidget(), widget);
