@@ -6,8 +6,6 @@
 #include "model/VyKeyManager.h"
 #include "protocol/SerialKeyboardBlock.h"
 
-#include <memory>
-
 TEST(VyKeyManagerTables, ServiceKeysMapInsideTheirRangeOnly) {
     EXPECT_EQ(VyKeyManager::serviceKeyToDeviceKey(127), 0u);
     EXPECT_EQ(VyKeyManager::serviceKeyToDeviceKey(128), 17u);
@@ -78,7 +76,8 @@ TEST_F(ModelTest, ParameterPartsAreFetchedOnFirstUseOnly) {
 }
 
 TEST_F(ModelTest, KeyFocusWidgetIsForgottenWhenItDiesWithItsSignalsBlocked) {
-    auto keys = std::make_unique<VyKeyManager>();
+    VyKeyManager keyManager;
+    VyKeyManager* keys = &keyManager;
     auto* widget = new VyWidget;
     keys->setKeyFocusWidget(widget);
     EXPECT_EQ(keys->keyFocusWidget(), widget);
