@@ -4,6 +4,8 @@
 // time by default (the build machines are shared and wall time swings with their load);
 // benchmarks whose cost includes waiting for another thread compare wall time. Run with
 // --benchmark_repetitions=N (or Repetitions() in the bench) to compare medians.
+#include "BenchTargets.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -45,6 +47,7 @@ public:
         std::printf("%-36s / %-32s = %6.2fx %s (target %s %.2fx) %s\n", name.c_str(),
                     baseline.c_str(), r, wallTime ? "wall" : "cpu ",
                     atLeast ? ">=" : "<=", maxRatio, ok ? "ok" : "MISSED");
+        reportTarget(name + " / " + baseline, r, atLeast, maxRatio);
         return ok;
     }
 

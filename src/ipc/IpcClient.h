@@ -144,8 +144,10 @@ private:
     // The dispatch callback and its parts (IpcClientDispatch.cpp).
     int dispatch(IpcMsgBlock block);
     void remotePointer(const IpcMsgBlock& block);
-    void waiterDeliver(IpcMsgBlock block);
-    void postToReceiver(VyObject* receiver, IpcMsgBlock block);
+    // From the dispatch thread the event joins the batch's outbox; from the GUI thread
+    // (messages a blocking request held back) it is posted at once.
+    void waiterDeliver(IpcMsgBlock block, bool fromDispatchThread = false);
+    void postToReceiver(VyObject* receiver, IpcMsgBlock block, bool batched);
     void flushPosts();
 
     // Requests (IpcClientRequest.cpp).

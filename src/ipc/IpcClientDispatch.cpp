@@ -52,7 +52,7 @@ int IpcClient::dispatch(IpcMsgBlock block) {
             return 0; // the block is freed here
         }
     }
-    waiterDeliver(std::move(block));
+    waiterDeliver(std::move(block), true);
     return 0;
 }
 
@@ -73,7 +73,7 @@ void IpcClient::remotePointer(const IpcMsgBlock& block) {
     VyApplication::injectPointer(x, y, pointer->buttons, pointer->wheel);
 }
 
-void IpcClient::waiterDeliver(IpcMsgBlock block) {
+void IpcClient::waiterDeliver(IpcMsgBlock block, bool fromDispatchThread) {
     VyObject* receiver = m_receiver.load();
     if (!receiver)
         return;
@@ -96,12 +96,17 @@ void IpcClient::waiterDeliver(IpcMsgBlock block) {
             }
         }
     }
-    postToReceiver(receiver, std::move(block));
+    postToReceiver(receiver, std::move(block), fromDispatchThread);
 }
 
-void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block) {
+void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block, bool batched) {
     auto event = std::make_unique<CEvent>(UiEventType::IpcMessage);
     event->setData(VyEventData(block.release(), &std::free));
+    if (!batched) {
+        // The GUI thread handing over what a blocking request held: posted at once.
+        VyApplication::postEvent(receiver, std::move(event));
+        return;
+    }
     m_outbox.push_back(VyPostedEvent{receiver, std::move(event)});
 }
 

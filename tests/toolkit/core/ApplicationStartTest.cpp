@@ -16,8 +16,8 @@ namespace {
 // A mouse reader that notes what the application did with it.
 class RecordingReader : public VyMouseReader {
 public:
-    explicit RecordingReader(VyObject* owner)
-        : owner(owner) {}
+    explicit RecordingReader(VyObject* parentObject)
+        : owner(parentObject) {}
     ~RecordingReader() override { wait(); }
     void setBounds(int minX, int minY, int maxX, int maxY) override {
         bounds = VyRect::fromEdges(minX, minY, maxX, maxY);
