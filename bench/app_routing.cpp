@@ -5,6 +5,7 @@
 #include "ipc/IpcClient.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
+#include "model/UiModels.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/CEvent.h"
 
@@ -94,10 +95,11 @@ void notificationToReceiver(benchmark::State& state, bool viaManager) {
     IpcClientConfig config;
     config.socketPath = path;
     config.joinableThreads = true;
-    client.init(nullptr, config);
+    client.UI_IPC_ClientInit(nullptr, config);
     const int app_fd = ::accept(listener, nullptr, nullptr);
     // Without a link to App the manager's set-up reads zeros and sends nothing.
-    auto manager = std::make_unique<UiManager>(nullptr);
+    auto models = std::make_unique<UiModels>();
+    auto manager = std::make_unique<UiManager>(models.get(), nullptr);
     TimedReceiver receiver;
     manager->setReceiver(1018, &receiver);
     client.setEventReceiver(viaManager ? static_cast<VyObject*>(manager.get()) : &receiver);
@@ -117,6 +119,7 @@ void notificationToReceiver(benchmark::State& state, bool viaManager) {
     ::close(app_fd);
     client.stop();
     manager.reset();
+    models.reset();
     app.reset();
     ::close(listener);
     ::unlink(path.c_str());

@@ -100,6 +100,7 @@ std::vector<std::pair<long, std::string>> largestMappings(pid_t pid) {
         }
     }
     std::vector<std::pair<long, std::string>> out;
+    out.reserve(byName.size());
     for (const auto& [n, kb] : byName)
         out.emplace_back(kb, n);
     std::sort(out.rbegin(), out.rend());

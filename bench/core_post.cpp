@@ -93,7 +93,7 @@ void BM_PostEventCrossThread(benchmark::State& state) {
         long target = counter.received + kBatch;
         std::thread producer([&counter] {
             for (int i = 0; i < kBatch; ++i)
-                VyApplication::postEvent(&counter, new VyEvent(VyEvent::Show));
+                VyApplication::postEvent(&counter, std::make_unique<VyEvent>(VyEvent::Show));
         });
         while (counter.received < target)
             app->processOneEvent();
@@ -122,7 +122,7 @@ void BM_PostEventSingleThread(benchmark::State& state) {
     for (auto _ : state) {
         long target = counter.received + batch;
         for (int i = 0; i < batch; ++i)
-            VyApplication::postEvent(&counter, new VyEvent(VyEvent::Show));
+            VyApplication::postEvent(&counter, std::make_unique<VyEvent>(VyEvent::Show));
         while (counter.received < target)
             app->processOneEvent();
     }

@@ -28,7 +28,7 @@ void BM_LabelCoverageCopyBaseline(benchmark::State& state) {
     std::vector<std::vector<uint8_t>> coverage;
     for (char32_t cp : kLabel)
         coverage.push_back(engine.glyph(cp, kPixelSize)->coverage);
-    std::vector<uint8_t> target(64 * 1024);
+    std::vector<uint8_t> target(size_t(64) * 1024);
     for (auto _ : state) {
         size_t at = 0;
         for (const auto& c : coverage) {

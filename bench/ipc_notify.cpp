@@ -9,9 +9,9 @@
 // reported beside it.
 #include "IpcBenchSim.h"
 #include "ipc/IpcClient.h"
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/events/CEvent.h"
 
 #include <benchmark/benchmark.h>
 
@@ -73,7 +73,7 @@ struct IpcSide {
         config.socketPath = g_ipcSim->path();
         config.joinableThreads = true;
         receiver.client = &client;
-        client.init(&receiver, config);
+        client.UI_IPC_ClientInit(&receiver, config);
     }
     ~IpcSide() { client.stop(); }
     double lastCpuSeconds = 0; // of this process (all its threads) during the last run

@@ -122,7 +122,7 @@ void BM_BlockingRequestVsBarePingPong(benchmark::State& state) {
     IpcClientConfig config;
     config.socketPath = ipcSim.path();
     config.joinableThreads = true;
-    client.init(nullptr, config);
+    client.UI_IPC_ClientInit(nullptr, config);
     auto ipcTrip = [&] {
         IpcMsgBlock reply = client.blockingRequest(600, 0, nullptr, 0, kGetBody, 12);
         benchmark::DoNotOptimize(reply.get());

@@ -60,7 +60,7 @@ void BM_FillNBaseline(benchmark::State& state) {
         std::fill_n(px.data(), px.size(), value);
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(state.iterations() * px.size() * 2);
+    state.SetBytesProcessed(state.iterations() * int64_t(px.size()) * 2);
 }
 
 void BM_OpaqueFill(benchmark::State& state) {
@@ -76,7 +76,7 @@ void BM_BlendReference(benchmark::State& state) {
     std::vector<uint16_t> px = startPixels();
     for (auto _ : state) {
         for (int y = 0; y < kHeight; ++y)
-            VyPixelOps::blendColorRowReference(px.data() + y * kWidth, kWidth, kHalfBlue);
+            VyPixelOps::blendColorRowReference(px.data() + size_t(y) * kWidth, kWidth, kHalfBlue);
         benchmark::ClobberMemory();
     }
     state.SetBytesProcessed(state.iterations() * kWidth * kHeight * 2);
@@ -88,7 +88,7 @@ void BM_BlendFast(benchmark::State& state) {
     VyFbCanvas check(reinterpret_cast<uint8_t*>(fast.data()), kWidth, kHeight, kWidth * 2);
     check.fillRect(VyRect(0, 0, kWidth, kHeight), kHalfBlue);
     for (int y = 0; y < kHeight; ++y)
-        VyPixelOps::blendColorRowReference(ref.data() + y * kWidth, kWidth, kHalfBlue);
+        VyPixelOps::blendColorRowReference(ref.data() + size_t(y) * kWidth, kWidth, kHalfBlue);
     checkSame(fast, ref, "alpha-128 blend");
 
     VyFbCanvas canvas(kWidth, kHeight);
@@ -104,8 +104,8 @@ void BM_ImageReference(benchmark::State& state) {
     std::vector<uint16_t> px = startPixels();
     for (auto _ : state) {
         for (int y = 0; y < kHeight; ++y)
-            VyPixelOps::blendRgbaRowReference(px.data() + y * kWidth,
-                                              image.constBits() + y * kWidth * 4, kWidth);
+            VyPixelOps::blendRgbaRowReference(px.data() + size_t(y) * kWidth,
+                                              image.constBits() + size_t(y) * kWidth * 4, kWidth);
         benchmark::ClobberMemory();
     }
     state.SetBytesProcessed(state.iterations() * kWidth * kHeight * 4);
@@ -118,8 +118,8 @@ void BM_ImageFast(benchmark::State& state) {
     VyFbCanvas check(reinterpret_cast<uint8_t*>(fast.data()), kWidth, kHeight, kWidth * 2);
     check.drawImage(0, 0, image);
     for (int y = 0; y < kHeight; ++y)
-        VyPixelOps::blendRgbaRowReference(ref.data() + y * kWidth,
-                                          image.constBits() + y * kWidth * 4, kWidth);
+        VyPixelOps::blendRgbaRowReference(ref.data() + size_t(y) * kWidth,
+                                          image.constBits() + size_t(y) * kWidth * 4, kWidth);
     checkSame(fast, ref, "image blend");
 
     std::vector<uint16_t> px = startPixels();

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <vector>
 
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
@@ -25,7 +25,7 @@ void BM_MemcpyBaseline(benchmark::State& state) {
         std::memcpy(to.data(), from.data(), kScreenBytes);
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(state.iterations() * kScreenBytes);
+    state.SetBytesProcessed(state.iterations() * int64_t(kScreenBytes));
 }
 
 void BM_FlushFullScreen(benchmark::State& state) {
@@ -41,7 +41,7 @@ void BM_FlushFullScreen(benchmark::State& state) {
         screen.flush();
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(state.iterations() * kScreenBytes);
+    state.SetBytesProcessed(state.iterations() * int64_t(kScreenBytes));
 }
 
 void BM_FlushThousandRects(benchmark::State& state) {

@@ -4,11 +4,11 @@
 #include "core_ratio_reporter.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/graphics/VyCanvas.h"
-#include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyPaintEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
 
 namespace {
 

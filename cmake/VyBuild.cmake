@@ -1,6 +1,7 @@
 # Warnings, sanitizers and the helpers that every module and test folder use.
 
-add_compile_options(-Wall -Wextra)
+add_compile_options(-Wall -Wextra -Wshadow -Wnon-virtual-dtor -Wsuggest-override
+                    -Wimplicit-fallthrough)
 # 64-bit time_t and file offsets where the C library offers them (glibc 2.34 and later on
 # 32-bit targets; nothing changes on 64-bit ones): a recorder runs past 2038.
 add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)

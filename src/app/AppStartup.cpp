@@ -12,6 +12,7 @@
 #include "model/ParamAccess.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
+#include "model/UiModels.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
@@ -62,7 +63,7 @@ private:
         auto* q = static_cast<SignalQuitter*>(self);
         int sig = 0;
         sigwait(&q->m_set, &sig);
-        VyApplication::postEvent(q, new CEvent(kQuitEventType, sig));
+        VyApplication::postEvent(q, std::make_unique<CEvent>(kQuitEventType, sig));
         return nullptr;
     }
     sigset_t m_set{};
@@ -87,7 +88,7 @@ int AppStartup::run(int argc, char** argv) {
 
     // 3. The link to App, with nobody to receive its events yet.
     IpcClient& ipc = IpcClient::instance();
-    ipc.init(nullptr);
+    ipc.UI_IPC_ClientInit(nullptr);
     static IpcRecorderLink link(ipc);
     RecorderLink::setInstance(&link);
 
@@ -124,11 +125,12 @@ int AppStartup::run(int argc, char** argv) {
     // 17. The application opens the display; it exits the process when it cannot.
     auto* app = new VyApplication(argc, argv);
 
-    // 18. The UiManager lives to the end of the process.
+    // 18. The UiManager and the models it creates live to the end of the process.
     static ScaledTimerSource timers;
     static WindowShell shell;
     shell.setTimeScale(timers.scale());
-    static UiManager* manager = new UiManager(&timers);
+    static UiModels* models = new UiModels;
+    static UiManager* manager = new UiManager(models, &timers);
     manager->setShell(&shell);
 
     // 19. The common style, at the screen's scale and again whenever the screen changes.

@@ -79,7 +79,7 @@ size_t utf8Prefix(const std::string& s, size_t maxBytes) {
 void storeNodes(const VyStringList& nodes, int count, uint8_t* dst, uint32_t nodeSize) {
     for (int i = 0; i < count; ++i) {
         const std::string& name = nodes.at(i).toStdString();
-        std::memcpy(dst + i * nodeSize, name.data(), utf8Prefix(name, nodeSize - 1));
+        std::memcpy(dst + size_t(i) * nodeSize, name.data(), utf8Prefix(name, nodeSize - 1));
     }
 }
 

@@ -46,7 +46,7 @@ CustomConfig::Outcome CustomConfigSender::configureDefaults(const VyString& path
     CustomConfig::patchDefaultParamSet(ini, params.data());
     const VyString warning = CustomConfig::deviceTypeWarning(ini);
     if (!warning.isEmpty())
-        std::printf("%s\n", warning.c_str());
+        vySystemLine("%s\n", warning.c_str());
     m_link.send(MainType::Param, ParamSubType::PatchedParams, params.data(),
                 DefaultParamSet::kSize);
     return outcome;

@@ -2,23 +2,24 @@
 
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
+#include "runtime/VyUniqueFd.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 bool ResourcesOverride::apply(const char* file) {
-    const int fd = ::open(file, O_RDONLY);
-    if (fd < 0)
+    VyUniqueFd fd(::open(file, O_RDONLY));
+    if (!fd.isValid())
         return false;
     char buffer[kMaxBytes];
-    const ssize_t n = ::read(fd, buffer, sizeof buffer);
+    const ssize_t n = ::read(fd.get(), buffer, sizeof buffer);
     if (n < 1) {
         // Left open as the device firmware leaves it; one descriptor for the whole run.
+        fd.release();
         return false;
     }
     s_overridden = true;
     VyResources::setRoot(VyString(buffer, int(n)));
-    ::close(fd);
     return true;
 }
 

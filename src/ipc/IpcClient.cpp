@@ -58,7 +58,7 @@ bool IpcClient::startThread(pthread_t* thread, void* (*fn)(void*)) {
     return true;
 }
 
-bool IpcClient::init(VyObject* receiver, const IpcClientConfig& config) {
+bool IpcClient::UI_IPC_ClientInit(VyObject* receiver, const IpcClientConfig& config) {
     if (m_started || m_stopRequested.load()) {
         // A stopped client stays stopped: its threads and state are not made to restart.
         VY_IPC_LOG("client already started or stopped\n");
@@ -128,12 +128,15 @@ void* IpcClient::receiveThreadMain(void* self) {
 
 void* IpcClient::dispatchThreadMain(void* self) {
     auto* client = static_cast<IpcClient*>(self);
-    for (;;) {
-        IpcMsgBlock block = client->m_list.UiMsgListConsumeNode();
-        if (!block)
-            return nullptr; // stopped
-        client->m_callback(std::move(block), client->m_callbackArg);
+    // The whole backlog at once: one lock per batch, and the events it makes are posted
+    // together after it.
+    std::vector<IpcMsgBlock> batch;
+    while (client->m_list.UiMsgListConsumeAll(&batch)) {
+        for (IpcMsgBlock& block : batch)
+            client->m_callback(std::move(block), client->m_callbackArg);
+        client->flushPosts();
     }
+    return nullptr; // stopped
 }
 
 int IpcClient::ConnectSer(const char* path) {
@@ -141,7 +144,7 @@ int IpcClient::ConnectSer(const char* path) {
     std::lock_guard<std::mutex> lock(m_sendMutex);
     int old = m_sock.load();
     if (old != -1) {
-        std::printf("-----------!!@@@0--------uiqt sock:%d\n", old);
+        vySystemLine("-----------!!@@@0--------uiqt sock:%d\n", old);
         ::close(old);
         m_sock.store(-1);
     }
@@ -188,8 +191,7 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
             }
             if (needConnect)
                 m_reader.reset();
-            IpcMsgBlock block;
-            IpcFrameReader::Result result = m_reader.read(m_sock.load(), &block);
+            IpcFrameReader::Result result = m_reader.readBatch(m_sock.load(), &m_batch);
             const IpcMsgHeader& h = m_reader.header();
             if (result == IpcFrameReader::Result::HeadError) {
                 if (m_stopRequested.load())
@@ -221,7 +223,7 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
                 needConnect = true;
                 continue;
             }
-            m_list.UiMsgListAddNode(std::move(block));
+            m_list.UiMsgListAddNodes(m_batch);
             needConnect = false;
         }
     }

@@ -12,13 +12,14 @@
 //
 // Use from the GUI thread:
 //     IpcClient& ipc = IpcClient::instance();
-//     ipc.init(nullptr);                       // start-up: no receiver yet
-//     ipc.send(1000, 0, hello, sizeof hello);  // waits until the socket is connected
-//     ipc.waitForStage(1);                     // App's stage notification (1000, 1)
-//     IpcMsgBlock info = ipc.blockingRequest(1000, 33, nullptr, 0, nullptr, 0);
-//     ipc.setEventReceiver(uiManager);         // from now on messages become events
-//     ipc.setWaiterMode(true);                 // requests wait in a nested event loop
-//     ipc.request(block, 600, 0, &getBody, sizeof getBody);
+//     ipc.UI_IPC_ClientInit(nullptr);             // start-up: no receiver yet
+//     ipc.send(MainType::System, SystemSubType::Hello, hello, sizeof hello); // waits for the
+//     socket ipc.waitForStage(1);                        // App's stage notification (1000, 1)
+//     IpcMsgBlock info =
+//         ipc.blockingRequest(MainType::System, SystemSubType::SystemInfo, nullptr, 0, nullptr, 0);
+//     ipc.setEventReceiver(uiManager);            // from now on messages become events
+//     ipc.setWaiterMode(true);                    // requests wait in a nested event loop
+//     ipc.request(block, MainType::Param, ParamSubType::Access, &getBody, sizeof getBody);
 //
 // The socket is "/dev/IPC_UI" unless the environment variable VY_IPC_SOCKET names another.
 #include "ipc/IpcFrameReader.h"
@@ -26,6 +27,7 @@
 #include "ipc/IpcMsgList.h"
 #include "protocol/IpcMsgHeader.h"
 #include "runtime/VyGlobal.h"
+#include "toolkit/core/VyPostedEvent.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -73,8 +75,8 @@ public:
     VY_DISABLE_COPY_MOVE(IpcClient)
 
     // Starts the receive and dispatch threads and returns at once. `receiver` may be null.
-    // False when a thread could not be started, or init or stop was already called.
-    bool init(VyObject* receiver, const IpcClientConfig& config = {});
+    // False when a thread could not be started, or the client was already started or stopped.
+    bool UI_IPC_ClientInit(VyObject* receiver, const IpcClientConfig& config = {});
 
     // Ends both threads and joins them (joinable clients only). Pending sends, stage waits
     // and blocking requests return; queued messages are freed.
@@ -144,6 +146,7 @@ private:
     void remotePointer(const IpcMsgBlock& block);
     void waiterDeliver(IpcMsgBlock block);
     void postToReceiver(VyObject* receiver, IpcMsgBlock block);
+    void flushPosts();
 
     // Requests (IpcClientRequest.cpp).
     IpcMsgBlock waitInNestedLoop(uint16_t mainType, uint16_t subType, const void* body,
@@ -176,8 +179,12 @@ private:
     std::condition_variable m_stateCond;
     bool m_receiveEnded = false; // guarded by m_stateMutex
 
-    IpcFrameReader m_reader; // receive thread only
+    IpcFrameReader m_reader;          // receive thread only
+    std::vector<IpcMsgBlock> m_batch; // receive thread only: the messages of one read
     IpcMsgList m_list;
+    // Dispatch thread only: events for the receiver, posted together at the end of a batch
+    // or before anything else leaves the dispatch thread, so that their order holds.
+    std::vector<VyPostedEvent> m_outbox;
 
     // Blocking-wait state, all guarded by m_waitMutex. Lock order: m_waitMutex before
     // m_waiterMutex before m_sendMutex.

@@ -22,6 +22,7 @@ int IpcClient::dispatch(IpcMsgBlock block) {
         return -1;
     IpcMsgHeader h = ipcBlockHeader(block.get());
     if (h.MainType == MainType::System && h.SubType == SystemSubType::RemotePointer) {
+        flushPosts();
         remotePointer(block);
         return 0;
     }
@@ -38,6 +39,7 @@ int IpcClient::dispatch(IpcMsgBlock block) {
             if (entry == m_replies.end())
                 m_replies.emplace_back(h.seqNumber, block.get());
             m_held.push_back(std::move(block));
+            flushPosts(); // what came before the reply is posted before the wait ends
             lock.unlock();
             m_waitCond.notify_all();
             return 0;
@@ -84,8 +86,11 @@ void IpcClient::waiterDeliver(IpcMsgBlock block) {
                 if (waiter->matches(h)) {
                     waiter->markMatched();
                     // The waiter lives until it is removed from the map under this mutex,
-                    // so posting to it here is safe.
-                    postToReceiver(waiter, std::move(block));
+                    // so posting to it here is safe; later it may not be.
+                    flushPosts();
+                    auto event = std::make_unique<CEvent>(UiEventType::IpcMessage);
+                    event->setData(VyEventData(block.release(), &std::free));
+                    VyApplication::postEvent(waiter, std::move(event));
                     return;
                 }
             }
@@ -95,7 +100,12 @@ void IpcClient::waiterDeliver(IpcMsgBlock block) {
 }
 
 void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block) {
-    auto* event = new CEvent(UiEventType::IpcMessage);
+    auto event = std::make_unique<CEvent>(UiEventType::IpcMessage);
     event->setData(VyEventData(block.release(), &std::free));
-    VyApplication::postEvent(receiver, event);
+    m_outbox.push_back(VyPostedEvent{receiver, std::move(event)});
+}
+
+void IpcClient::flushPosts() {
+    if (!m_outbox.empty())
+        VyApplication::postEvents(m_outbox);
 }

@@ -66,9 +66,9 @@ IpcMsgBlock IpcClient::blockingRequest(uint16_t mainType, uint16_t subType, void
         if (m_waitCond.wait_for(lock, interval) == std::cv_status::timeout) {
             // Sent while holding m_waitMutex; the send mutex nests inside it.
             uint32_t again = send(mainType, subType, body, dataLen);
-            std::printf("[GUI]: BlockWaiting data timeout(MainType:%d, SubType:%d, "
-                        "seqNumber:%d), request again, new seqNumber:%d .\n",
-                        int(mainType), int(subType), int(seq), int(again));
+            vySystemLine("[GUI]: BlockWaiting data timeout(MainType:%d, SubType:%d, "
+                         "seqNumber:%d), request again, new seqNumber:%d .\n",
+                         int(mainType), int(subType), int(seq), int(again));
             std::fflush(stdout);
             seq = again;
             afterResend = true;

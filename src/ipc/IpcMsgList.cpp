@@ -16,50 +16,38 @@ constexpr useconds_t kNoPairPollUs = 10000; // consumer poll period without a wa
 } // namespace
 
 IpcMsgList::IpcMsgList() {
-    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, m_wake) != 0) {
+    int pair[2] = {-1, -1};
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, pair) != 0) {
         std::perror("creat -pipfd error\n");
-        m_wake[0] = m_wake[1] = -1;
         return;
     }
+    m_wake[0].reset(pair[0]);
+    m_wake[1].reset(pair[1]);
     // A full pair means tokens are already waiting for the consumer, so a token more is
     // useless; blocking here would stall the receive thread while it holds the list lock.
-    int flags = ::fcntl(m_wake[0], F_GETFL);
-    ::fcntl(m_wake[0], F_SETFL, flags | O_NONBLOCK);
+    int flags = ::fcntl(m_wake[0].get(), F_GETFL);
+    ::fcntl(m_wake[0].get(), F_SETFL, flags | O_NONBLOCK);
 }
 
-IpcMsgList::~IpcMsgList() {
-    // Unlink iteratively: a recursive unique_ptr chain of a long backlog would overflow
-    // the stack.
-    std::unique_ptr<Node> next = std::move(m_head.next);
-    while (next)
-        next = std::move(next->next);
-    for (int fd : m_wake)
-        if (fd >= 0)
-            ::close(fd);
-}
+IpcMsgList::~IpcMsgList() = default;
 
 void IpcMsgList::wake() {
-    if (m_wake[0] < 0)
+    if (!m_wake[0].isValid())
         return; // already reported when the pair could not be made
-    ssize_t n = ::write(m_wake[0], kWakeToken, sizeof kWakeToken);
+    ssize_t n = ::write(m_wake[0].get(), kWakeToken, sizeof kWakeToken);
     if (n < 0 && errno != EAGAIN)
         std::perror("uiwirte error\n");
 }
 
 void IpcMsgList::UiMsgListAddNode(IpcMsgBlock block) {
     VY_ASSERT(block);
-    auto node = std::make_unique<Node>();
-    node->block = std::move(block);
-
     bool wasEmpty = false;
     int count = 0;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        wasEmpty = m_head.next == nullptr;
-        count = ++m_count;
-        Node* raw = node.get();
-        m_tail->next = std::move(node);
-        m_tail = raw;
+        wasEmpty = m_blocks.empty();
+        m_blocks.push_back(std::move(block));
+        count = int(m_blocks.size());
     }
     // The wake-up and the log line come after the unlock: the consumer must not wake
     // straight into a lock that is held across a system call. A consumer that emptied the
@@ -70,37 +58,77 @@ void IpcMsgList::UiMsgListAddNode(IpcMsgBlock block) {
         VY_IPC_LOG("-----msgnode -count = %d\n", count);
 }
 
+void IpcMsgList::UiMsgListAddNodes(std::vector<IpcMsgBlock>& blocks) {
+    if (blocks.empty())
+        return;
+    bool wasEmpty = false;
+    int count = 0;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        wasEmpty = m_blocks.empty();
+        for (IpcMsgBlock& block : blocks) {
+            VY_ASSERT(block);
+            m_blocks.push_back(std::move(block));
+        }
+        count = int(m_blocks.size());
+    }
+    blocks.clear();
+    if (wasEmpty)
+        wake();
+    if (count > kWarnNodeCount)
+        VY_IPC_LOG("-----msgnode -count = %d\n", count);
+}
+
+void IpcMsgList::sleepUntilWoken() {
+    if (!m_wake[1].isValid()) {
+        ::usleep(kNoPairPollUs);
+        return;
+    }
+    char token[sizeof kWakeToken];
+    ssize_t n = ::read(m_wake[1].get(), token, sizeof token);
+    if (n < 0 && errno != EINTR) {
+        std::perror("uiread error\n");
+        ::usleep(kNoPairPollUs);
+    }
+}
+
 IpcMsgBlock IpcMsgList::UiMsgListConsumeNode() {
     for (;;) {
         if (m_stopped.load(std::memory_order_acquire))
             return nullptr;
-        std::unique_ptr<Node> node;
+        IpcMsgBlock block;
         int count = 0;
         {
             std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_head.next) {
-                node = std::move(m_head.next);
-                m_head.next = std::move(node->next);
-                if (!m_head.next)
-                    m_tail = &m_head;
-                count = --m_count;
+            if (!m_blocks.empty()) {
+                block = std::move(m_blocks.front());
+                m_blocks.pop_front();
+                count = int(m_blocks.size());
             }
         }
-        if (node) {
+        if (block) {
             if (count > kWarnNodeCount)
                 VY_IPC_LOG("-----msgnode count = %d\n", count);
-            return std::move(node->block);
+            return block;
         }
-        if (m_wake[1] < 0) {
-            ::usleep(kNoPairPollUs);
-            continue;
+        sleepUntilWoken();
+    }
+}
+
+bool IpcMsgList::UiMsgListConsumeAll(std::vector<IpcMsgBlock>* out) {
+    out->clear();
+    for (;;) {
+        if (m_stopped.load(std::memory_order_acquire))
+            return false;
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            for (IpcMsgBlock& block : m_blocks)
+                out->push_back(std::move(block));
+            m_blocks.clear();
         }
-        char token[sizeof kWakeToken];
-        ssize_t n = ::read(m_wake[1], token, sizeof token);
-        if (n < 0 && errno != EINTR) {
-            std::perror("uiread error\n");
-            ::usleep(kNoPairPollUs);
-        }
+        if (!out->empty())
+            return true;
+        sleepUntilWoken();
     }
 }
 
@@ -111,5 +139,5 @@ void IpcMsgList::stop() {
 
 int IpcMsgList::count() const {
     std::lock_guard<std::mutex> lock(m_mutex);
-    return m_count;
+    return int(m_blocks.size());
 }

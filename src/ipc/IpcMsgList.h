@@ -5,10 +5,12 @@
 // transition, so a busy stream costs no syscalls beyond the reads themselves.
 #include "ipc/IpcMsgBlock.h"
 #include "runtime/VyGlobal.h"
+#include "runtime/VyUniqueFd.h"
 
 #include <atomic>
-#include <memory>
+#include <deque>
 #include <mutex>
+#include <vector>
 
 class IpcMsgList {
 public:
@@ -22,14 +24,22 @@ public:
 
     // False when the wake-up pair could not be made; the list still works, the consumer
     // then polls.
-    bool hasWakeupPair() const { return m_wake[0] >= 0; }
+    bool hasWakeupPair() const { return m_wake[0].isValid(); }
 
     // Receive thread: appends a block (never null).
     void UiMsgListAddNode(IpcMsgBlock block);
 
+    // Receive thread: appends every block of `blocks` (none null) under one lock, in order,
+    // and leaves `blocks` empty with its capacity. One backlog line per call at most.
+    void UiMsgListAddNodes(std::vector<IpcMsgBlock>& blocks);
+
     // Dispatch thread: takes the oldest block, sleeping while the list is empty. Returns
     // null only after stop().
     IpcMsgBlock UiMsgListConsumeNode();
+
+    // Dispatch thread: moves every queued block into `out` (emptied first), oldest first,
+    // sleeping while the list is empty. False only after stop().
+    bool UiMsgListConsumeAll(std::vector<IpcMsgBlock>* out);
 
     // Makes the consumer return null from now on and wakes it. Queued blocks stay owned by
     // the list and are freed with it.
@@ -38,19 +48,15 @@ public:
     int count() const;
 
 private:
-    struct Node {
-        IpcMsgBlock block;
-        std::unique_ptr<Node> next;
-    };
-
     void wake();
 
-    int m_wake[2] = {-1, -1}; // [0] written by the producer, [1] read by the consumer
+    VyUniqueFd m_wake[2]; // [0] written by the producer, [1] read by the consumer
 
-    mutable std::mutex m_mutex; // guards m_head, m_tail, m_count; taken alone
-    Node m_head;                // sentinel; m_head.next is the oldest node
-    Node* m_tail = &m_head;
-    int m_count = 0;
+    // Sleeps until the producer's next token (or a poll period without the pair).
+    void sleepUntilWoken();
+
+    mutable std::mutex m_mutex;       // guards m_blocks; taken alone
+    std::deque<IpcMsgBlock> m_blocks; // oldest first
 
     std::atomic<bool> m_stopped{false};
 };

@@ -1,7 +1,7 @@
 #include "ipc/IpcReplyWaiter.h"
 
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
+#include "toolkit/events/CEvent.h"
 
 void IpcReplyWaiter::customEvent(VyEvent* e) {
     auto* ce = static_cast<CEvent*>(e);

@@ -65,8 +65,12 @@ int WriteFrame(int sock, const uint8_t* header, const void* body, int bodySize, 
 
 int ReadData(int sock, void* buffer, int size, int unused) {
     (void)unused;
+    return ReadDataInto(sock, buffer, 0, size);
+}
+
+int ReadDataInto(int sock, void* buffer, int have, int size) {
     char* p = static_cast<char*>(buffer);
-    int s32ReadSize = 0;
+    int s32ReadSize = have;
     while (s32ReadSize < size) {
         ssize_t n = ::recv(sock, p + s32ReadSize, size_t(size - s32ReadSize), 0);
         if (n < 0) {
@@ -86,44 +90,4 @@ int ReadData(int sock, void* buffer, int size, int unused) {
         return -1;
     }
     return 0;
-}
-
-int ReadDataAhead(int sock, void* buffer, int size, void* ahead, int aheadSize) {
-    if (size < 1)
-        return 0; // nothing owed: waiting here for the next header would be a read of its own
-    char* p = static_cast<char*>(buffer);
-    char* extra = static_cast<char*>(ahead);
-    int s32ReadSize = 0;
-    int aheadRead = 0;
-    while (s32ReadSize < size) {
-        // Once the wanted bytes are in, a stream socket returns whatever else is queued
-        // instead of waiting; the second part only ever gets bytes that already arrived.
-        iovec parts[2] = {{p + s32ReadSize, size_t(size - s32ReadSize)},
-                          {extra, size_t(aheadSize > 0 ? aheadSize : 0)}};
-        msghdr msg{};
-        msg.msg_iov = parts;
-        msg.msg_iovlen = aheadSize > 0 ? 2 : 1;
-        ssize_t n = ::recvmsg(sock, &msg, 0);
-        if (n < 0) {
-            if (errno == EINTR)
-                continue;
-            VY_IPC_LOG("------!!!-%s\n", std::strerror(errno));
-            break;
-        }
-        if (n == 0) {
-            VY_IPC_LOG("!!!!------Connect rest by peer!\n");
-            break;
-        }
-        int wanted = size - s32ReadSize;
-        if (n > wanted) {
-            aheadRead = int(n) - wanted;
-            n = wanted;
-        }
-        s32ReadSize += int(n);
-    }
-    if (s32ReadSize != size) {
-        VY_IPC_LOG("ss32Size=%d,s32ReadSize = %d\n", size, s32ReadSize);
-        return -1;
-    }
-    return aheadRead;
 }

@@ -16,8 +16,6 @@ int WriteFrame(int sock, const uint8_t* header, const void* body, int bodySize, 
 // sake and has no effect.
 int ReadData(int sock, void* buffer, int size, int unused);
 
-// ReadData that also takes up to `aheadSize` bytes already waiting behind the `size` bytes
-// into `ahead`, in the same system call: a busy stream then costs one receive per message
-// (this body and the next header). It never waits for the extra bytes. Same retries and
-// log lines as ReadData. Returns how many bytes went to `ahead` (0..aheadSize), or -1.
-int ReadDataAhead(int sock, void* buffer, int size, void* ahead, int aheadSize);
+// ReadData for a buffer whose first `have` bytes are already there: receives the other
+// size - have bytes. The failure line counts the bytes already there as read.
+int ReadDataInto(int sock, void* buffer, int have, int size);

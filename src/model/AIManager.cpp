@@ -1,8 +1,17 @@
 #include "model/AIManager.h"
 
+#include "model/ModelInstance.h"
+
 AIManager* AIManager::instance() {
-    static AIManager* manager = new AIManager; // lives to process end
-    return manager;
+    return ModelInstance<AIManager>::get();
+}
+
+AIManager::AIManager() {
+    ModelInstance<AIManager>::set(this);
+}
+
+AIManager::~AIManager() {
+    ModelInstance<AIManager>::clear(this);
 }
 
 void AIManager::refresh() {

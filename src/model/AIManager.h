@@ -8,6 +8,10 @@
 class AIManager : public VyObject {
     VY_OBJECT(AIManager, VyObject)
 public:
+    AIManager();
+    ~AIManager() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static AIManager* instance();
 
     // Rereads the rule block (after App reports it changed).
@@ -19,7 +23,6 @@ public:
     VySignal changed;
 
 private:
-    AIManager() = default;
     CachedParamBlock m_rules{ParamBlock::AiRules.number, ParamBlock::AiRules.size};
     uint64_t m_analysedChannels = 0;
 };

@@ -1,10 +1,9 @@
 #include "model/AlarmInfoModel.h"
 
-#include "model/SystemInfo.h"
+#include "model/ModelInstance.h"
+#include "protocol/SystemInfoRecord.h"
 
 namespace {
-AlarmInfoModel* g_model = nullptr;
-
 bool setFlag(std::vector<uint8_t>& flags, int i, bool on) {
     if (i < 0 || i >= int(flags.size()) || (flags[size_t(i)] != 0) == on)
         return false;
@@ -14,18 +13,18 @@ bool setFlag(std::vector<uint8_t>& flags, int i, bool on) {
 } // namespace
 
 AlarmInfoModel* AlarmInfoModel::instance() {
-    if (g_model == nullptr)
-        g_model = new AlarmInfoModel; // lives to process end
-    return g_model;
+    return ModelInstance<AlarmInfoModel>::get();
 }
 
-AlarmInfoModel* AlarmInfoModel::existingInstance() {
-    return g_model;
+AlarmInfoModel::AlarmInfoModel(const SystemInfoRecord& info)
+    : m_inputs(info.alarmInputCount, 0)
+    , m_outputs(info.alarmOutputCount, 0) {
+    ModelInstance<AlarmInfoModel>::set(this);
 }
 
-AlarmInfoModel::AlarmInfoModel()
-    : m_inputs(SystemInfo::record().alarmInputCount, 0)
-    , m_outputs(SystemInfo::record().alarmOutputCount, 0) {}
+AlarmInfoModel::~AlarmInfoModel() {
+    ModelInstance<AlarmInfoModel>::clear(this);
+}
 
 bool AlarmInfoModel::inputActive(int input) const {
     return input >= 0 && input < inputCount() && m_inputs[size_t(input)] != 0;

@@ -6,12 +6,17 @@
 #include <cstdint>
 #include <vector>
 
+struct SystemInfoRecord;
+
 class AlarmInfoModel : public VyObject {
     VY_OBJECT(AlarmInfoModel, VyObject)
 public:
-    // Created only on devices that report alarm details; null until then.
+    explicit AlarmInfoModel(const SystemInfoRecord& info);
+    ~AlarmInfoModel() override;
+
+    // The live one, owned by the UiModels set; null when there is none, as on devices that
+    // do not report alarm details.
     static AlarmInfoModel* instance();
-    static AlarmInfoModel* existingInstance();
 
     int inputCount() const { return int(m_inputs.size()); }
     int outputCount() const { return int(m_outputs.size()); }
@@ -22,7 +27,6 @@ public:
     VySignal alarmsChanged;
 
 private:
-    AlarmInfoModel();
     std::vector<uint8_t> m_inputs;
     std::vector<uint8_t> m_outputs;
 };

@@ -1,18 +1,23 @@
 #include "model/CameraModel.h"
 
-#include "model/SystemInfo.h"
+#include "model/ModelInstance.h"
+
+#include "protocol/SystemInfoRecord.h"
 
 CameraModel* CameraModel::instance() {
-    static CameraModel* model = new CameraModel; // lives to process end
-    return model;
+    return ModelInstance<CameraModel>::get();
 }
 
-CameraModel::CameraModel() {
-    const SystemInfoRecord& info = SystemInfo::record();
+CameraModel::CameraModel(const SystemInfoRecord& info) {
+    ModelInstance<CameraModel>::set(this);
     m_channelCount = info.channelCount;
     m_analogChannelCount = info.analogChannelCount;
     m_ipChannelCount = info.ipChannelCount;
     m_hasCamera.assign(size_t(m_channelCount), 0);
+}
+
+CameraModel::~CameraModel() {
+    ModelInstance<CameraModel>::clear(this);
 }
 
 bool CameraModel::hasCamera(int channel) const {

@@ -6,9 +6,15 @@
 #include <cstdint>
 #include <vector>
 
+struct SystemInfoRecord;
+
 class CameraModel : public VyObject {
     VY_OBJECT(CameraModel, VyObject)
 public:
+    explicit CameraModel(const SystemInfoRecord& info);
+    ~CameraModel() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static CameraModel* instance();
 
     int channelCount() const { return m_channelCount; }
@@ -22,7 +28,6 @@ public:
     VySignal camerasChanged;
 
 private:
-    CameraModel();
     std::vector<uint8_t> m_hasCamera;
     int m_channelCount = 0;
     int m_analogChannelCount = 0;

@@ -1,5 +1,7 @@
 #include "model/DeviceParamModel.h"
 
+#include "model/ModelInstance.h"
+
 #include "protocol/ParamBlock.h"
 #include "runtime/VyLog.h"
 
@@ -39,17 +41,21 @@ const ParamBlockId* const kParts[DeviceParamModel::kPartCount] = {
 } // namespace
 
 DeviceParamModel* DeviceParamModel::instance() {
-    static DeviceParamModel* model = new DeviceParamModel; // lives to process end
-    return model;
+    return ModelInstance<DeviceParamModel>::get();
 }
 
 DeviceParamModel::DeviceParamModel() {
+    ModelInstance<DeviceParamModel>::set(this);
     m_parts.resize(kPartCount);
     for (int i = 0; i < kPartCount; ++i) {
         if (kParts[i] != nullptr)
             m_parts[size_t(i)] =
                 std::make_unique<CachedParamBlock>(kParts[i]->number, kParts[i]->size);
     }
+}
+
+DeviceParamModel::~DeviceParamModel() {
+    ModelInstance<DeviceParamModel>::clear(this);
 }
 
 int DeviceParamModel::blockOfPart(int part) {

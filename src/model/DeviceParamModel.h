@@ -13,6 +13,10 @@ class DeviceParamModel : public VyObject {
 public:
     static constexpr int kPartCount = 27;
 
+    DeviceParamModel();
+    ~DeviceParamModel() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static DeviceParamModel* instance();
 
     // The part's cached block, fetched now if it never was; null for an unknown part.
@@ -26,7 +30,6 @@ public:
     VySignal partChanged;
 
 private:
-    DeviceParamModel();
     std::vector<std::unique_ptr<CachedParamBlock>> m_parts;
     int m_lastChangedPart = -1;
 };

@@ -1,14 +1,21 @@
 #include "model/DiskManager.h"
 
-#include "model/SystemInfo.h"
+#include "model/ModelInstance.h"
+
+#include "protocol/SystemInfoRecord.h"
 
 DiskManager* DiskManager::instance() {
-    static DiskManager* manager = new DiskManager; // lives to process end
-    return manager;
+    return ModelInstance<DiskManager>::get();
 }
 
-DiskManager::DiskManager()
-    : m_states(SystemInfo::record().diskCount, Absent) {}
+DiskManager::DiskManager(const SystemInfoRecord& info)
+    : m_states(info.diskCount, Absent) {
+    ModelInstance<DiskManager>::set(this);
+}
+
+DiskManager::~DiskManager() {
+    ModelInstance<DiskManager>::clear(this);
+}
 
 DiskManager::DiskState DiskManager::state(int slot) const {
     return slot >= 0 && slot < slotCount() ? m_states[size_t(slot)] : Absent;

@@ -5,11 +5,17 @@
 #include <cstdint>
 #include <vector>
 
+struct SystemInfoRecord;
+
 class DiskManager : public VyObject {
     VY_OBJECT(DiskManager, VyObject)
 public:
     enum DiskState : uint8_t { Absent = 0, Unformatted = 1, Normal = 2, Faulty = 3 };
 
+    explicit DiskManager(const SystemInfoRecord& info);
+    ~DiskManager() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static DiskManager* instance();
 
     int slotCount() const { return int(m_states.size()); }
@@ -20,6 +26,5 @@ public:
     VySignal disksChanged;
 
 private:
-    DiskManager();
     std::vector<DiskState> m_states;
 };

@@ -1,8 +1,17 @@
 #include "model/FrontPanelModel.h"
 
+#include "model/ModelInstance.h"
+
 FrontPanelModel* FrontPanelModel::instance() {
-    static FrontPanelModel* model = new FrontPanelModel; // lives to process end
-    return model;
+    return ModelInstance<FrontPanelModel>::get();
+}
+
+FrontPanelModel::FrontPanelModel() {
+    ModelInstance<FrontPanelModel>::set(this);
+}
+
+FrontPanelModel::~FrontPanelModel() {
+    ModelInstance<FrontPanelModel>::clear(this);
 }
 
 void FrontPanelModel::setLedState(uint8_t state) {

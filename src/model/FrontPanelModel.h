@@ -7,6 +7,10 @@
 class FrontPanelModel : public VyObject {
     VY_OBJECT(FrontPanelModel, VyObject)
 public:
+    FrontPanelModel();
+    ~FrontPanelModel() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static FrontPanelModel* instance();
 
     uint8_t ledState() const { return m_ledState; }
@@ -15,7 +19,6 @@ public:
     VySignal ledStateChanged;
 
 private:
-    FrontPanelModel() = default;
     uint8_t m_ledState = 0;
     int m_changeCount = 0;
 };

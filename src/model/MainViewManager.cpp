@@ -1,4 +1,6 @@
 #include "model/MainViewManager.h"
+
+#include "model/ModelInstance.h"
 #include "protocol/UiEventType.h"
 
 #include "ipc/IpcMsgBlock.h"
@@ -8,8 +10,15 @@
 #include "toolkit/events/CEvent.h"
 
 MainViewManager* MainViewManager::instance() {
-    static MainViewManager* manager = new MainViewManager; // lives to process end
-    return manager;
+    return ModelInstance<MainViewManager>::get();
+}
+
+MainViewManager::MainViewManager() {
+    ModelInstance<MainViewManager>::set(this);
+}
+
+MainViewManager::~MainViewManager() {
+    ModelInstance<MainViewManager>::clear(this);
 }
 
 void MainViewManager::setShown(bool shown) {

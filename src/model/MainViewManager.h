@@ -12,6 +12,10 @@
 class MainViewManager : public VyObject {
     VY_OBJECT(MainViewManager, VyObject)
 public:
+    MainViewManager();
+    ~MainViewManager() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static MainViewManager* instance();
 
     bool isShown() const { return m_shown; }
@@ -42,7 +46,6 @@ protected:
     void customEvent(VyEvent* e) override;
 
 private:
-    MainViewManager() = default;
     CachedParamBlock m_settings{ParamBlock::MainViewSettings.number,
                                 ParamBlock::MainViewSettings.size};
     int m_layout = 0;

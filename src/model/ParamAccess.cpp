@@ -52,7 +52,7 @@ void ParamAccess::getParam(uint32_t blockNumber, void* buffer, uint32_t size, ui
 void ParamAccess::setParam(uint32_t blockNumber, const void* record, uint32_t size) {
     if (record == nullptr) {
         // The function name and line are those the device's log readers search for.
-        std::printf("\033[0;31m[%s %d]Parameter pointer error!\033[0;39m\n", "VySetParam", 684);
+        vySystemLine("\033[0;31m[%s %d]Parameter pointer error!\033[0;39m\n", "VySetParam", 684);
         return;
     }
     RecorderLink* l = link();

@@ -1,6 +1,13 @@
 #pragma once
 // Parameter access over the link to App: fetch a parameter block by number, write one back,
 // fetch the system information record, and the (100, 15) pair request.
+//
+// Every request here waits for App's answer. Once start-up has put the IPC client in waiter
+// mode, that wait runs the GUI's event loop (a nested loop) until the reply arrives: timers
+// fire, posted events are delivered, windows repaint, and objects whose deleteLater() is
+// pending are deleted, all inside the call. A caller must expect that the widget or window
+// that asked may be gone when the call returns; hold a VyPointer to it across the call and
+// check it afterwards, rather than touching `this` or a raw pointer blindly.
 #include <cstdint>
 #include <utility>
 

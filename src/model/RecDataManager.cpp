@@ -1,11 +1,21 @@
 #include "model/RecDataManager.h"
 
-#include "model/SystemInfo.h"
+#include "model/ModelInstance.h"
+
+#include "protocol/SystemInfoRecord.h"
 #include "runtime/VyLog.h"
 
 RecDataManager* RecDataManager::instance() {
-    static RecDataManager* manager = new RecDataManager; // lives to process end
-    return manager;
+    return ModelInstance<RecDataManager>::get();
+}
+
+RecDataManager::RecDataManager(const SystemInfoRecord& info)
+    : m_channelCount(info.channelCount) {
+    ModelInstance<RecDataManager>::set(this);
+}
+
+RecDataManager::~RecDataManager() {
+    ModelInstance<RecDataManager>::clear(this);
 }
 
 void RecDataManager::refresh() {
@@ -14,7 +24,7 @@ void RecDataManager::refresh() {
 }
 
 std::vector<uint8_t> RecDataManager::channelToBitArray(int channel) const {
-    const int channels = SystemInfo::record().channelCount;
+    const int channels = m_channelCount;
     if (channel < 0 || channel >= channels) {
         VY_GUI_LOG("chnIndex invalid:%d !!!\n", channel);
         return {};

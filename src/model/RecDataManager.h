@@ -7,9 +7,15 @@
 
 #include <vector>
 
+struct SystemInfoRecord;
+
 class RecDataManager : public VyObject {
     VY_OBJECT(RecDataManager, VyObject)
 public:
+    explicit RecDataManager(const SystemInfoRecord& info);
+    ~RecDataManager() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static RecDataManager* instance();
 
     // Rereads block 16 (App reported a change).
@@ -21,7 +27,7 @@ public:
     VySignal recordSettingsChanged;
 
 private:
-    RecDataManager() = default;
+    int m_channelCount;
     CachedParamBlock m_recordSettings{ParamBlock::RecordSchedule.number,
                                       ParamBlock::RecordSchedule.size};
 };

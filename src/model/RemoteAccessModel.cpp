@@ -1,24 +1,31 @@
 #include "model/RemoteAccessModel.h"
 
+#include "model/ModelInstance.h"
+
 #include "model/ParamAccess.h"
 #include "model/VyKeyManager.h"
 
 #include <cstring>
 
 RemoteAccessModel* RemoteAccessModel::instance() {
-    static RemoteAccessModel* model = new RemoteAccessModel; // lives to process end
-    return model;
+    return ModelInstance<RemoteAccessModel>::get();
 }
 
 RemoteAccessModel::RemoteAccessModel() {
     std::memset(&m_block, 0, sizeof m_block);
+    ModelInstance<RemoteAccessModel>::set(this);
+}
+
+RemoteAccessModel::~RemoteAccessModel() {
+    ModelInstance<RemoteAccessModel>::clear(this);
 }
 
 void RemoteAccessModel::load() {
     m_block = ParamAccess::get<DeviceParamBlock>();
     ++m_loadCount;
     // The key manager answers the remote control only when it addresses this device.
-    VyKeyManager::instance()->setDeviceId(m_block.deviceId);
+    if (m_keyManager != nullptr)
+        m_keyManager->setDeviceId(m_block.deviceId);
     emitSignal(this, &changed);
 }
 

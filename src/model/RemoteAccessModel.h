@@ -8,9 +8,15 @@
 #include <cstdint>
 #include <string>
 
+class VyKeyManager;
+
 class RemoteAccessModel : public VyObject {
     VY_OBJECT(RemoteAccessModel, VyObject)
 public:
+    RemoteAccessModel();
+    ~RemoteAccessModel() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static RemoteAccessModel* instance();
 
     bool pendingStart() const { return m_pendingStart != 0; }
@@ -23,12 +29,14 @@ public:
     bool remoteAccessEnabled() const { return m_block.remoteAccessEnabled != 0; }
     std::string remoteAddress() const { return m_block.remoteAddressText(); }
     int loadCount() const { return m_loadCount; }
+    // The key manager that learns the device's address on the remote bus at each load.
+    void setKeyManager(VyKeyManager* keyManager) { m_keyManager = keyManager; }
     VySignal changed;
 
 private:
-    RemoteAccessModel();
     void load();
     DeviceParamBlock m_block;
+    VyKeyManager* m_keyManager = nullptr; // a sibling in the same UiModels set
     int m_loadCount = 0;
     uint8_t m_pendingStart = 1;
 };

@@ -3,28 +3,23 @@
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
 
-#include "model/AIManager.h"
-#include "model/AlarmInfoModel.h"
 #include "model/CameraModel.h"
-#include "model/DeviceParamModel.h"
-#include "model/DiskManager.h"
-#include "model/FrontPanelModel.h"
-#include "model/MainViewManager.h"
 #include "model/ParamAccess.h"
-#include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
-#include "model/RemoteAccessModel.h"
 #include "model/SystemInfo.h"
+#include "model/UiModels.h"
 #include "model/UiTimerSource.h"
-#include "model/VyKeyManager.h"
 #include "protocol/DisplaySwitchBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
+#include "runtime/VyFontEngine.h"
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/VyTimerEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
@@ -35,6 +30,7 @@ UiManager* g_instance = nullptr;
 
 constexpr const char* kFontFile = "font/yahei_arial_gothic_unicode.ttf";
 constexpr int kFontFileSize = 5242880; // bytes the device reserves for the font file
+constexpr const char* kFallbackList = "font/fallback-fonts.txt";
 
 const char* const kResolutionNames[] = {"1080p", "720p", "1024p", "768p", "600p"};
 
@@ -52,8 +48,9 @@ constexpr int countOf(const T (&)[N]) {
 
 } // namespace
 
-UiManager::UiManager(UiTimerSource* timers, DateSource today)
-    : m_timers(timers)
+UiManager::UiManager(UiModels* models, UiTimerSource* timers, DateSource today)
+    : m_models(models)
+    , m_timers(timers)
     , m_today(today) {
     // 1. The single instance; the delayed start may run.
     VY_ASSERT(g_instance == nullptr);
@@ -66,9 +63,12 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 
     // 3. The one font file of the whole GUI.
     VyFontMetrics::setFontFile(VyResources::path(kFontFile), kFontFileSize);
+    // The scripts the device font lacks come from the fallback fonts listed beside it.
+    VyFontEngine::instance().loadFallbackList(VyResources::path(kFallbackList),
+                                              VyResources::path("font"));
 
-    // 4. Models and managers; their instance accessors fix the construction order.
-    createSingletons();
+    // 4. Models and managers, in their fixed order.
+    createModels();
 
     // 5. From here on App's messages arrive as events.
     if (RecorderLink* link = RecorderLink::instance())
@@ -85,11 +85,14 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
         link->send(MainType::System, SystemSubType::GuiPid, &pid, sizeof pid);
     }
 
-    // 8. Texts of the GUI's own messages.
+    // 8. Texts of the GUI's own messages; the first text request creates the translation,
+    // which reads the language from block 21.
+    VyTranslation::setSettingsStore(&m_languageStore);
+    m_translationInstalled = true;
     buildMessageTexts();
 
     // 9. The first screen waits until the network cameras have had time to connect.
-    m_delayedStartMs = delayedStartInterval(CameraModel::instance()->ipChannelCount());
+    m_delayedStartMs = delayedStartInterval(m_models->camera()->ipChannelCount());
     vyStartupLog("delayed start in %d ms\n", m_delayedStartMs);
     if (m_timers != nullptr)
         m_timers->singleShot(m_delayedStartMs, this, VY_SLOT(UiManager, delayedStart));
@@ -107,24 +110,20 @@ UiManager::UiManager(UiTimerSource* timers, DateSource today)
 UiManager::~UiManager() {
     if (g_instance == this)
         g_instance = nullptr;
+    // The translation reads its settings through this manager's store.
+    if (m_translationInstalled) {
+        VyTranslation::resetInstance();
+        VyTranslation::setSettingsStore(nullptr);
+    }
 }
 
 UiManager* UiManager::instance() {
     return g_instance;
 }
 
-void UiManager::createSingletons() {
-    AIManager::instance();
-    CameraModel::instance();
-    DiskManager::instance();
-    RecDataManager::instance();
-    DeviceParamModel::instance();
-    FrontPanelModel::instance();
-    RemoteAccessModel::instance();
-    if (SystemInfo::record().alarmInfoPresent != 0)
-        AlarmInfoModel::instance();
-    MainViewManager::instance();
-    VyKeyManager::instance();
+void UiManager::createModels() {
+    VY_ASSERT(m_models != nullptr);
+    m_models->create(SystemInfo::record());
     // Sees all input as an application filter, to restart its period.
     m_windowTimeout = new WndTimeoutManager(this);
     if (VyApplication* app = VyApplication::instance())
@@ -148,6 +147,10 @@ void UiManager::loadGeneralSettings() {
     m_showChannelName = b.showChannelName != 0;
     m_showRecordState = b.showRecordState != 0;
     m_menuTimeoutMinutes = b.menuTimeout;
+    // Only after start-up step 8 created the translation: the language follows block 21
+    // from then on.
+    if (m_translationInstalled)
+        VyTranslation::instance()->changeLanguage(int(b.languageIndex));
     if (m_windowTimeout != nullptr) {
         constexpr int kSecondsPerMinute = 60;
         m_windowTimeout->setTimeoutSeconds(m_menuTimeoutMinutes * kSecondsPerMinute);
@@ -167,12 +170,17 @@ void UiManager::setupOutput() {
 }
 
 void UiManager::buildMessageTexts() {
-    m_messageTexts.insert(MsgShutdown, VyString("NVR is shutting Down......"));
-    m_messageTexts.insert(MsgBusy, VyString("The device is busy, please wait......"));
+    m_messageTexts.insert(MsgShutdown, TextId::SystemNotice::ShuttingDown);
+    m_messageTexts.insert(MsgBusy, TextId::SystemNotice::DeviceBusy);
+    VyTranslation::instance();
+}
+
+uint32_t UiManager::messageTextId(MessageId id) const {
+    return m_messageTexts.value(id);
 }
 
 VyString UiManager::messageText(MessageId id) const {
-    return m_messageTexts.value(id);
+    return VyTranslation::tr(messageTextId(id));
 }
 
 VyString UiManager::dateFormatFor(int index) {

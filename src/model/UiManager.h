@@ -6,6 +6,7 @@
 //
 // It lives from start-up to process end and is never deleted. Everything here runs on the
 // GUI thread: App's messages reach it only as posted IPC events.
+#include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
 #include "runtime/VyString.h"
@@ -16,6 +17,7 @@
 
 class CEvent;
 class UiShell;
+class UiModels;
 class UiTimerSource;
 class WndTimeoutManager;
 struct IpcMsgHeader;
@@ -39,11 +41,11 @@ public:
     // Messages of the translated-text table.
     enum MessageId { MsgShutdown = 0, MsgBusy = 1, MsgCount };
 
-    // Runs construction steps 1-12 of the start-up's UiManager: singletons, event receiver
-    // (the caller installs it in the IPC client right after), general settings, pid message,
-    // delayed-start timer, per-channel table, date and tick timer. `timers` arms the delayed
-    // start; `today` reads the date for the day-change check.
-    UiManager(UiTimerSource* timers, DateSource today = &VyDate::currentDate);
+    // Runs construction steps 1-12 of the start-up's UiManager: the models (created into
+    // `models`, which the caller owns and keeps beyond the manager), event receiver, general
+    // settings, pid message, delayed-start timer, per-channel table, date and tick timer.
+    // `timers` arms the delayed start; `today` reads the date for the day-change check.
+    UiManager(UiModels* models, UiTimerSource* timers, DateSource today = &VyDate::currentDate);
     ~UiManager() override;
 
     static UiManager* instance();
@@ -70,10 +72,7 @@ public:
     void setReceiver(int uiEventType, VyObject* receiver);
     VyObject* receiver(int uiEventType) const;
     // SubType 13 (event 1032) goes to the first present of two receivers; this is the second.
-    void setSecondReceiver1032(VyObject* receiver) {
-        m_second1032 = receiver;
-        watch(receiver);
-    }
+    void setSecondReceiver1032(VyObject* receiver) { m_second1032.reset(receiver); }
     // MainType 300 goes to the first present of these two when it reports itself ready.
     void setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second);
     int droppedCount() const { return m_droppedCount; }
@@ -97,6 +96,7 @@ public:
     int outputResolution() const { return m_outputResolution; }
     // Minutes without input before menus close; 0 never.
     int menuTimeoutMinutes() const { return m_menuTimeoutMinutes; }
+    UiModels* models() const { return m_models; }
     // Closes menus and dialogs after the menu time-out; created with the models.
     WndTimeoutManager* windowTimeoutManager() const { return m_windowTimeout; }
     int menuTransparency() const { return m_menuTransparency; }
@@ -108,6 +108,8 @@ public:
     static VyString cursorImageName(int shape);
     // "cursor-image/<name>.png".
     static VyString cursorImagePath(int shape);
+    // The catalogue text ID of a message, and its text in the current language.
+    uint32_t messageTextId(MessageId id) const;
     VyString messageText(MessageId id) const;
 
     // Per channel integers (record state bits), sized by the system information's channel
@@ -121,7 +123,8 @@ public:
     // One tick of the 1000 ms timer: tick, then dateChanged when the day changed.
     void onTick();
 
-    // Loads block 21 into the display settings.
+    // Loads block 21 into the display settings; once the translation exists, a new
+    // language index in it switches the language.
     void loadGeneralSettings();
     // Rereads block 50.
     void loadDisplaySwitches();
@@ -141,9 +144,7 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
-    void watch(VyObject* receiver);
-    void receiverDestroyed(VyObject* receiver);
-    void createSingletons();
+    void createModels();
     void buildMessageTexts();
     void routeMessage(CEvent* e);
     void routeSubType(CEvent* e, const IpcMsgHeader& h, int uiEventType);
@@ -158,14 +159,18 @@ private:
 
     static constexpr int kSlotBase = 1000;
     static constexpr int kSlotCount = 128; // event types 1000..1127
-    VyObject* m_receivers[kSlotCount] = {};
-    VyObject* m_second1032 = nullptr;
-    PlaybackReceiver* m_playback[2] = {nullptr, nullptr};
+    // Windows register themselves and may die without clearing their slot: guarded.
+    VyPointer<VyObject> m_receivers[kSlotCount];
+    VyPointer<VyObject> m_second1032;
+    VyPointer<PlaybackReceiver> m_playback[2];
 
+    UiModels* m_models;
     UiTimerSource* m_timers;
     DateSource m_today;
     UiShell* m_shell = nullptr;
-    VyMap<int, VyString> m_messageTexts;
+    GeneralSettingsLanguageStore m_languageStore;
+    VyMap<int, uint32_t> m_messageTexts; // MessageId -> text ID
+    bool m_translationInstalled = false;
     VyMap<int, uint32_t> m_lastValues;
     std::vector<int> m_channelValues;
     VyDate m_date;

@@ -13,6 +13,7 @@
 #include "model/RecDataManager.h"
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
+#include "model/UiModels.h"
 #include "model/UiRouteTable.h"
 #include "model/UiShell.h"
 #include "protocol/TimeZoneNotice.h"
@@ -37,39 +38,17 @@ void UiManager::setReceiver(int uiEventType, VyObject* receiver) {
         vyFrameworkLog("UiManager: no receiver slot for event type %d !!!\n", uiEventType);
         return;
     }
-    m_receivers[slot] = receiver;
-    watch(receiver);
-}
-
-void UiManager::watch(VyObject* receiver) {
-    // A window that dies without clearing its slot must not be posted to afterwards.
-    if (receiver != nullptr)
-        connect(receiver, &receiver->destroyed, this, VY_SLOT(UiManager, receiverDestroyed));
-}
-
-void UiManager::receiverDestroyed(VyObject* receiver) {
-    for (VyObject*& slot : m_receivers) {
-        if (slot == receiver)
-            slot = nullptr;
-    }
-    if (m_second1032 == receiver)
-        m_second1032 = nullptr;
-    for (PlaybackReceiver*& p : m_playback) {
-        if (p == receiver)
-            p = nullptr;
-    }
+    m_receivers[slot].reset(receiver);
 }
 
 VyObject* UiManager::receiver(int uiEventType) const {
     const int slot = uiEventType - kSlotBase;
-    return slot >= 0 && slot < kSlotCount ? m_receivers[slot] : nullptr;
+    return slot >= 0 && slot < kSlotCount ? m_receivers[slot].data() : nullptr;
 }
 
 void UiManager::setPlaybackReceivers(PlaybackReceiver* first, PlaybackReceiver* second) {
-    m_playback[0] = first;
-    m_playback[1] = second;
-    watch(first);
-    watch(second);
+    m_playback[0].reset(first);
+    m_playback[1].reset(second);
 }
 
 void UiManager::customEvent(VyEvent* e) {
@@ -94,10 +73,10 @@ void UiManager::routeMessage(CEvent* e) {
         handleSelf(h);
         break;
     case UiRouteKind::MainView:
-        forward(e, MainViewManager::instance(), route.uiEventType);
+        forward(e, m_models->mainView(), route.uiEventType);
         break;
     case UiRouteKind::Playback: {
-        PlaybackReceiver* p = m_playback[0] != nullptr ? m_playback[0] : m_playback[1];
+        PlaybackReceiver* p = m_playback[0] ? m_playback[0].data() : m_playback[1].data();
         if (p != nullptr && p->readyForRecorderMessages())
             forward(e, p, route.uiEventType);
         else
@@ -116,7 +95,7 @@ void UiManager::routeMessage(CEvent* e) {
 void UiManager::routeSubType(CEvent* e, const IpcMsgHeader& h, int uiEventType) {
     VyObject* target = receiver(uiEventType);
     if (h.SubType == SystemSubType::TwoTargets && target == nullptr)
-        target = m_second1032;
+        target = m_second1032.data();
     forward(e, target, uiEventType, h.SubType == SystemSubType::Ntp ? int(h.msgValue) : 0);
 }
 
@@ -126,9 +105,9 @@ void UiManager::forward(CEvent* e, VyObject* target, int uiEventType, int param)
         return;
     }
     // The block now travels with the new event; the target's event frees it.
-    auto* next = new CEvent(uiEventType, param);
+    auto next = std::make_unique<CEvent>(uiEventType, param);
     next->setData(e->takeData());
-    VyApplication::postEvent(target, next);
+    VyApplication::postEvent(target, std::move(next));
 }
 
 void UiManager::reply(uint16_t subType) {
@@ -141,7 +120,7 @@ void UiManager::showMessage(MessageId id) {
         vyFrameworkLog("UiManager: no window layer to show \"%s\" !!!\n", messageText(id).c_str());
         return;
     }
-    m_shell->showMessage(messageText(id));
+    m_shell->showMessage(messageTextId(id));
 }
 
 void UiManager::handleSelf(const IpcMsgHeader& h) {
@@ -165,12 +144,12 @@ void UiManager::handleSelf(const IpcMsgHeader& h) {
         reply(SystemSubType::Ack201);
         break;
     case SystemSubType::LedState:
-        std::printf("LED state: %d ------------------\n", int(value));
-        FrontPanelModel::instance()->setLedState(uint8_t(value & 0xFF));
+        vySystemLine("LED state: %d ------------------\n", int(value));
+        m_models->frontPanel()->setLedState(uint8_t(value & 0xFF));
         break;
     case SystemSubType::NetworkStatus:
         m_networkStatus = value;
-        std::printf("UI:NET STATUS:%d\n", int(value));
+        vySystemLine("UI:NET STATUS:%d\n", int(value));
         emitSignal(this, &networkStatusChanged);
         emitSignal(this, &connectionStateChanged);
         break;
@@ -229,7 +208,7 @@ void UiManager::handleTimeZone(const IpcMsgHeader& h, const uint8_t* body) {
     m_timeZoneValue = ByteOrder::loadLe32(body + TimeZoneNotice::kValueOffset);
     setenv("TZ", reinterpret_cast<const char*>(body), 1);
     tzset();
-    std::printf("[GUI] Set TZ to %s\n", getenv("TZ"));
+    vySystemLine("[GUI] Set TZ to %s\n", getenv("TZ"));
 }
 
 void UiManager::reactToParameterChange(uint32_t blockNumber) {
@@ -238,27 +217,27 @@ void UiManager::reactToParameterChange(uint32_t blockNumber) {
     case ParamReactionKind::None:
         break;
     case ParamReactionKind::ReloadPart:
-        DeviceParamModel::instance()->reloadPart(r.part);
+        m_models->deviceParams()->reloadPart(r.part);
         break;
     case ParamReactionKind::Block6Changed:
         emitSignal(this, &block6Changed);
-        DeviceParamModel::instance()->reloadPart(r.part);
+        m_models->deviceParams()->reloadPart(r.part);
         break;
     case ParamReactionKind::OutputSettingsChanged:
         setupOutput();
-        MainViewManager::instance()->refresh();
+        m_models->mainView()->refresh();
         break;
     case ParamReactionKind::RefreshRecordModel:
-        RecDataManager::instance()->refresh();
+        m_models->recData()->refresh();
         break;
     case ParamReactionKind::ReloadGeneralSettings:
         loadGeneralSettings();
         break;
     case ParamReactionKind::RefreshPendingStart:
-        RemoteAccessModel::instance()->refresh();
+        m_models->remoteAccess()->refresh();
         break;
     case ParamReactionKind::RefreshMainViewSettings:
-        MainViewManager::instance()->refreshSettings();
+        m_models->mainView()->refreshSettings();
         break;
     case ParamReactionKind::RereadDisplaySwitches:
         loadDisplaySwitches();
@@ -267,7 +246,7 @@ void UiManager::reactToParameterChange(uint32_t blockNumber) {
         emitSignal(this, &block60Changed);
         break;
     case ParamReactionKind::RefreshAiModel:
-        AIManager::instance()->refresh();
+        m_models->ai()->refresh();
         break;
     }
 }

@@ -8,6 +8,7 @@
 #include "model/RecorderLink.h"
 #include "model/RemoteAccessModel.h"
 #include "model/SystemInfo.h"
+#include "model/UiModels.h"
 #include "model/UiShell.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
@@ -26,26 +27,28 @@ void UiManager::delayedStart() {
     else if (link != nullptr)
         link->send(MainType::System, SystemSubType::OutputCheckSkipped, nullptr, 0);
 
-    RemoteAccessModel* late = RemoteAccessModel::instance();
+    RemoteAccessModel* late = m_models->remoteAccess();
     if (late->pendingStart())
         late->start();
 
-    MainViewManager::instance()->setShown(true);
+    m_models->mainView()->setShown(true);
     if (m_shell != nullptr)
         m_shell->showMainView();
 
     // Read fresh: the wizard may have been switched off from the web page meanwhile.
     const GeneralSettingsBlock general = ParamAccess::get<GeneralSettingsBlock>();
-    if (!m_wizardSuppressed && general.wizardEnabled != 0) {
-        vyStartupLog("first screen: start-up wizard over the main view\n");
+    const bool wizard = !m_wizardSuppressed && general.wizardEnabled != 0;
+    if (wizard) {
         // Once per run: closing the wizard must not bring it back on a later start.
         m_wizardSuppressed = true;
         if (m_shell != nullptr)
             m_shell->openStartupWizard();
-    } else {
-        vyStartupLog("first screen: main view\n");
     }
     m_delayedStartDone = true;
+    // Printed when the first screen is up, so that whoever watches the log sees a GUI that
+    // is ready for input.
+    vyStartupLog(wizard ? "first screen: start-up wizard over the main view\n"
+                        : "first screen: main view\n");
 }
 
 void UiManager::checkOutputResolution() {

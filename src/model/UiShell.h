@@ -1,7 +1,7 @@
 #pragma once
 // What the UiManager asks of the window layer. The model layer cannot include windows, so
 // the ui layer installs an implementation at start-up; tests install a recording double.
-#include "runtime/VyString.h"
+#include <cstdint>
 
 struct OutputSettingsBlock;
 
@@ -9,9 +9,9 @@ class UiShell {
 public:
     virtual ~UiShell() = default;
 
-    // A modal message box with the text and an OK button; returns at once, the box stays
-    // until dismissed.
-    virtual void showMessage(const VyString& text) = 0;
+    // A modal message box with the catalogue text `textId` and an OK button; returns at
+    // once, the box stays until dismissed.
+    virtual void showMessage(uint32_t textId) = 0;
     virtual void showMainView() = 0;
     // The resolution confirmation dialog. The notice form tells the user a change was not
     // kept and returns at once (result 0); otherwise it runs modally and returns 1 when the

@@ -1,5 +1,7 @@
 #include "model/VyKeyManager.h"
 
+#include "model/ModelInstance.h"
+
 #include "protocol/SerialKeyboardBlock.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyTimer.h"
@@ -25,14 +27,14 @@ int digitOf(uint32_t key) {
 } // namespace
 
 VyKeyManager* VyKeyManager::instance() {
-    static VyKeyManager* manager = new VyKeyManager; // lives to process end
-    return manager;
+    return ModelInstance<VyKeyManager>::get();
 }
 
 VyKeyManager::VyKeyManager()
     : m_channelDigitTimer(new VyTimer(this))
     , m_secondKeyTimer(new VyTimer(this))
     , m_repeatTimer(new VyTimer(this)) {
+    ModelInstance<VyKeyManager>::set(this);
     m_channelDigitTimer->setSingleShot(true);
     m_channelDigitTimer->setInterval(kDigitTimeoutMs);
     m_secondKeyTimer->setSingleShot(true);
@@ -43,6 +45,10 @@ VyKeyManager::VyKeyManager()
             VY_SLOT(VyKeyManager, clearChannelDigits));
     connect(m_secondKeyTimer, &m_secondKeyTimer->timeout, this,
             VY_SLOT(VyKeyManager, clearSecondKeys));
+}
+
+VyKeyManager::~VyKeyManager() {
+    ModelInstance<VyKeyManager>::clear(this);
 }
 
 uint32_t VyKeyManager::serviceKeyToDeviceKey(uint32_t serviceCode) {

@@ -5,11 +5,11 @@
 // action) builds on this state.
 #include "runtime/VyList.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyWidget.h"
 
 #include <cstdint>
 
 class VyTimer;
-class VyWidget;
 struct SerialKeyboardBlock;
 
 // Line settings as the platform library takes them.
@@ -26,6 +26,10 @@ public:
     static constexpr int kDigitTimeoutMs = 500; // pending digits are dropped after this
     static constexpr int kRepeatWindowMs = 400; // presses closer than this count as repeats
 
+    VyKeyManager();
+    ~VyKeyManager() override;
+
+    // The live one, owned by the UiModels set; null when there is none.
     static VyKeyManager* instance();
 
     // Device key value for a key code App forwards (notification 186); 0 = ignored.
@@ -57,11 +61,11 @@ public:
     int serialMux() const { return m_serialMux; }
     void applySerialSettings(const SerialKeyboardBlock& block);
 
-    VyWidget* keyFocusWidget() const { return m_keyFocus; }
-    void setKeyFocusWidget(VyWidget* widget) { m_keyFocus = widget; }
+    // Null once the widget is gone, whether or not it could say so.
+    VyWidget* keyFocusWidget() const { return m_keyFocus.data(); }
+    void setKeyFocusWidget(VyWidget* widget) { m_keyFocus.reset(widget); }
 
 private:
-    VyKeyManager();
     void clearChannelDigits() { m_channelDigits.clear(); }
     void clearSecondKeys() { m_secondKeys.clear(); }
     void finishAddress();
@@ -72,19 +76,12 @@ private:
     VyTimer* m_channelDigitTimer;
     VyTimer* m_secondKeyTimer;
     VyTimer* m_repeatTimer;
-    // Key focus search rectangle, screen pixels.
-    int32_t m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
-    VyWidget* m_keyFocus = nullptr;
-    int32_t m_focusLeft = 0, m_focusTop = 0, m_searchX = 0, m_searchY = 0;
-    bool m_widgetCapturesArrows = false;
-    bool m_keyFocusShown = false;
+    VyPointer<VyWidget> m_keyFocus;
     uint32_t m_deviceId = 0;
     uint32_t m_remoteAddress = 0;
     bool m_addressEntry = false;
     int m_lampMode = 1;
     int m_hardwareClass = 1;
-    uint8_t m_blinkPhase[3] = {0, 0, 0};
-    bool m_blink = false;
     Key485SerConfig m_serialConfig;
     int m_serialMux = 1;
 };

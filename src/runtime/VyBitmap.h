@@ -14,9 +14,9 @@
 class VyBitmap {
 public:
     // Decoders refuse anything larger before allocating.
-    static constexpr int kMaxSide = 16384;                      // pixels per row or column
-    static constexpr int64_t kMaxPixels = 64LL * 1024 * 1024;   // pixels in total
-    static constexpr size_t kMaxFileBytes = 128u * 1024 * 1024; // bytes of an image file
+    static constexpr int kMaxSide = 16384;                             // pixels per row or column
+    static constexpr int64_t kMaxPixels = 64LL * 1024 * 1024;          // pixels in total
+    static constexpr size_t kMaxFileBytes = size_t(128) * 1024 * 1024; // bytes of an image file
 
     VyBitmap() = default;
     // Zero-filled (transparent black). A size that is not positive, or above the limits,

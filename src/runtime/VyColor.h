@@ -19,7 +19,8 @@ struct VyColor {
         , alpha(static_cast<uint8_t>(a))
         , valid(true) {}
     static constexpr VyColor fromArgb(vyargb c) {
-        return VyColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF, (c >> 24) & 0xFF);
+        return VyColor(int((c >> 16) & 0xFF), int((c >> 8) & 0xFF), int(c & 0xFF),
+                       int((c >> 24) & 0xFF));
     }
 
     constexpr bool isValid() const { return valid; }

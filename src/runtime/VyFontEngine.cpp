@@ -1,13 +1,18 @@
 #include "runtime/VyFontEngine.h"
 
 #include "runtime/VyLog.h"
+#include "runtime/VyTextShaper.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include <hb-ft.h>
+#include <hb.h>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <string>
 #include <sys/stat.h>
 
 namespace {
@@ -63,7 +68,13 @@ void VyFontEngine::FaceDeleter::operator()(FT_FaceRec_* face) const {
     FT_Done_Face(face);
 }
 
-VyFontEngine::VyFontEngine() {
+void VyFontEngine::HbFontDeleter::operator()(hb_font_t* font) const {
+    hb_font_destroy(font);
+}
+
+VyFontEngine::VyFontEngine()
+    : m_shaper(new VyTextShaper(*this)) {
+    m_faces.resize(1); // the device font's slot, empty until setFontFile
     FT_Library library = nullptr;
     const FT_Error error = FT_Init_FreeType(&library);
     if (error) {
@@ -73,8 +84,13 @@ VyFontEngine::VyFontEngine() {
     m_library.reset(library);
 }
 
-// Members go in reverse order: the cache, then the face, then the bytes it read from.
-VyFontEngine::~VyFontEngine() = default;
+// The shaper and the glyph cache go first, then the faces, then the bytes the device face
+// read from, then the library.
+VyFontEngine::~VyFontEngine() {
+    m_shaper.reset();
+    clearCache();
+    m_faces.clear();
+}
 
 VyFontEngine& VyFontEngine::instance() {
     static VyFontEngine engine;
@@ -83,11 +99,12 @@ VyFontEngine& VyFontEngine::instance() {
 
 void VyFontEngine::unloadFont() {
     clearCache();
+    m_shaper->clearCache();
     m_lineMetrics.clear();
-    m_face.reset();
+    m_faces[0] = Face();
+    m_face = nullptr;
     m_fontData.clear();
     m_fontData.shrink_to_fit();
-    m_facePixelSize = 0;
 }
 
 bool VyFontEngine::setFontFile(const VyString& path, int64_t reservedBytes) {
@@ -113,7 +130,9 @@ bool VyFontEngine::setFontFile(const VyString& path, int64_t reservedBytes) {
         m_fontData.clear();
         return false;
     }
-    m_face.reset(face);
+    m_faces[0].ft.reset(face);
+    m_faces[0].path = path;
+    m_face = face;
     if (!FT_IS_SCALABLE(face))
         vyFrameworkLog("Font file %s has bitmap strikes only; sizes it lacks will not render\n",
                        path.c_str());
@@ -123,26 +142,107 @@ bool VyFontEngine::setFontFile(const VyString& path, int64_t reservedBytes) {
     return true;
 }
 
-bool VyFontEngine::selectPixelSize(int pixelSize) {
-    if (!m_face || pixelSize <= 0 || pixelSize > kMaxPixelSize)
+void VyFontEngine::dropFallbacks() {
+    clearCache();
+    m_shaper->clearCache();
+    m_faces.resize(1);
+}
+
+int VyFontEngine::setFallbackFonts(const std::vector<VyString>& paths) {
+    dropFallbacks();
+    if (!m_library)
+        return 0;
+    for (const VyString& path : paths) {
+        if (static_cast<int>(m_faces.size()) >= kMaxFaces) {
+            vyFrameworkLog("Fallback font %s left out: %d fonts at most !!!\n", path.c_str(),
+                           kMaxFaces);
+            continue;
+        }
+        FT_Face face = nullptr;
+        // From the file: FreeType maps it and reads only the tables and glyphs it needs.
+        const FT_Error error = FT_New_Face(m_library.get(), path.c_str(), 0, &face);
+        if (error) {
+            vyFrameworkLog("Fallback font %s can not be used (error %d); the next one is !!!\n",
+                           path.c_str(), error);
+            continue;
+        }
+        Face slot;
+        slot.ft.reset(face);
+        slot.path = path;
+        m_faces.push_back(std::move(slot));
+        VY_DEBUG("font", "fallback %s: %s", path.c_str(),
+                 face->family_name ? face->family_name : "?");
+    }
+    return static_cast<int>(m_faces.size()) - 1;
+}
+
+int VyFontEngine::loadFallbackList(const VyString& listFile, const VyString& baseDir) {
+    std::ifstream in(listFile.c_str());
+    if (!in) {
+        vyFrameworkLog("Fallback font list %s can not be opened !!!\n", listFile.c_str());
+        return setFallbackFonts({});
+    }
+    std::vector<VyString> paths;
+    for (std::string line; std::getline(in, line);) {
+        line = line.substr(0, line.find('#'));
+        const size_t first = line.find_first_not_of(" \t\r");
+        if (first == std::string::npos)
+            continue;
+        line = line.substr(first, line.find_last_not_of(" \t\r") - first + 1);
+        if (line[0] == '/' || baseDir.isEmpty())
+            paths.emplace_back(line.c_str());
+        else
+            paths.push_back(baseDir + "/" + VyString(line.c_str()));
+    }
+    return setFallbackFonts(paths);
+}
+
+uint32_t VyFontEngine::glyphIndex(int face, char32_t codePoint) const {
+    if (face < 0 || face >= faceCount() || !m_faces[size_t(face)].ft)
+        return 0;
+    return FT_Get_Char_Index(m_faces[size_t(face)].ft.get(), codePoint);
+}
+
+bool VyFontEngine::selectPixelSize(int face, int pixelSize) {
+    if (face < 0 || face >= faceCount() || pixelSize <= 0 || pixelSize > kMaxPixelSize)
         return false;
-    if (pixelSize == m_facePixelSize)
+    Face& f = m_faces[size_t(face)];
+    if (!f.ft)
+        return false;
+    if (pixelSize == f.pixelSize)
         return true;
-    const FT_Error error = FT_Set_Pixel_Sizes(m_face.get(), 0, static_cast<FT_UInt>(pixelSize));
+    const FT_Error error = FT_Set_Pixel_Sizes(f.ft.get(), 0, static_cast<FT_UInt>(pixelSize));
     if (error) {
-        VY_DEBUG("font", "pixel size %d refused by the face (error %d)", pixelSize, error);
-        m_facePixelSize = 0;
+        VY_DEBUG("font", "pixel size %d refused by face %d (error %d)", pixelSize, face, error);
+        f.pixelSize = 0;
         return false;
     }
-    m_facePixelSize = pixelSize;
+    f.pixelSize = pixelSize;
+    f.hbSized = false;
     return true;
+}
+
+hb_font_t* VyFontEngine::shapingFont(int face, int pixelSize) {
+    if (!selectPixelSize(face, pixelSize))
+        return nullptr;
+    Face& f = m_faces[size_t(face)];
+    if (!f.hb) {
+        f.hb.reset(hb_ft_font_create_referenced(f.ft.get()));
+        // Hinted advances, as the glyphs are rendered hinted: pens land on whole pixels.
+        hb_ft_font_set_load_flags(f.hb.get(), FT_LOAD_DEFAULT);
+        f.hbSized = true;
+    } else if (!f.hbSized) {
+        hb_ft_font_changed(f.hb.get());
+        f.hbSized = true;
+    }
+    return f.hb.get();
 }
 
 VyFontEngine::LineMetrics VyFontEngine::lineMetrics(int pixelSize) {
     auto it = m_lineMetrics.find(pixelSize);
     if (it != m_lineMetrics.end())
         return it->second;
-    if (!selectPixelSize(pixelSize))
+    if (!selectPixelSize(0, pixelSize))
         return {};
     const FT_Size_Metrics& m = m_face->size->metrics;
     LineMetrics line;

@@ -1,6 +1,8 @@
 #pragma once
-// The process-wide FreeType engine: one font file, rendered at any pixel size, with a
-// byte-bounded LRU cache of the rendered glyphs.
+// The process-wide FreeType engine: the device font, read into memory, then a list of
+// fallback fonts mapped from their files (a script the device font lacks is drawn from the
+// first fallback that has it), rendered at any pixel size, with a byte-bounded LRU cache of
+// the rendered glyphs. Text is shaped into positioned glyphs by the shaper it owns.
 //
 // GUI thread only: FreeType faces are not thread-safe and the cache is unlocked. Other
 // threads measure or draw text by posting to the GUI thread.
@@ -17,15 +19,21 @@
 
 struct FT_LibraryRec_;
 struct FT_FaceRec_;
+struct hb_font_t;
+class VyTextShaper;
 
 class VyFontEngine {
 public:
     // What the device reserves in memory for the font file, in bytes.
     static constexpr int64_t kDeviceFontReserveBytes = 5242880;
     // Rendered glyph bytes the cache keeps before it evicts the least recently used.
-    static constexpr size_t kDefaultCacheBudgetBytes = 2 * 1024 * 1024;
+    static constexpr size_t kDefaultCacheBudgetBytes = size_t(2) * 1024 * 1024;
     // Larger requests are refused: a glyph bitmap grows with the square of the size.
     static constexpr int kMaxPixelSize = 512;
+    // The device font and at most this many fallbacks.
+    static constexpr int kMaxFaces = 32;
+    // The face index of a code point no font has: drawn as a box.
+    static constexpr int kNoFace = -1;
 
     VyFontEngine();
     ~VyFontEngine();
@@ -47,6 +55,25 @@ public:
     // font's missing-glyph box. The pointer stays valid until the next glyph() call
     // (which may evict it), clearCache() or setFontFile(): draw one glyph at a time.
     const VyGlyph* glyph(char32_t codePoint, int pixelSize);
+
+    // ---- Fallback fonts ----
+    // Replaces the fallback list by the fonts of `paths`, in order. Each is opened from its
+    // file (FreeType maps it; nothing is copied into memory); one that is missing or broken
+    // is logged and left out, the next one is used. Returns how many were taken.
+    int setFallbackFonts(const std::vector<VyString>& paths);
+    // Reads the fallback list: one font path a line, relative paths resolved against
+    // `baseDir`, '#' starts a comment. A missing list leaves no fallbacks (logged).
+    int loadFallbackList(const VyString& listFile, const VyString& baseDir);
+    // Faces usable for text: the device font (0), then the fallbacks.
+    int faceCount() const { return static_cast<int>(m_faces.size()); }
+    // The glyph index of `codePoint` in face `face`; 0 when the face lacks it.
+    uint32_t glyphIndex(int face, char32_t codePoint) const;
+    // The rendered glyph `glyphIndex` of face `face`, cached like glyph(); face kNoFace
+    // answers the missing-glyph box for that pixel size.
+    const VyGlyph* glyphByIndex(int face, uint32_t glyphIndex, int pixelSize);
+    // The HarfBuzz font of a face with its size set to pixelSize; null when unusable.
+    hb_font_t* shapingFont(int face, int pixelSize);
+    VyTextShaper& shaper() { return *m_shaper; }
 
     // Line metrics in whole pixels; descent is positive; height = ascent + descent.
     int ascent(int pixelSize);
@@ -78,20 +105,37 @@ private:
     struct FaceDeleter {
         void operator()(FT_FaceRec_* face) const;
     };
+    struct HbFontDeleter {
+        void operator()(hb_font_t* font) const;
+    };
 
-    bool selectPixelSize(int pixelSize);
-    bool render(char32_t codePoint, VyGlyph* out);
+    struct Face {
+        std::unique_ptr<FT_FaceRec_, FaceDeleter> ft;
+        // Created on first shaping; declared after ft so that it goes first.
+        std::unique_ptr<hb_font_t, HbFontDeleter> hb;
+        int pixelSize = 0;    // the size last set on the face, 0 = none
+        bool hbSized = false; // hb has seen the face's current size
+        VyString path;
+    };
+
+    bool selectPixelSize(int face, int pixelSize);
+    bool render(int face, uint32_t glyphIndex, VyGlyph* out);
+    void makeMissingBox(int pixelSize, VyGlyph* out);
+    const VyGlyph* cacheGlyph(uint64_t key, VyGlyph&& glyph);
+    void dropFallbacks();
     LineMetrics lineMetrics(int pixelSize);
     void evictFor(size_t incomingBytes);
     void unloadFont();
 
     std::unique_ptr<FT_LibraryRec_, LibraryDeleter> m_library;
-    // The face reads from m_fontData for its whole life; the face goes first.
+    // The device face reads from m_fontData for its whole life; the faces go first.
     std::vector<uint8_t> m_fontData;
-    std::unique_ptr<FT_FaceRec_, FaceDeleter> m_face;
+    // [0] the device font (null when none is loaded), then the fallbacks.
+    std::vector<Face> m_faces;
+    FT_FaceRec_* m_face = nullptr; // m_faces[0].ft, the device font
     VyString m_fontFile;
     int64_t m_reservedBytes = kDeviceFontReserveBytes;
-    int m_facePixelSize = 0; // the size last set on the face, 0 = none
+    std::unique_ptr<VyTextShaper> m_shaper;
 
     // Most recently used at the front. List nodes keep the glyph addresses stable.
     std::list<CacheEntry> m_lru;

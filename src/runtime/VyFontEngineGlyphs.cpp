@@ -15,8 +15,10 @@ namespace {
 // and the glyph record, in bytes (an estimate of the allocator's share).
 constexpr size_t kEntryOverheadBytes = 96;
 
-uint64_t cacheKey(char32_t codePoint, int pixelSize) {
-    return (static_cast<uint64_t>(static_cast<uint32_t>(pixelSize)) << 32) | codePoint;
+// Pixel size (10 bits suffice for 1..512), face slot + 1 (0 = the missing box) and glyph index.
+uint64_t cacheKey(int face, uint32_t glyphIndex, int pixelSize) {
+    return (static_cast<uint64_t>(static_cast<uint32_t>(pixelSize)) << 40) |
+           (static_cast<uint64_t>(static_cast<uint32_t>(face + 1) & 0xFF) << 32) | glyphIndex;
 }
 
 size_t entryCost(const VyGlyph& glyph) {
@@ -60,15 +62,15 @@ bool copyCoverage(const FT_Bitmap& bitmap, VyGlyph* out) {
 
 } // namespace
 
-bool VyFontEngine::render(char32_t codePoint, VyGlyph* out) {
-    FT_FaceRec_* face = m_face.get();
-    const FT_Error error = FT_Load_Char(face, codePoint, FT_LOAD_DEFAULT | FT_LOAD_RENDER);
+bool VyFontEngine::render(int face, uint32_t glyphIndex, VyGlyph* out) {
+    FT_FaceRec_* ft = m_faces[size_t(face)].ft.get();
+    const FT_Error error = FT_Load_Glyph(ft, glyphIndex, FT_LOAD_DEFAULT | FT_LOAD_RENDER);
     if (error) {
-        VY_DEBUG("font", "U+%04X at %d px does not load (error %d)",
-                 static_cast<unsigned>(codePoint), m_facePixelSize, error);
+        VY_DEBUG("font", "glyph %u of face %d at %d px does not load (error %d)", glyphIndex, face,
+                 m_faces[size_t(face)].pixelSize, error);
         return false;
     }
-    const FT_GlyphSlot slot = face->glyph;
+    const FT_GlyphSlot slot = ft->glyph;
     out->width = static_cast<int>(slot->bitmap.width);
     out->height = static_cast<int>(slot->bitmap.rows);
     out->left = slot->bitmap_left;
@@ -76,7 +78,7 @@ bool VyFontEngine::render(char32_t codePoint, VyGlyph* out) {
     out->advance = static_cast<int>((slot->advance.x + 32) >> 6);
     if (!copyCoverage(slot->bitmap, out)) {
         // Colour or LCD strikes: keep the advance so that text still lays out, draw no ink.
-        VY_DEBUG("font", "U+%04X: pixel mode %d is not drawn", static_cast<unsigned>(codePoint),
+        VY_DEBUG("font", "glyph %u: pixel mode %d is not drawn", glyphIndex,
                  slot->bitmap.pixel_mode);
         out->width = out->height = 0;
         out->coverage.clear();
@@ -85,31 +87,66 @@ bool VyFontEngine::render(char32_t codePoint, VyGlyph* out) {
     return true;
 }
 
-const VyGlyph* VyFontEngine::glyph(char32_t codePoint, int pixelSize) {
+// An outlined box, as tall as a capital and a little narrower than a square: what a code
+// point that no font has looks like, so that a missing text is seen rather than guessed.
+void VyFontEngine::makeMissingBox(int pixelSize, VyGlyph* out) {
+    const int ascent = std::max(1, lineMetrics(pixelSize).ascent);
+    const int w = std::max(3, pixelSize * 5 / 10);
+    const int h = std::max(3, ascent * 8 / 10);
+    const int line = std::max(1, pixelSize / 14);
+    out->width = w;
+    out->height = h;
+    out->left = std::max(1, pixelSize / 12);
+    out->top = h;
+    out->advance = w + 2 * out->left;
+    out->coverage.assign(static_cast<size_t>(w) * h, 0);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            if (x < line || y < line || x >= w - line || y >= h - line)
+                out->coverage[static_cast<size_t>(y) * w + x] = 255;
+}
+
+const VyGlyph* VyFontEngine::cacheGlyph(uint64_t key, VyGlyph&& glyph) {
+    const size_t cost = entryCost(glyph);
+    evictFor(cost);
+    m_lru.push_front(CacheEntry{key, std::move(glyph)});
+    m_index.emplace(key, m_lru.begin());
+    m_cacheBytes += cost;
+    return &m_lru.front().glyph;
+}
+
+const VyGlyph* VyFontEngine::glyphByIndex(int face, uint32_t glyphIndex, int pixelSize) {
     if (!m_face)
         return nullptr;
     if (pixelSize <= 0 || pixelSize > kMaxPixelSize) {
         VY_DEBUG("font", "pixel size %d out of range", pixelSize);
         return nullptr;
     }
-    const uint64_t key = cacheKey(codePoint, pixelSize);
+    if (face != kNoFace && (face < 0 || face >= faceCount()))
+        return nullptr;
+    const uint64_t key = cacheKey(face, glyphIndex, pixelSize);
     auto found = m_index.find(key);
     if (found != m_index.end()) {
         m_lru.splice(m_lru.begin(), m_lru, found->second);
         return &found->second->glyph;
     }
-
-    if (!selectPixelSize(pixelSize))
-        return nullptr;
     VyGlyph rendered;
-    if (!render(codePoint, &rendered))
+    if (face == kNoFace) {
+        makeMissingBox(pixelSize, &rendered);
+    } else {
+        if (!selectPixelSize(face, pixelSize))
+            return nullptr;
+        if (!render(face, glyphIndex, &rendered))
+            return nullptr;
+    }
+    return cacheGlyph(key, std::move(rendered));
+}
+
+const VyGlyph* VyFontEngine::glyph(char32_t codePoint, int pixelSize) {
+    if (!m_face)
         return nullptr;
-    const size_t cost = entryCost(rendered);
-    evictFor(cost);
-    m_lru.push_front(CacheEntry{key, std::move(rendered)});
-    m_index.emplace(key, m_lru.begin());
-    m_cacheBytes += cost;
-    return &m_lru.front().glyph;
+    // Index 0 is the font's own missing-glyph box.
+    return glyphByIndex(0, FT_Get_Char_Index(m_face, codePoint), pixelSize);
 }
 
 void VyFontEngine::evictFor(size_t incomingBytes) {

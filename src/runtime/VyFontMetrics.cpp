@@ -1,16 +1,11 @@
 #include "runtime/VyFontMetrics.h"
 
 #include "runtime/VyFontEngine.h"
-#include "runtime/VyGlyph.h"
+#include "runtime/VyTextShaper.h"
 
 namespace {
 
 constexpr const char* kEllipsis = "...";
-
-int advanceOf(VyFontEngine& engine, char32_t cp, int pixelSize) {
-    const VyGlyph* g = engine.glyph(cp, pixelSize);
-    return g ? g->advance : 0;
-}
 
 } // namespace
 
@@ -39,29 +34,27 @@ int VyFontMetrics::height() const {
 }
 
 int VyFontMetrics::horizontalAdvance(const VyString& text) const {
-    // Decoded exactly as the text drawing decodes it, so that measured and drawn widths agree
-    // on malformed bytes too.
-    int width = 0;
-    for (char32_t cp : text.toUcs4())
-        width += advanceOf(*m_engine, cp, m_font.pixelSize());
-    return width;
+    // Shaped exactly as the text drawing shapes it, so that measured and drawn widths agree.
+    return m_engine->shaper().shape(text, m_font.pixelSize()).width;
 }
 
 VyString VyFontMetrics::elidedText(const VyString& text, int maxWidth) const {
     if (horizontalAdvance(text) <= maxWidth)
         return text;
     const VyString ellipsis(kEllipsis);
-    const int room = maxWidth - horizontalAdvance(ellipsis);
-    if (room < 0)
+    if (horizontalAdvance(ellipsis) > maxWidth)
         return VyString();
-    int width = 0;
-    int kept = 0;
-    for (char32_t cp : text.toUcs4()) {
-        width += advanceOf(*m_engine, cp, m_font.pixelSize());
-        if (width > room)
-            break;
-        ++kept;
+    // The longest leading part that fits together with the dots, measured as drawn (kerning
+    // and joining included). Widths grow with the length, so halve.
+    int low = 0;
+    int high = text.length();
+    while (low < high) {
+        const int mid = (low + high + 1) / 2;
+        if (horizontalAdvance(text.left(mid) + ellipsis) <= maxWidth)
+            low = mid;
+        else
+            high = mid - 1;
     }
     // left() counts code points and keeps the original bytes of the kept part.
-    return text.left(kept) + ellipsis;
+    return text.left(low) + ellipsis;
 }

@@ -15,8 +15,11 @@ using vyreal = double;
 #define VY_ASSERT_X(cond, text)                                                                    \
     ((cond) ? static_cast<void>(0) : vyAssertFail(text, __FILE__, __LINE__))
 
+// A class name cannot stand in parentheses in a declaration.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define VY_DISABLE_COPY_MOVE(Class)                                                                \
     Class(const Class&) = delete;                                                                  \
     Class& operator=(const Class&) = delete;                                                       \
     Class(Class&&) = delete;                                                                       \
     Class& operator=(Class&&) = delete;
+// NOLINTEND(bugprone-macro-parentheses)

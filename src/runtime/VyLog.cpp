@@ -87,6 +87,13 @@ void vyGuiLog(const char* func, int line, const char* fmt, ...) {
     va_end(args);
 }
 
+void vySystemLine(const char* fmt, ...) {
+    va_list args;
+    va_start(args, fmt);
+    std::vprintf(fmt, args);
+    va_end(args);
+}
+
 void vyStartupLog(const char* fmt, ...) {
     va_list args;
     va_start(args, fmt);

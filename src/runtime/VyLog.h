@@ -17,6 +17,10 @@ void vyGuiLog(const char* func, int line, const char* fmt, ...)
     __attribute__((format(printf, 3, 4)));
 #define VY_GUI_LOG(...) vyGuiLog(__func__, __LINE__, __VA_ARGS__)
 
+// A line in the system's own words, exactly as given (no prefix of ours), on standard
+// output: the texts that field tools and test scripts already match character by character.
+void vySystemLine(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
+
 // "GUI: " start-up progress lines on standard output.
 void vyStartupLog(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 

@@ -271,7 +271,8 @@ void VyRegion::combineRectLocally(int x0, int y0, int x1, int y1, Op op) {
         m_bands[first + i] = b;
     }
     if (xsDelta != 0) {
-        for (size_t i = static_cast<size_t>(first + newCount); i < m_bands.size(); ++i) {
+        for (size_t i = static_cast<size_t>(first) + static_cast<size_t>(newCount);
+             i < m_bands.size(); ++i) {
             m_bands[i].begin += xsDelta;
             m_bands[i].end += xsDelta;
         }

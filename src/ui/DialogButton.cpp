@@ -1,8 +1,9 @@
 #include "ui/DialogButton.h"
 
-#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "ui/UiLook.h"
 
 namespace {
@@ -10,10 +11,16 @@ constexpr uint8_t kLeftButton = 1;
 constexpr int kKeyOk = 0x1000002; // toolkit key code of OK / Enter
 } // namespace
 
-DialogButton::DialogButton(const VyString& text, VyWidget* parent)
+DialogButton::DialogButton(uint32_t textId, VyWidget* parent)
     : VyWidget(parent)
-    , m_text(text) {
+    , m_textId(textId)
+    , m_text(VyTranslation::tr(textId)) {
     setFocusPolicy(StrongFocus);
+}
+
+void DialogButton::retranslate() {
+    m_text = VyTranslation::tr(m_textId);
+    update();
 }
 
 void DialogButton::paintEvent(VyPaintEvent*) {

@@ -3,12 +3,18 @@
 // release inside it or on the OK key while it has the focus.
 #include "toolkit/core/VyWidget.h"
 
+#include <cstdint>
+
 class DialogButton : public VyWidget {
     VY_OBJECT(DialogButton, VyWidget)
 public:
-    DialogButton(const VyString& text, VyWidget* parent);
+    // Labelled with the catalogue text `textId`.
+    DialogButton(uint32_t textId, VyWidget* parent);
 
     const VyString& text() const { return m_text; }
+    uint32_t textId() const { return m_textId; }
+    // Fetches the label again in the current language and repaints.
+    void retranslate();
     VySignal clicked;
 
 protected:
@@ -18,6 +24,7 @@ protected:
     void keyPressEvent(VyKeyEvent* e) override;
 
 private:
+    uint32_t m_textId;
     VyString m_text;
     bool m_pressed = false;
 };

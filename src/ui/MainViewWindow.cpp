@@ -1,9 +1,9 @@
 #include "ui/MainViewWindow.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/graphics/VyCanvas.h"
-#include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyPaintEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "ui/UiLook.h"
 
 MainViewWindow::MainViewWindow()

@@ -6,10 +6,11 @@
 class MessageBox : public StartupDialog {
     VY_OBJECT(MessageBox, StartupDialog)
 public:
-    explicit MessageBox(const VyString& text);
+    // The message is the catalogue text `textId`.
+    explicit MessageBox(uint32_t textId);
 
     // Shows a new box; it deletes itself after OK.
-    static MessageBox* information(const VyString& text);
+    static MessageBox* information(uint32_t textId);
 
 private:
     void dismissed();

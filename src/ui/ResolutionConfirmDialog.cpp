@@ -1,6 +1,8 @@
 #include "ui/ResolutionConfirmDialog.h"
 
 #include "toolkit/core/VyTimer.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 
 namespace {
 constexpr int kDesignWidth = 620; // pixels at 1920x1080
@@ -8,27 +10,30 @@ constexpr int kDesignHeight = 260;
 } // namespace
 
 ResolutionConfirmDialog::ResolutionConfirmDialog(const VyString& resolutionName, bool noticeOnly)
-    : StartupDialog(VyString("Output Resolution"), VyString())
+    : StartupDialog(TextId::Resolution::Title, 0)
     , m_resolution(resolutionName)
     , m_noticeOnly(noticeOnly) {
+    setText(composedText());
     if (noticeOnly) {
-        setText(
-            VyString("The new output resolution was not kept; %1 is in use.").arg(resolutionName));
-        addButton(VyString("OK"), kRevert);
+        addButton(TextId::Common::Ok, kRevert);
     } else {
-        setText(questionText());
-        addButton(VyString("Keep"), kKeep);
-        addButton(VyString("Revert"), kRevert);
+        addButton(TextId::Common::Keep, kKeep);
+        addButton(TextId::Common::Revert, kRevert);
         m_timer = new VyTimer(this);
         connect(m_timer, &m_timer->timeout, this, VY_SLOT(ResolutionConfirmDialog, countDown));
     }
     place(kDesignWidth, kDesignHeight);
 }
 
-VyString ResolutionConfirmDialog::questionText() const {
-    return VyString("Keep the output resolution %1? It is reverted in %2 s.")
-        .arg(m_resolution)
-        .arg(m_secondsLeft);
+VyString ResolutionConfirmDialog::composedText() const {
+    if (m_noticeOnly)
+        return VyTranslation::tr(TextId::Resolution::NotKept).arg(m_resolution);
+    return VyTranslation::tr(TextId::Resolution::KeepQuestion).arg(m_resolution).arg(m_secondsLeft);
+}
+
+void ResolutionConfirmDialog::retranslate() {
+    StartupDialog::retranslate();
+    setText(composedText());
 }
 
 int ResolutionConfirmDialog::run() {
@@ -45,5 +50,5 @@ void ResolutionConfirmDialog::countDown() {
         done(kRevert);
         return;
     }
-    setText(questionText());
+    setText(composedText());
 }

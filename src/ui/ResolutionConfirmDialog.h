@@ -22,13 +22,17 @@ public:
     // exec() with the countdown running.
     int run();
 
+protected:
+    void retranslate() override;
+
 private:
     void countDown();
-    VyString questionText() const;
+    // The notice or the countdown question, in the current language.
+    VyString composedText() const;
 
     VyString m_resolution;
     VyTimer* m_timer = nullptr;
+    bool m_noticeOnly;
     int m_secondMs = 1000;
     int m_secondsLeft = kCountdownSeconds;
-    bool m_noticeOnly;
 };

@@ -2,8 +2,9 @@
 
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "ui/DialogButton.h"
 #include "ui/UiLook.h"
 
@@ -16,17 +17,35 @@ constexpr int kButtonGap = 20;
 constexpr int kMargin = 24;
 } // namespace
 
-StartupDialog::StartupDialog(const VyString& title, const VyString& text)
+StartupDialog::StartupDialog(uint32_t titleId, uint32_t textId)
     : VyWidget(nullptr, Dialog)
-    , m_title(title)
-    , m_text(text) {
+    , m_titleId(titleId)
+    , m_textId(textId) {
     setAttribute(Modal);
+    VyTranslation* t = VyTranslation::instance();
+    connect(t, &t->languageChanged, this, VY_SLOT(StartupDialog, languageChanged));
+    m_title = VyTranslation::tr(m_titleId);
+    if (m_textId != 0)
+        m_text = VyTranslation::tr(m_textId);
+}
+
+void StartupDialog::retranslate() {
+    m_title = VyTranslation::tr(m_titleId);
+    if (m_textId != 0)
+        m_text = VyTranslation::tr(m_textId);
+    for (DialogButton* b : m_buttons)
+        b->retranslate();
+}
+
+void StartupDialog::languageChanged() {
+    retranslate();
+    update();
 }
 
 StartupDialog::~StartupDialog() = default;
 
-DialogButton* StartupDialog::addButton(const VyString& text, int result) {
-    auto* b = new DialogButton(text, this);
+DialogButton* StartupDialog::addButton(uint32_t textId, int result) {
+    auto* b = new DialogButton(textId, this);
     b->show(); // children start hidden
     m_buttons.push_back(b);
     m_results.push_back(result);

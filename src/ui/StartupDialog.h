@@ -3,8 +3,12 @@
 // bar, one paragraph of text and a row of buttons. show() leaves it open on top of
 // everything (input to the windows below is blocked); exec() also waits, in a nested event
 // loop, until a button ends it, and answers that button's result.
+//
+// Title, text and buttons are catalogue texts kept by text ID: when the language changes the
+// dialog fetches them again (retranslate) and repaints, without being reopened.
 #include "toolkit/core/VyWidget.h"
 
+#include <cstdint>
 #include <vector>
 
 class DialogButton;
@@ -13,11 +17,14 @@ class EventLoop;
 class StartupDialog : public VyWidget {
     VY_OBJECT(StartupDialog, VyWidget)
 public:
-    StartupDialog(const VyString& title, const VyString& text);
+    // A text ID of 0 leaves the text empty (a dialog that composes its text sets it in
+    // retranslate()).
+    StartupDialog(uint32_t titleId, uint32_t textId);
     ~StartupDialog() override;
 
-    // Adds a button that ends the dialog with `result`.
-    DialogButton* addButton(const VyString& text, int result);
+    // Adds a button labelled with the catalogue text `textId` that ends the dialog with
+    // `result`.
+    DialogButton* addButton(uint32_t textId, int result);
     // Centres the dialog on the screen with the design size (pixels at 1920x1080).
     void place(int designWidth, int designHeight);
 
@@ -35,14 +42,21 @@ public:
     VySignal finished;
 
 protected:
+    // Fetches the title, the text and the button labels in the current language; dialogs
+    // with composed texts extend it. Runs at construction and on every language change.
+    virtual void retranslate();
+
     void paintEvent(VyPaintEvent* e) override;
     void resizeEvent(VyResizeEvent* e) override;
     void showEvent(VyShowEvent* e) override;
 
 private:
     void buttonClicked(VyObject* sender);
+    void languageChanged();
     void layoutButtons();
 
+    uint32_t m_titleId;
+    uint32_t m_textId;
     VyString m_title;
     VyString m_text;
     std::vector<DialogButton*> m_buttons; // children

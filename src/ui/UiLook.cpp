@@ -1,9 +1,9 @@
 #include "ui/UiLook.h"
 
+#include "runtime/VyIniSettings.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
-#include "runtime/VyIniSettings.h"
 #include "toolkit/style/VyPushButtonOption.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleSlot.h"
@@ -63,11 +63,11 @@ int UiLook::fontPixelSize() const {
 }
 
 int UiLook::scaledX(int designPixels) {
-    const int v = int(designPixels * scaleOf(true));
+    const int v = int(float(designPixels) * scaleOf(true));
     return v < 1 ? 1 : v;
 }
 
 int UiLook::scaledY(int designPixels) {
-    const int v = int(designPixels * scaleOf(false));
+    const int v = int(float(designPixels) * scaleOf(false));
     return v < 1 ? 1 : v;
 }

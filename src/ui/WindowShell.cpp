@@ -3,6 +3,7 @@
 #include "model/UiManager.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "ui/MainViewWindow.h"
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
@@ -15,51 +16,41 @@ namespace {
 constexpr int kSecondMs = 1000; // one countdown step on the device
 } // namespace
 
-// The self-deleting dialogs still open: they forget themselves when they go, and whatever
-// is left at the end is deleted with the shell's windows.
-class OpenWindows : public VyObject {
-    VY_OBJECT(OpenWindows, VyObject)
-public:
-    void add(VyWidget* w) {
-        m_windows.push_back(w);
-        connect(w, &w->destroyed, this, VY_SLOT(OpenWindows, forget));
-    }
-    void deleteAll() {
-        while (!m_windows.empty())
-            delete m_windows.back(); // forget() pops it
-    }
-    int count() const { return int(m_windows.size()); }
-
-private:
-    void forget(VyObject* w) {
-        m_windows.erase(std::remove(m_windows.begin(), m_windows.end(), w), m_windows.end());
-    }
-    std::vector<VyWidget*> m_windows; // not owned while open: each deletes itself
-};
-
-WindowShell::WindowShell()
-    : m_open(std::make_unique<OpenWindows>()) {}
+WindowShell::WindowShell() = default;
 
 WindowShell::~WindowShell() {
     closeAll();
 }
 
+void WindowShell::forgetClosed() {
+    m_open.erase(std::remove_if(m_open.begin(), m_open.end(),
+                                [](const VyPointer<VyWidget>& w) { return w.isNull(); }),
+                 m_open.end());
+}
+
 void WindowShell::keep(VyWidget* dialog) {
-    m_open->add(dialog);
+    forgetClosed();
+    m_open.emplace_back(dialog);
 }
 
 int WindowShell::openDialogCount() const {
-    return m_open->count();
+    return int(std::count_if(m_open.begin(), m_open.end(),
+                             [](const VyPointer<VyWidget>& w) { return !w.isNull(); }));
 }
 
 void WindowShell::closeAll() {
-    m_open->deleteAll();
+    // Newest first. Deleting one window may delete others (its children, or dialogs it
+    // owns): each guard is read only when its turn comes.
+    for (auto w = m_open.rbegin(); w != m_open.rend(); ++w)
+        delete w->data();
+    m_open.clear();
     m_mainView.reset();
 }
 
-void WindowShell::showMessage(const VyString& text) {
-    VY_GUI_LOG("message box: %s\n", text.c_str());
-    keep(MessageBox::information(text));
+void WindowShell::showMessage(uint32_t textId) {
+    keep(MessageBox::information(textId));
+    // Printed once the box is up: a watcher of the log may act on what it announces.
+    VY_GUI_LOG("message box: %s\n", VyTranslation::tr(textId).c_str());
 }
 
 void WindowShell::showMainView() {
@@ -72,11 +63,11 @@ void WindowShell::showMainView() {
 int WindowShell::confirmResolution(bool noticeOnly, int resolution) {
     const VyString name = UiManager::outputResolutionName(resolution);
     if (noticeOnly) {
-        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
         auto* notice = new ResolutionConfirmDialog(name, true);
         VyObject::connect(notice, &notice->finished, notice, VY_SLOT(VyObject, deleteLater));
         notice->show();
         keep(notice);
+        VY_GUI_LOG("resolution %s was not kept\n", name.c_str());
         return 0;
     }
     VY_GUI_LOG("resolution %s needs confirming\n", name.c_str());

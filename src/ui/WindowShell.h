@@ -4,10 +4,12 @@
 // trace a field engineer reads.
 #include "model/UiShell.h"
 
+#include "toolkit/core/VyPointer.h"
+
 #include <memory>
+#include <vector>
 
 class MainViewWindow;
-class OpenWindows;
 class VyWidget;
 
 class WindowShell : public UiShell {
@@ -15,7 +17,7 @@ public:
     WindowShell();
     ~WindowShell() override;
 
-    void showMessage(const VyString& text) override;
+    void showMessage(uint32_t textId) override;
     void showMainView() override;
     int confirmResolution(bool noticeOnly, int resolution) override;
     void applyOutputMode(const OutputSettingsBlock& block, bool restorePrevious) override;
@@ -32,8 +34,11 @@ public:
 
 private:
     void keep(VyWidget* dialog);
+    void forgetClosed();
 
     std::unique_ptr<MainViewWindow> m_mainView; // top-level: no parent owns it
-    std::unique_ptr<OpenWindows> m_open;
+    // The self-deleting dialogs still open: not owned while open, since each deletes
+    // itself when dismissed; whatever is left at the end goes with the shell's windows.
+    std::vector<VyPointer<VyWidget>> m_open;
     double m_timeScale = 1.0;
 };

@@ -1,14 +1,15 @@
 #include "ui/WizardWindow.h"
 
+#include "toolkit/i18n/TextId.h"
+
 namespace {
 constexpr int kDesignWidth = 1000; // pixels at 1920x1080
 constexpr int kDesignHeight = 640;
 } // namespace
 
 WizardWindow::WizardWindow()
-    : StartupDialog(VyString("Start-up Wizard"),
-                    VyString("Welcome. The wizard guides you through the first settings.")) {
-    addButton(VyString("Close"), 0);
+    : StartupDialog(TextId::Wizard::Title, TextId::Wizard::Welcome) {
+    addButton(TextId::Common::Close, 0);
     place(kDesignWidth, kDesignHeight);
     connect(this, &finished, this, VY_SLOT(WizardWindow, closed));
 }

@@ -80,7 +80,7 @@ protected:
         IpcClientConfig config;
         config.socketPath = peer.path();
         config.joinableThreads = true;
-        ASSERT_TRUE(client.init(receiver.get(), config));
+        ASSERT_TRUE(client.UI_IPC_ClientInit(receiver.get(), config));
         ASSERT_TRUE(peer.accept());
     }
     void TearDown() override {

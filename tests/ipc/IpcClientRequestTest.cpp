@@ -16,7 +16,7 @@ protected:
         IpcClientConfig config;
         config.socketPath = peer.path();
         config.joinableThreads = true;
-        ASSERT_TRUE(client.init(nullptr, config));
+        ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, config));
         ASSERT_TRUE(peer.accept());
     }
     void TearDown() override {
@@ -45,10 +45,11 @@ TEST_F(IpcClientRequest, ReplyWithOtherTypesIsNotTakenAndTheRequestIsSentAgain) 
             return;
         // Right number, wrong SubType: must not end the wait.
         peer.writeMessage(600, 1, h.seqNumber, 0, {0xEE});
-        // Only a re-send gets the real answer.
-        if (!peer.readMessage(h, body) || h.seqNumber != 2)
-            return;
-        peer.writeMessage(600, 0, h.seqNumber, 0, {1, 2, 3, 4});
+        // Only a re-send gets the real answer. Every re-send is answered: on a loaded
+        // machine the client may send again before this thread gets to the first one, and
+        // then only the newest number ends its wait.
+        while (peer.readMessage(h, body))
+            peer.writeMessage(600, 0, h.seqNumber, 0, {1, 2, 3, 4});
     });
     const uint8_t get[12] = {21, 0, 0, 0, 168, 0, 0, 0, 0, 1, 0, 0};
     testing::internal::CaptureStdout();
@@ -57,7 +58,7 @@ TEST_F(IpcClientRequest, ReplyWithOtherTypesIsNotTakenAndTheRequestIsSentAgain) 
     ASSERT_TRUE(reply);
     IpcMsgHeader h = ipcBlockHeader(reply.get());
     EXPECT_EQ(h.SubType, 0);
-    EXPECT_EQ(h.seqNumber, 2u);
+    EXPECT_GE(h.seqNumber, 2u);
     ASSERT_EQ(h.dataLen, 4u);
     EXPECT_EQ(ipcBlockBody(reply.get())[3], 4);
     EXPECT_NE(out.find("[GUI]: BlockWaiting data timeout(MainType:600, SubType:0, seqNumber:1), "

@@ -54,7 +54,7 @@ protected:
         config.joinableThreads = true;
         config.dispatch = &Collector::callback;
         config.dispatchArg = &collector;
-        ASSERT_TRUE(client.init(nullptr, config));
+        ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, config));
         ASSERT_TRUE(peer.accept());
     }
     void TearDown() override { client.stop(); }

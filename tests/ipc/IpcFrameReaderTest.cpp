@@ -46,7 +46,7 @@ protected:
     void write(const std::vector<uint8_t>& bytes) {
         ASSERT_EQ(::send(m_pair[0], bytes.data(), bytes.size(), 0), ssize_t(bytes.size()));
     }
-    void write(std::vector<std::vector<uint8_t>> parts) {
+    void write(const std::vector<std::vector<uint8_t>>& parts) {
         std::vector<uint8_t> all;
         for (const auto& p : parts)
             all.insert(all.end(), p.begin(), p.end());
@@ -137,4 +137,58 @@ TEST_F(IpcFrameReaderTest, BrokenStreamsEndTheConnectionAndResetForgetsBytesTake
     std::string log = testing::internal::GetCapturedStderr();
     EXPECT_EQ(result, Result::BodyError);
     EXPECT_NE(log.find("ss32Size=10,s32ReadSize = 3\n"), std::string::npos);
+}
+
+TEST_F(IpcFrameReaderTest, OneReadFramesEveryCompleteMessageInOrderAndLeavesThePartialOne) {
+    // Small messages, a skipped header, a body larger than a whole read, then half of one
+    // more: each batch holds what is complete, in stream order, and nothing else.
+    std::vector<uint8_t> stream;
+    for (uint16_t i = 0; i < 200; ++i) {
+        std::vector<uint8_t> f = frame(i, std::string(i % 9, char('a' + i % 26)));
+        stream.insert(stream.end(), f.begin(), f.end());
+    }
+    std::vector<uint8_t> skipped = frame(0, 500, "", 0);
+    stream.insert(stream.end(), skipped.begin(), skipped.end());
+    const std::string big(IpcFrameReader::kChunkSize + 1000, 'B');
+    std::vector<uint8_t> large = frame(600, big);
+    stream.insert(stream.end(), large.begin(), large.end());
+    std::vector<uint8_t> last = frame(700, "tail");
+    stream.insert(stream.end(), last.begin(), last.begin() + 14);
+    write(stream);
+
+    std::vector<IpcMsgBlock> got;
+    ASSERT_EQ(reader.readBatch(m_pair[1], &got), Result::Message);
+    ASSERT_EQ(got.size(), 200u); // one read: the large body was not complete in it
+    for (uint16_t i = 0; i < 200; ++i) {
+        IpcMsgHeader h = ipcBlockHeader(got[i].get());
+        ASSERT_EQ(h.SubType, i);
+        ASSERT_EQ(h.dataLen, uint32_t(i % 9));
+    }
+    ASSERT_EQ(reader.readBatch(m_pair[1], &got), Result::Message);
+    ASSERT_EQ(got.size(), 201u);
+    const IpcMsgHeader bigHeader = ipcBlockHeader(got[200].get());
+    EXPECT_EQ(bigHeader.SubType, 600);
+    ASSERT_EQ(bigHeader.dataLen, big.size());
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(ipcBlockBody(got[200].get())), big.size()),
+              big);
+    write(std::vector<uint8_t>(last.begin() + 14, last.end()));
+    ASSERT_EQ(reader.readBatch(m_pair[1], &got), Result::Message);
+    ASSERT_EQ(got.size(), 202u);
+    EXPECT_EQ(ipcBlockHeader(got[201].get()).SubType, 700);
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(ipcBlockBody(got[201].get())), 4), "tail");
+}
+
+TEST_F(IpcFrameReaderTest, AnErrorBehindFramedMessagesComesWithTheNextRead) {
+    IpcMsgHeader huge;
+    huge.dataLen = kIpcMaxDataLen + 1;
+    std::vector<uint8_t> raw(kIpcHeaderSize);
+    ipcEncodeHeader(huge, raw.data());
+    write({frame(1, "a"), frame(2, "b"), raw});
+    std::vector<IpcMsgBlock> got;
+    ASSERT_EQ(reader.readBatch(m_pair[1], &got), Result::Message);
+    ASSERT_EQ(got.size(), 2u);
+    EXPECT_EQ(ipcBlockHeader(got[1].get()).SubType, 2);
+    EXPECT_EQ(reader.readBatch(m_pair[1], &got), Result::TooLarge);
+    EXPECT_EQ(got.size(), 2u);
+    EXPECT_EQ(reader.header().dataLen, kIpcMaxDataLen + 1);
 }

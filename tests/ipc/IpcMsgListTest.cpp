@@ -4,6 +4,7 @@
 
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -74,4 +75,35 @@ TEST(IpcMsgList, StopWakesASleepingConsumer) {
     std::thread consumer([&] { EXPECT_FALSE(list.UiMsgListConsumeNode()); });
     list.stop();
     consumer.join();
+}
+
+TEST(IpcMsgList, BatchesKeepTheirOrderAcrossTheHandOver) {
+    IpcMsgList list;
+    constexpr uint32_t kTotal = 20000;
+    testing::internal::CaptureStderr(); // the backlog lines
+    std::thread producer([&list] {
+        std::vector<IpcMsgBlock> batch;
+        uint32_t next = 0;
+        while (next < kTotal) {
+            // Batches of 1 to 37 blocks, mixed with single adds.
+            for (uint32_t n = 0; n <= next % 37 && next < kTotal; ++n)
+                batch.push_back(makeBlock(next++));
+            list.UiMsgListAddNodes(batch);
+            EXPECT_TRUE(batch.empty());
+            if (next < kTotal)
+                list.UiMsgListAddNode(makeBlock(next++));
+        }
+    });
+    uint32_t expected = 0;
+    uint32_t outOfOrder = 0;
+    std::vector<IpcMsgBlock> taken;
+    while (expected < kTotal && list.UiMsgListConsumeAll(&taken)) {
+        for (const IpcMsgBlock& block : taken)
+            outOfOrder += ipcBlockHeader(block.get()).msgValue != expected++;
+    }
+    producer.join();
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(expected, kTotal);
+    EXPECT_EQ(outOfOrder, 0u);
+    EXPECT_EQ(list.count(), 0);
 }

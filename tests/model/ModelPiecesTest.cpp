@@ -42,8 +42,10 @@ TEST(VyKeyManagerTables, SerialSettingsCrossStopBitsAndParity) {
 }
 
 TEST_F(ModelTest, ChannelBitArrayHasOneBitOrRefusesOutsideTheDevice) {
-    SystemInfo::record().channelCount = 10;
-    RecDataManager* rec = RecDataManager::instance();
+    SystemInfoRecord info{};
+    info.channelCount = 10;
+    RecDataManager records(info);
+    RecDataManager* rec = &records;
     EXPECT_EQ(rec->channelToBitArray(9), (std::vector<uint8_t>{0x00, 0x02}));
     EXPECT_EQ(rec->channelToBitArray(0), (std::vector<uint8_t>{0x01, 0x00}));
     ::testing::internal::CaptureStdout();
@@ -57,7 +59,8 @@ TEST_F(ModelTest, ChannelBitArrayHasOneBitOrRefusesOutsideTheDevice) {
 
 TEST_F(ModelTest, ParameterPartsAreFetchedOnFirstUseOnly) {
     link.blocks[32] = {7, 7, 7};
-    DeviceParamModel* model = DeviceParamModel::instance();
+    DeviceParamModel params;
+    DeviceParamModel* model = &params;
     EXPECT_EQ(model->part(16), nullptr); // an unused part number
     EXPECT_EQ(model->part(99), nullptr);
     const CachedParamBlock* network = model->part(1);
@@ -70,4 +73,14 @@ TEST_F(ModelTest, ParameterPartsAreFetchedOnFirstUseOnly) {
     EXPECT_TRUE(model->reloadPart(1));
     EXPECT_EQ(link.paramGets(32), 2);
     EXPECT_FALSE(model->reloadPart(16));
+}
+
+TEST_F(ModelTest, KeyFocusWidgetIsForgottenWhenItDiesWithItsSignalsBlocked) {
+    VyKeyManager* keys = VyKeyManager::instance();
+    auto* widget = new VyWidget;
+    keys->setKeyFocusWidget(widget);
+    EXPECT_EQ(keys->keyFocusWidget(), widget);
+    widget->blockSignals(true);
+    delete widget;
+    EXPECT_EQ(keys->keyFocusWidget(), nullptr);
 }

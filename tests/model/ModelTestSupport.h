@@ -3,8 +3,8 @@
 // requests from a block store, a window layer that records what it was asked to show, and
 // a timer source advanced by hand.
 //
-// The models are process-wide singletons that read the system information record when they
-// are first made, so each test case expects a process of its own (ctest runs them so).
+// Each case builds its own models (UiModels) and fills the system information record in
+// SetUp, so the cases also pass one after another in one process.
 #include "ipc/IpcMsgBlock.h"
 #include "model/RecorderLink.h"
 #include "model/SystemInfo.h"
@@ -87,8 +87,8 @@ public:
 
 class RecordingShell : public UiShell {
 public:
-    void showMessage(const VyString& text) override {
-        calls.push_back("message:" + text.toStdString());
+    void showMessage(uint32_t textId) override {
+        calls.push_back("message:" + std::to_string(textId));
     }
     void showMainView() override { calls.push_back("mainview"); }
     int confirmResolution(bool noticeOnly, int resolution) override {
@@ -136,8 +136,8 @@ public:
 };
 
 // An IPC message block as the IPC client would post it.
-inline CEvent* makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
-                            const void* body = nullptr, uint32_t len = 0) {
+inline std::unique_ptr<CEvent> makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
+                                            const void* body = nullptr, uint32_t len = 0) {
     IpcMsgHeader h;
     h.MainType = mainType;
     h.SubType = subType;
@@ -146,7 +146,7 @@ inline CEvent* makeIpcEvent(uint16_t mainType, uint16_t subType, uint32_t value,
     IpcMsgBlock block = ipcAllocBlock(h);
     if (len != 0)
         std::memcpy(ipcBlockBody(block.get()), body, len);
-    auto* e = new CEvent(UiEventType::IpcMessage);
+    auto e = std::make_unique<CEvent>(UiEventType::IpcMessage);
     e->setData(VyEventData(block.release()));
     return e;
 }

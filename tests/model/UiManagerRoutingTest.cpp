@@ -8,6 +8,9 @@
 #include "model/MainViewManager.h"
 #include "model/UiRouteTable.h"
 #include "protocol/TimeZoneNotice.h"
+#include "runtime/VyResources.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 
 #include <cstdlib>
 
@@ -66,14 +69,31 @@ TEST_F(UiManagerTest, UnregisteredOrDeadReceiversDropTheMessage) {
         manager->setReceiver(1020, &window);
         deliver(1000, 9, 0);
         EXPECT_EQ(window.received.size(), 1u);
+        // It dies without clearing its slot and without a destroyed signal.
+        window.blockSignals(true);
     }
-    // The window closed without clearing its slot.
     EXPECT_EQ(manager->receiver(1020), nullptr);
     deliver(1000, 9, 0);
     EXPECT_EQ(manager->droppedCount(), 2);
     deliver(1000, 400, 0); // beyond the routed range
     deliver(1234, 8, 0);   // unknown family
     EXPECT_EQ(manager->droppedCount(), 4);
+}
+
+TEST_F(UiManagerTest, SecondAndPlaybackReceiversThatDieSilentlyAreNotPostedTo) {
+    build();
+    {
+        ForwardRecorder second;
+        Playback playback;
+        playback.ready = true;
+        manager->setSecondReceiver1032(&second);
+        manager->setPlaybackReceivers(&playback, nullptr);
+        second.blockSignals(true);
+        playback.blockSignals(true);
+    }
+    deliver(1000, 13, 0);
+    deliver(300, 2, 0);
+    EXPECT_EQ(manager->droppedCount(), 2);
 }
 
 TEST_F(UiManagerTest, SubType13TakesTheSecondReceiverOnlyWithoutTheFirst) {
@@ -126,8 +146,8 @@ TEST_F(UiManagerTest, SelfHandledNotificationsAnswerApp) {
     }
     EXPECT_EQ(sent, (std::vector<std::pair<int, int>>{
                         {1000, 14}, {1000, 14}, {1000, 14}, {1000, 45}, {1000, 201}}));
-    EXPECT_EQ(shell.calls,
-              std::vector<std::string>{"message:The device is busy, please wait......"});
+    EXPECT_EQ(shell.calls, std::vector<std::string>{
+                               "message:" + std::to_string(TextId::SystemNotice::DeviceBusy)});
     EXPECT_EQ(manager->lastNotificationValue(52), 6u);
 }
 
@@ -148,7 +168,8 @@ TEST_F(UiManagerTest, LedNetworkAndShutdownNotices) {
     EXPECT_EQ(FrontPanelModel::instance()->ledState(), 3);
     EXPECT_EQ(manager->networkStatus(), 2u);
     EXPECT_EQ(status.count, 2);
-    EXPECT_EQ(shell.calls, std::vector<std::string>{"message:NVR is shutting Down......"});
+    EXPECT_EQ(shell.calls, std::vector<std::string>{
+                               "message:" + std::to_string(TextId::SystemNotice::ShuttingDown)});
     EXPECT_TRUE(manager->isShuttingDown());
     // A shutdown before the first screen leaves the screen as it is.
     manager->delayedStart();
@@ -178,6 +199,44 @@ TEST_F(UiManagerTest, TimeZoneNoticeSetsTzAndRejectsTextWithoutItsEnd) {
     deliver(600, 7, 0);
     EXPECT_STREQ(getenv("TZ"), "CST-8");
     EXPECT_EQ(manager->droppedCount(), 3);
+}
+
+TEST_F(UiManagerTest, LanguageComesFromBlock21AndFollowsItsChanges) {
+    VyResources::setRoot(VY_RESOURCES_DIR);
+    constexpr int kRussian = 15;
+    // English is configured but not offered: the first offered language is taken and
+    // written back with its mask.
+    general.languageIndex = VyTranslation::kEnglish;
+    general.languageMask = 1u << 1 | 1u << kRussian;
+    general.dateFormat = 2;
+    build();
+    VyTranslation* t = VyTranslation::instance();
+    EXPECT_EQ(t->language(), 1);
+    const auto sets = link.sentOf(600, 0);
+    ASSERT_EQ(sets.size(), 1u);
+    GeneralSettingsBlock written;
+    ASSERT_EQ(sets[0]->body.size(), 12 + sizeof written);
+    std::memcpy(&written, sets[0]->body.data() + 12, sizeof written);
+    EXPECT_EQ(written.languageIndex, 1);
+    EXPECT_EQ(written.languageMask, 1u << 1 | 1u << kRussian);
+    EXPECT_EQ(written.dateFormat, 2) << "the rest of the block goes back as App has it";
+
+    SignalCounter changes;
+    VyObject::connect(t, &t->languageChanged, &changes, VY_SLOT(SignalCounter, hit));
+    GeneralSettingsBlock changed = general;
+    changed.languageIndex = kRussian;
+    link.store(changed);
+    const uint32_t block21 = 21;
+    deliver(600, 0, 0, &block21, sizeof block21);
+    EXPECT_EQ(t->language(), kRussian);
+    EXPECT_EQ(manager->messageText(UiManager::MsgShutdown), "NVR выключается......");
+    EXPECT_EQ(changes.count, 1);
+    // Another change of block 21 that leaves the language alone loads nothing.
+    changed.dateFormat = 1;
+    link.store(changed);
+    deliver(600, 0, 0, &block21, sizeof block21);
+    EXPECT_EQ(changes.count, 1);
+    VyResources::setRoot(VyString());
 }
 
 TEST_F(UiManagerTest, ParameterChangedReactsThenForwardsToSettings) {

@@ -4,6 +4,9 @@
 #include "protocol/SubType.h"
 
 #include "model/AlarmInfoModel.h"
+#include "model/CameraModel.h"
+#include "model/MainViewManager.h"
+#include "model/RemoteAccessModel.h"
 #include "protocol/ParamRequest.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
@@ -37,7 +40,7 @@ TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
     EXPECT_EQ(ParamRequest::decode(link.requests[0].body.data(), 12)->blockNumber, 21u);
     EXPECT_EQ(ParamRequest::decode(link.requests[1].body.data(), 12)->blockNumber, 50u);
     EXPECT_EQ(ParamRequest::decode(link.requests[2].body.data(), 12)->blockNumber, 12u);
-    EXPECT_EQ(AlarmInfoModel::existingInstance(), nullptr);
+    EXPECT_EQ(AlarmInfoModel::instance(), nullptr);
     EXPECT_FALSE(manager->delayedStartDone());
 }
 
@@ -45,8 +48,31 @@ TEST_F(UiManagerTest, AlarmInfoModelExistsOnlyWhenTheDeviceReportsAlarms) {
     SystemInfo::record().alarmInfoPresent = 1;
     SystemInfo::record().alarmInputCount = 4;
     build();
-    ASSERT_NE(AlarmInfoModel::existingInstance(), nullptr);
-    EXPECT_EQ(AlarmInfoModel::existingInstance()->inputCount(), 4);
+    ASSERT_NE(AlarmInfoModel::instance(), nullptr);
+    EXPECT_EQ(AlarmInfoModel::instance()->inputCount(), 4);
+}
+
+TEST_F(UiManagerTest, ASecondStartUpInOneProcessBuildsFreshModels) {
+    // A first run: 16 network cameras, the late model started, the main view shown.
+    SystemInfo::record().ipChannelCount = 16;
+    build();
+    timers.advance(6760);
+    ASSERT_TRUE(manager->delayedStartDone());
+    EXPECT_FALSE(models->remoteAccess()->pendingStart());
+    EXPECT_TRUE(MainViewManager::instance()->isShown());
+    manager.reset();
+    models.reset();
+    EXPECT_EQ(MainViewManager::instance(), nullptr);
+    EXPECT_EQ(CameraModel::instance(), nullptr);
+
+    // A second one sees its own device and starts from the beginning.
+    SystemInfo::record().ipChannelCount = 64;
+    models = std::make_unique<UiModels>();
+    build();
+    EXPECT_EQ(manager->delayedStartIntervalMs(), 15040);
+    EXPECT_EQ(CameraModel::instance(), models->camera());
+    EXPECT_TRUE(models->remoteAccess()->pendingStart());
+    EXPECT_FALSE(models->mainView()->isShown());
 }
 
 TEST(UiManagerInterval, GrowsWithTheCameraCount) {

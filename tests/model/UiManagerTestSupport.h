@@ -3,6 +3,7 @@
 // messages to it the way the IPC client does (posted, then dispatched).
 #include "ModelTestSupport.h"
 #include "model/UiManager.h"
+#include "model/UiModels.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
 
@@ -24,13 +25,14 @@ protected:
     }
     void TearDown() override {
         manager.reset();
+        models.reset();
         ModelTest::TearDown();
     }
     // Stores the blocks as the test set them and builds the manager.
     void build() {
         link.store(general);
         link.store(output);
-        manager = std::make_unique<UiManager>(&timers, &UiManagerTest::today);
+        manager = std::make_unique<UiManager>(models.get(), &timers, &UiManagerTest::today);
         manager->setShell(&shell);
     }
     void deliver(uint16_t mainType, uint16_t subType, uint32_t value, const void* body = nullptr,
@@ -47,5 +49,7 @@ protected:
     OutputSettingsBlock output;
     RecordingShell shell;
     ManualTimerSource timers;
+    // Made fresh for every case and deleted before the application.
+    std::unique_ptr<UiModels> models = std::make_unique<UiModels>();
     std::unique_ptr<UiManager> manager;
 };

@@ -78,9 +78,10 @@ int fakeIoctl(int fd, unsigned long request, void* arg) {
 
 ssize_t fakeWrite(int fd, const void* data, size_t length) {
     const std::string text(static_cast<const char*>(data), length);
-    note("fd" + std::to_string(fd) + (text == "\033[?25l"   ? " cursor hidden"
-                                      : text == "\033[?25h" ? " cursor shown"
-                                                            : " wrote " + text));
+    note("fd" + std::to_string(fd) +
+         (text == "\033[?25l"   ? " cursor hidden"
+          : text == "\033[?25h" ? " cursor shown"
+                                : " wrote " + text));
     return static_cast<ssize_t>(length);
 }
 

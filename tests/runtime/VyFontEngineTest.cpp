@@ -54,7 +54,7 @@ void expectSameGlyph(const VyGlyph& actual, const VyGlyph& expected) {
 }
 
 std::string writeTempFile(const char* name, const std::string& bytes) {
-    const std::string path = testing::TempDir() + name;
+    std::string path = testing::TempDir() + name;
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
 }

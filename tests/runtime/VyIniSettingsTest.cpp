@@ -10,7 +10,7 @@
 namespace {
 
 std::string writeTempFile(const std::string& name, const std::string& content) {
-    const std::string path = ::testing::TempDir() + "ini_" + name;
+    std::string path = ::testing::TempDir() + "ini_" + name;
     FILE* f = std::fopen(path.c_str(), "wb");
     EXPECT_NE(f, nullptr);
     std::fwrite(content.data(), 1, content.size(), f);

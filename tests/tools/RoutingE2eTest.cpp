@@ -8,6 +8,7 @@
 #include "model/ParamAccess.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
+#include "model/UiModels.h"
 #include "model/UiRouteTable.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/CEvent.h"
@@ -59,16 +60,17 @@ protected:
         IpcClientConfig config;
         config.socketPath = session.socket();
         config.joinableThreads = true;
-        return client.init(nullptr, config);
+        return client.UI_IPC_ClientInit(nullptr, config);
     }
     void connect(const std::string& simConfig, const std::string& script) {
         ASSERT_TRUE(startSim(simConfig, script));
         RecorderLink::setInstance(&link);
-        manager = std::make_unique<UiManager>(nullptr);
+        manager = std::make_unique<UiManager>(models.get(), nullptr);
     }
     void TearDown() override {
         client.stop();
         manager.reset();
+        models.reset();
         RecorderLink::setInstance(nullptr);
         app.reset();
     }
@@ -86,6 +88,7 @@ protected:
     std::unique_ptr<VyApplication> app;
     IpcClient client;
     IpcRecorderLink link{client};
+    std::unique_ptr<UiModels> models = std::make_unique<UiModels>();
     std::unique_ptr<UiManager> manager;
 };
 
@@ -125,7 +128,8 @@ TEST_F(InProcessGui, EveryForwardedSubTypeReachesItsReceiverAndUnregisteredOnesD
 }
 
 TEST_F(InProcessGui, ParameterGetZeroFillsAShortReplyAndASetComesBackAsChanged) {
-    ASSERT_NO_FATAL_FAILURE(connect("block.40.size = 3\nblock.40.0 = 1\nblock.40.1 = 2\nblock.40.2 = 3\n", ""));
+    ASSERT_NO_FATAL_FAILURE(
+        connect("block.40.size = 3\nblock.40.0 = 1\nblock.40.1 = 2\nblock.40.2 = 3\n", ""));
     uint8_t buffer[16];
     std::memset(buffer, 0xAB, sizeof buffer);
     ParamAccess::getParam(40, buffer, sizeof buffer);
@@ -171,6 +175,7 @@ TEST_F(InProcessGui, SimulatorRefusesMalformedRequestsAndKeepsServing) {
         << session.sim.output();
     EXPECT_TRUE(session.sim.waitFor("sim: refused malformed request (1000,0)"));
     EXPECT_EQ(session.sim.occurrences("sim -> (1000,1)"), 0); // no stage for a bad hello
-    // Still serving: the manager's three gets and the one after the bad messages answered.
-    EXPECT_EQ(session.sim.occurrences("sim -> (600,0)"), 4) << session.sim.output();
+    // Still serving: the manager's four gets (block 21 twice: display settings, then the
+    // language) and the one after the bad messages answered.
+    EXPECT_EQ(session.sim.occurrences("sim -> (600,0)"), 5) << session.sim.output();
 }

@@ -75,7 +75,7 @@ TEST_F(SimServerTest, AnswersTheClientsRequestsAndNotifiesIt) {
     IpcClientConfig config;
     config.socketPath = path;
     config.joinableThreads = true;
-    ASSERT_TRUE(client.init(nullptr, config));
+    ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, config));
     ASSERT_TRUE(server.waitForClient());
 
     testing::internal::CaptureStdout();

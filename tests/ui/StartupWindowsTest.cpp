@@ -3,9 +3,11 @@
 #include "runtime/VyFontMetrics.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "ui/DialogButton.h"
 #include "ui/MainViewWindow.h"
 #include "ui/MessageBox.h"
@@ -32,12 +34,18 @@ protected:
     void SetUp() override {
         VyResources::setRoot(VY_RESOURCES_DIR);
         VyFontMetrics::setFontFile(kFont, 5242880);
+        translation = new VyTranslation(VyString(VY_RESOURCES_DIR "/language"), nullptr);
+        VyTranslation::resetInstance(translation);
+        translation->changeLanguage(VyTranslation::kEnglish);
         VyApplication::setDisplayDevice("mem:640x360");
         app = std::make_unique<VyApplication>();
         // The software cursor would cover a few pixels of what is checked.
         app->screen()->cursor()->hide();
     }
-    void TearDown() override { app.reset(); }
+    void TearDown() override {
+        app.reset();
+        VyTranslation::resetInstance();
+    }
 
     // Paints and flushes everything pending.
     void settle() {
@@ -57,13 +65,14 @@ protected:
     }
 
     std::unique_ptr<VyApplication> app;
+    VyTranslation* translation = nullptr; // owned by the process slot
 };
 
 } // namespace
 
 TEST_F(StartupWindowsTest, MessageBoxIsAModalFramedBoxWithTextUntilOk) {
     const UiLook& look = UiLook::instance();
-    MessageBox* box = MessageBox::information("NVR is shutting Down......");
+    MessageBox* box = MessageBox::information(TextId::SystemNotice::ShuttingDown);
     settle();
     EXPECT_EQ(app->activeModalWidget(), box);
 
@@ -95,7 +104,8 @@ TEST_F(StartupWindowsTest, ResolutionDialogKeepsOnOkAndRevertsWhenTheCountdownEn
         ResolutionConfirmDialog dialog("720p", false);
         ASSERT_EQ(dialog.buttons().size(), 2u);
         // The key is waiting in the queue when the nested loop starts.
-        VyApplication::postEvent(dialog.buttons()[0], new VyKeyEvent(VyEvent::KeyPress, kKeyOk));
+        VyApplication::postEvent(dialog.buttons()[0],
+                                 std::make_unique<VyKeyEvent>(VyEvent::KeyPress, kKeyOk));
         EXPECT_EQ(dialog.run(), ResolutionConfirmDialog::kKeep);
         EXPECT_GT(dialog.secondsLeft(), 0);
     }
@@ -121,8 +131,50 @@ TEST_F(StartupWindowsTest, MainViewCoversTheScreenWithItsBackgroundUnderADialog)
 
     // Nobody answers: the new resolution is not kept.
     EXPECT_EQ(shell.confirmResolution(false, 1), 0);
-    shell.showMessage("NVR is shutting Down......");
+    shell.showMessage(TextId::SystemNotice::ShuttingDown);
     settle();
     EXPECT_LT(countPixels(VyRect(0, 0, 640, 360), background), 640 * 360);
     EXPECT_EQ(pixel(0, 0), background);
+}
+
+TEST_F(StartupWindowsTest, OpenDialogFetchesItsTextsAgainWhenTheLanguageChanges) {
+    constexpr int kRussian = 15;
+    ResolutionConfirmDialog dialog("720p", false);
+    dialog.show();
+    settle();
+    EXPECT_EQ(dialog.title(), "Output Resolution");
+    EXPECT_EQ(dialog.text(), "Keep the output resolution 720p? It is reverted in 15 s.");
+    const VyRect g = dialog.geometry();
+    const VyRect titleBar(g.left + 4, g.top + 4, g.width() / 2, 12);
+    const uint16_t ink = opaque1555(UiLook::instance().titleForeground);
+    const int englishInk = countPixels(titleBar, ink);
+
+    ASSERT_TRUE(translation->changeLanguage(kRussian));
+    EXPECT_EQ(dialog.title(), "Разрешение выхода");
+    EXPECT_EQ(dialog.text(), "Сохранить разрешение выхода 720p? Оно будет возвращено через 15 с.");
+    ASSERT_EQ(dialog.buttons().size(), 2u);
+    EXPECT_EQ(dialog.buttons()[0]->text(), "Сохранить");
+    EXPECT_EQ(dialog.buttons()[1]->text(), "Вернуть");
+    settle();
+    // Repainted without being reopened: the title bar now holds the Russian title.
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_NE(countPixels(titleBar, ink), englishInk);
+    dialog.done(ResolutionConfirmDialog::kRevert);
+}
+
+TEST_F(StartupWindowsTest, ADialogDeletedBehindTheShellsBackIsNotDeletedAgain) {
+    WindowShell shell;
+    shell.showMessage(TextId::SystemNotice::ShuttingDown);
+    shell.showMessage(TextId::SystemNotice::ShuttingDown);
+    settle();
+    ASSERT_EQ(shell.openDialogCount(), 2);
+    VyWidget* newest = app->activeModalWidget();
+    ASSERT_NE(newest, nullptr);
+    // Gone without a destroyed signal; closing the rest must skip it.
+    newest->blockSignals(true);
+    delete newest;
+    EXPECT_EQ(shell.openDialogCount(), 1);
+    shell.closeAll();
+    EXPECT_EQ(shell.openDialogCount(), 0);
+    EXPECT_EQ(app->activeModalWidget(), nullptr);
 }

@@ -49,7 +49,7 @@ void sleepMs(unsigned long ms) {
 
 const char* const kHelp =
     "commands: notify MAIN SUB [VALUE [HEXBODY]] | tz TEXT [INDEX] | net STATUS | led STATE | "
-    "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | sleep MS | "
+    "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | lang INDEX | sleep MS | "
     "await MAIN SUB [COUNT] | exit";
 
 } // namespace
@@ -75,7 +75,6 @@ bool SimCommands::run(const std::string& rawLine) {
         if (w.empty())
             return true;
     }
-    simRecorderLog("sim: > %s", line.c_str());
     const std::string& cmd = w[0];
     unsigned long a = 0, b = 0, c = 0;
     const size_t n = w.size();
@@ -110,6 +109,12 @@ bool SimCommands::run(const std::string& rawLine) {
         m_recorder.store().setByte(uint32_t(a), uint32_t(b), uint8_t(c));
         m_recorder.parameterChanged(uint32_t(a));
         ok = true;
+    } else if (cmd == "lang" && n == 2 && number(w[1], 0xFF, &a)) {
+        // The language index of the general settings, as the settings page would set it.
+        m_recorder.store().setByte(GeneralSettingsBlock::kBlockNumber,
+                                   SimRecorderConfig::kLanguageIndexByte, uint8_t(a));
+        m_recorder.parameterChanged(GeneralSettingsBlock::kBlockNumber);
+        ok = true;
     } else if (cmd == "sleep" && n == 2 && number(w[1], kMaxSleepMs, &a)) {
         sleepMs(a);
         ok = true;
@@ -118,6 +123,8 @@ bool SimCommands::run(const std::string& rawLine) {
         m_recorder.awaitMessages(uint16_t(a), uint16_t(b), n == 4 ? int(c) : 1);
         ok = true;
     } else if (cmd == "exit" && n == 1) {
+        // Logged first: nothing is left to take effect once the process ends.
+        simRecorderLog("sim: > %s", line.c_str());
         m_exit = true;
         // The main thread waits for this signal to stop the server cleanly.
         kill(getpid(), SIGTERM);
@@ -128,6 +135,10 @@ bool SimCommands::run(const std::string& rawLine) {
     }
     if (!ok)
         simRecorderLog("sim: cannot run \"%s\"; %s", line.c_str(), kHelp);
+    else if (cmd != "exit")
+        // Logged once the command has taken effect (a block stored, a notification written),
+        // so that whoever waits for this line finds its result in place.
+        simRecorderLog("sim: > %s", line.c_str());
     return ok;
 }
 

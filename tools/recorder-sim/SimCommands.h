@@ -11,6 +11,7 @@
 //   await MAIN SUB [COUNT]              wait until the GUI sent that message COUNT times
 //   exit                                stop the simulator
 //   help
+// A command that ran is logged as "sim: > LINE" after it has taken effect.
 #include <atomic>
 #include <istream>
 #include <string>

@@ -111,8 +111,10 @@ bool SimRecorderConfig::load(const std::string& path, std::string* error) {
         const size_t eq = line.find('=');
         const bool ok =
             eq != std::string::npos && set(trim(line.substr(0, eq)), trim(line.substr(eq + 1)));
-        if (!ok && error != nullptr)
-            *error += path + ":" + std::to_string(number) + ": cannot use \"" + line + "\"\n";
+        if (!ok && error != nullptr) {
+            error->append(path).append(":").append(std::to_string(number));
+            error->append(": cannot use \"").append(line).append("\"\n");
+        }
     }
     return true;
 }

@@ -10,12 +10,20 @@
 //   store                file the parameter store persists to
 //   block.N.OFFSET = V   byte OFFSET of parameter block N, unless the store file has block N
 //   block.N.size = S     block N is S bytes long (shorter than the GUI asks: a short reply)
+#include "protocol/GeneralSettingsBlock.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
 #include <utility>
 
 struct SimRecorderConfig {
+    // The byte of the general settings' language index; the simulator starts in English
+    // (language 4 of the language table) unless the config or its store says otherwise.
+    static constexpr uint32_t kLanguageIndexByte = offsetof(GeneralSettingsBlock, languageIndex);
+    static constexpr uint8_t kDefaultLanguage = 4;
+
     uint8_t channels = 8;
     uint8_t ipChannels = 4;
     uint8_t analogChannels = 4;
@@ -29,8 +37,10 @@ struct SimRecorderConfig {
     uint32_t colorProfile = 0;
     bool earlyStage1 = false;
     std::string storePath;
-    std::map<uint32_t, uint32_t> blockSizes;                     // block -> bytes
-    std::map<std::pair<uint32_t, uint32_t>, uint8_t> blockBytes; // (block, offset) -> value
+    std::map<uint32_t, uint32_t> blockSizes; // block -> bytes
+    std::map<std::pair<uint32_t, uint32_t>, uint8_t> blockBytes{
+        {{GeneralSettingsBlock::kBlockNumber, kLanguageIndexByte}, kDefaultLanguage}};
+    // (block, offset) -> value
 
     // Reads the file over the defaults. A line that does not parse is reported in `error`
     // (file and line) and skipped. False only when the file cannot be opened.

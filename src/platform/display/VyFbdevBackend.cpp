@@ -31,8 +31,7 @@ VyFbdevBackend::VyFbdevBackend(const VyString& path, bool readOnly, const VyFbde
 
 VyFbdevBackend::~VyFbdevBackend() {
     m_console.reset();
-    if (m_mapping)
-        m_calls.munmap(m_mapping, m_length);
+    m_mapping.reset();
     if (m_fd >= 0)
         m_calls.close(m_fd);
 }
@@ -74,7 +73,7 @@ bool VyFbdevBackend::open() {
         perror("mmap framebuffer failed");
         return false;
     }
-    m_mapping = static_cast<uint8_t*>(map);
+    m_mapping = VyMapping(map, fixed.smem_len, m_calls.munmap);
     m_length = fixed.smem_len;
     m_width = static_cast<int>(variable.xres);
     m_height = static_cast<int>(variable.yres);

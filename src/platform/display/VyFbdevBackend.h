@@ -6,6 +6,7 @@
 
 #include "platform/console/VyConsole.h"
 #include "platform/display/VyDisplayBackend.h"
+#include "runtime/VyMapping.h"
 
 struct VyFbdevSystemCalls {
     int (*open)(const char* path, int flags);
@@ -36,7 +37,7 @@ public:
     int width() const override { return m_width; }
     int height() const override { return m_height; }
     int lineLength() const override { return m_lineLength; }
-    uint8_t* pixels() const override { return m_mapping; }
+    uint8_t* pixels() const override { return static_cast<uint8_t*>(m_mapping.address()); }
     size_t length() const override { return m_length; }
 
     int bitsPerPixel() const override { return m_bitsPerPixel; }
@@ -47,7 +48,7 @@ private:
     bool m_readOnly;
     const VyFbdevSystemCalls& m_calls;
     int m_fd = -1;
-    uint8_t* m_mapping = nullptr;
+    VyMapping m_mapping; // unmapped through the system-call table
     size_t m_length = 0;
     int m_width = 0;
     int m_height = 0;

@@ -13,14 +13,6 @@ VyMemoryBackend::VyMemoryBackend(int width, int height, const VyString& file)
     , m_height(height)
     , m_file(file) {}
 
-VyMemoryBackend::~VyMemoryBackend() {
-    if (m_fd >= 0) {
-        if (m_pixels)
-            munmap(m_pixels, m_length);
-        close(m_fd);
-    }
-}
-
 bool VyMemoryBackend::open() {
     if (holdsDevice())
         return m_pixels != nullptr;
@@ -36,23 +28,24 @@ bool VyMemoryBackend::open() {
         m_opened = true;
         return true;
     }
-    m_fd = ::open(m_file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-    if (m_fd < 0) {
+    m_fd.reset(::open(m_file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644));
+    if (!m_fd.isValid()) {
         vyFrameworkLog("open display file (%s) failed: %s !!!\n", m_file.c_str(),
                        std::strerror(errno));
         return false;
     }
-    if (ftruncate(m_fd, static_cast<off_t>(bytes)) != 0) {
+    if (ftruncate(m_fd.get(), static_cast<off_t>(bytes)) != 0) {
         vyFrameworkLog("resize display file (%s) failed: %s !!!\n", m_file.c_str(),
                        std::strerror(errno));
         return false;
     }
-    void* map = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, m_fd, 0);
+    void* map = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, m_fd.get(), 0);
     if (map == MAP_FAILED) {
         vyFrameworkLog("map display file (%s) failed: %s !!!\n", m_file.c_str(),
                        std::strerror(errno));
         return false;
     }
+    m_mapping = VyMapping(map, bytes);
     m_pixels = static_cast<uint8_t*>(map);
     m_length = bytes;
     m_opened = true;

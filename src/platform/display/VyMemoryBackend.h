@@ -4,16 +4,17 @@
 #include <vector>
 
 #include "platform/display/VyDisplayBackend.h"
+#include "runtime/VyMapping.h"
+#include "runtime/VyUniqueFd.h"
 
 class VyMemoryBackend : public VyDisplayBackend {
 public:
     // An empty file keeps the pixels in this process only.
     VyMemoryBackend(int width, int height, const VyString& file = VyString());
-    ~VyMemoryBackend() override;
     VY_DISABLE_COPY_MOVE(VyMemoryBackend)
 
     bool open() override;
-    bool holdsDevice() const override { return m_opened || m_fd >= 0; }
+    bool holdsDevice() const override { return m_opened || m_fd.isValid(); }
     int width() const override { return m_width; }
     int height() const override { return m_height; }
     int lineLength() const override { return m_width * 2; }
@@ -26,9 +27,10 @@ private:
     int m_width;
     int m_height;
     VyString m_file;
-    int m_fd = -1;
+    VyUniqueFd m_fd;
     bool m_opened = false;
     uint8_t* m_pixels = nullptr;
     size_t m_length = 0;
     std::vector<uint16_t> m_memory; // used when there is no backing file
+    VyMapping m_mapping;            // of the backing file; unmapped before m_fd closes
 };

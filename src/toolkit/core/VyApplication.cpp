@@ -2,16 +2,16 @@
 #include "toolkit/core/VyApplication.h"
 
 #include "runtime/VyLog.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyPostedEventQueue.h"
-#include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/core/VyTimer.h"
-#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/events/VyRawMouseEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -67,8 +67,16 @@ VyApplication::VyApplication(int argc, char** argv) {
         m_threads.timerCore = std::make_unique<VyTimerCore>(timerClock());
     } else {
         m_threads.timerCore = std::make_unique<VyTimerCore>();
-        m_threads.timerCore->start();
     }
+    if (VyMouseReader::Factory makeReader = VyMouseReader::factory())
+        m_threads.mouseWatcher = makeReader(this);
+    if (m_threads.mouseWatcher) {
+        const VyRect range = m_screen->clipRect();
+        m_threads.mouseWatcher->setBounds(range.left, range.top, range.right, range.bottom);
+        m_threads.mouseWatcher->start();
+    }
+    if (!timerClock())
+        m_threads.timerCore->start();
     m_singleShotTimer = std::make_unique<VySingleShotTimer>();
     m_tickTimerId = registerTimer(kTickIntervalMs, this, -1);
     for (int i = 0; i < kApplicationTimerCount; ++i)
@@ -88,8 +96,10 @@ VyApplication::~VyApplication() {
     m_screen.reset();
     m_threads.timerCore.reset();
     m_postedEvents.reset();
-    for (VyObjectGuard* guard : m_guards)
+    for (VyObjectGuard* guard : m_guards) {
         guard->m_object = nullptr;
+        guard->m_app = nullptr;
+    }
     m_guards.clear();
     g_application = nullptr;
 }
@@ -119,8 +129,7 @@ int VyApplication::exec() {
     return 0;
 }
 
-void VyApplication::postEvent(VyObject* receiver, VyEvent* e) {
-    std::unique_ptr<VyEvent> event(e);
+void VyApplication::postEvent(VyObject* receiver, std::unique_ptr<VyEvent> event) {
     if (!event)
         return;
     VyApplication* app = g_application;
@@ -165,8 +174,8 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
     VyApplication* app = g_application;
     if (app) {
         // Indexed, not iterated: a filter may install or remove filters while it runs.
-        for (int i = 0; i < app->m_eventFilters.size(); ++i) {
-            VyObject* filter = app->m_eventFilters.at(i);
+        for (int i = 0; i < int(app->m_eventFilters.size()); ++i) {
+            VyObject* filter = app->m_eventFilters[size_t(i)].data();
             if (filter && filter->eventFilter(receiver, e)) {
                 e->setAccepted(true);
                 return true;
@@ -174,8 +183,8 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
         }
     }
     if (receiver != app) {
-        for (int i = 0; i < receiver->m_eventFilters.size(); ++i) {
-            VyObject* filter = receiver->m_eventFilters.at(i);
+        for (int i = 0; i < int(receiver->m_eventFilters.size()); ++i) {
+            VyObject* filter = receiver->m_eventFilters[size_t(i)].data();
             if (filter && filter->eventFilter(receiver, e)) {
                 e->setAccepted(true);
                 return true;
@@ -183,6 +192,16 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
         }
     }
     return receiver->event(e);
+}
+
+void VyApplication::postEvents(std::vector<VyPostedEvent>& entries) {
+    VyApplication* app = g_application;
+    if (!app) {
+        VY_DEBUG("event", "postEvents: %zu events dropped (no application)\n", entries.size());
+        entries.clear();
+        return;
+    }
+    app->m_postedEvents->postMany(entries);
 }
 
 uint32_t VyApplication::registerTimer(int ms, VyObject* receiver, int repeat) {
@@ -212,12 +231,6 @@ void VyApplication::screenGeometryChanged() {
     sendEvent(this, &change);
 }
 
-void VyApplication::setMouseWatcher(std::unique_ptr<VyThread> watcher) {
-    m_threads.mouseWatcher = std::move(watcher);
-    if (m_threads.mouseWatcher)
-        m_threads.mouseWatcher->start();
-}
-
 void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) {
     VyApplication* app = g_application;
     if (!app)
@@ -226,7 +239,7 @@ void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) 
     // thread gets to the sample. The cursor has its own lock.
     if (app->m_screen && app->m_screen->cursor())
         app->m_screen->cursor()->setPosition(x, y);
-    postEvent(app, new VyRawMouseEvent(x, y, buttons, wheel));
+    postEvent(app, std::make_unique<VyRawMouseEvent>(x, y, buttons, wheel));
 }
 
 void VyApplication::addGuard(VyObjectGuard* guard) {
@@ -234,7 +247,8 @@ void VyApplication::addGuard(VyObjectGuard* guard) {
 }
 
 void VyApplication::removeGuard(VyObjectGuard* guard) {
-    auto it = std::find(m_guards.begin(), m_guards.end(), guard);
-    if (it != m_guards.end())
-        m_guards.erase(it);
+    // From the back: most guards live on the stack of a dispatch and go in reverse order.
+    auto it = std::find(m_guards.rbegin(), m_guards.rend(), guard);
+    if (it != m_guards.rend())
+        m_guards.erase(std::next(it).base());
 }

@@ -7,6 +7,7 @@
 #include "runtime/VyString.h"
 #include "toolkit/core/VyGuiThreads.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/core/VyPostedEvent.h"
 #include "toolkit/core/VyTimerCore.h"
 
 #include <cstdint>
@@ -29,7 +30,9 @@ class VyApplication : public VyObject {
     VY_OBJECT(VyApplication, VyObject)
 public:
     // Opens the display (setDisplayDevice, else $VY_FBDEV_NODE, else "/dev/fb0") and exits
-    // the process with status 1 when it cannot; then starts the timer thread.
+    // the process with status 1 when it cannot; then creates the mouse reader (through the
+    // factory installed with VyMouseReader::setFactory, none without one), gives it the
+    // screen as its range and starts it and the timer thread.
     explicit VyApplication(int argc = 0, char** argv = nullptr);
     ~VyApplication() override;
 
@@ -50,7 +53,10 @@ public:
 
     // Thread-safe; takes ownership of the event. Without an application the event is
     // dropped.
-    static void postEvent(VyObject* receiver, VyEvent* e);
+    static void postEvent(VyObject* receiver, std::unique_ptr<VyEvent> event);
+    // Posts every entry in order under one lock of the queue and leaves `entries` empty
+    // (its capacity kept). Thread-safe; entries without a receiver are dropped.
+    static void postEvents(std::vector<VyPostedEvent>& entries);
     // Synchronous delivery through the application's filters, then the receiver's, then
     // event(); types from 1000 up go straight to customEvent.
     static bool sendEvent(VyObject* receiver, VyEvent* e);
@@ -75,10 +81,8 @@ public:
     VySingleShotTimer* singleShotTimer() const { return m_singleShotTimer.get(); }
     // The three application timers of the key and mouse handling.
     const VyList<VyTimer*>& timers() const { return m_timers; }
-    // Installs the mouse reader thread (a VyMouseWatcher), owned from then on and started
-    // here; it posts raw samples with postEvent or injectPointer.
-    void setMouseWatcher(std::unique_ptr<VyThread> watcher);
-    VyThread* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
+    // The mouse reader thread made in the constructor, or null.
+    VyMouseReader* mouseWatcher() const { return m_threads.mouseWatcher.get(); }
 
     // The timer service; ids are never 0.
     uint32_t registerTimer(int ms, VyObject* receiver, int repeat);

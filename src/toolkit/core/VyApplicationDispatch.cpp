@@ -2,13 +2,13 @@
 // popup redirection, mouse targets, hover and propagation to the parents.
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyPointer.h"
+#include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyEvent.h"
 #include "toolkit/events/VyHoverEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
-#include "toolkit/core/VyPointer.h"
 #include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
-#include "toolkit/core/VyWidget.h"
 
 #include <memory>
 #include <vector>

@@ -1,9 +1,9 @@
 // The application's side of widgets: focus, the modal stack, blocking and the hit test.
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 #include <memory>

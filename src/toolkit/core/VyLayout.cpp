@@ -1,8 +1,8 @@
 #include "toolkit/core/VyLayout.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <algorithm>
 
@@ -57,7 +57,7 @@ VyRect VyLayout::contentsRect(const VyRect& rect) const {
 
 void VyLayout::requestLayout() {
     if (VyWidget* w = parentWidget())
-        VyApplication::postEvent(w, new VyEvent(VyEvent::LayoutRequest));
+        VyApplication::postEvent(w, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
 }
 
 void VyLayout::activate() {

@@ -4,8 +4,8 @@
 // again on LayoutRequest and Resize; layouts nest.
 #include "runtime/VyRect.h"
 #include "runtime/VySize.h"
-#include "toolkit/core/VyObject.h"
 #include "toolkit/core/VyLayoutSlot.h"
+#include "toolkit/core/VyObject.h"
 
 #include <vector>
 

@@ -1,10 +1,12 @@
 #include "toolkit/core/VyObject.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyPostedEventQueue.h"
 #include "toolkit/core/VyQueuedSignalEvent.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/events/VyTimerEvent.h"
+
+#include <algorithm>
 
 VyObject::VyObject(VyObject* parent)
     : m_connections(this) {
@@ -63,19 +65,30 @@ bool VyObject::blockSignals(bool block) {
 void VyObject::installEventFilter(VyObject* filter) {
     if (!filter)
         return;
-    m_eventFilters.removeAll(nullptr);
-    m_eventFilters.removeAll(filter);
-    m_eventFilters.prepend(filter);
+    m_eventFilters.erase(std::remove_if(m_eventFilters.begin(), m_eventFilters.end(),
+                                        [filter](const VyPointer<VyObject>& entry) {
+                                            return entry.isNull() || entry == filter;
+                                        }),
+                         m_eventFilters.end());
+    m_eventFilters.insert(m_eventFilters.begin(), VyPointer<VyObject>(filter));
 }
 
 void VyObject::removeEventFilter(VyObject* filter) {
-    for (VyObject*& entry : m_eventFilters)
+    for (VyPointer<VyObject>& entry : m_eventFilters)
         if (entry == filter)
-            entry = nullptr;
+            entry.reset();
+}
+
+VyList<VyObject*> VyObject::eventFilters() const {
+    VyList<VyObject*> live;
+    for (const VyPointer<VyObject>& entry : m_eventFilters)
+        if (entry)
+            live.append(entry.data());
+    return live;
 }
 
 void VyObject::deleteLater() {
-    VyApplication::postEvent(this, new VyEvent(VyEvent::DeferredDelete));
+    VyApplication::postEvent(this, std::make_unique<VyEvent>(VyEvent::DeferredDelete));
 }
 
 int VyObject::startTimer(int ms) {

@@ -6,6 +6,7 @@
 #include "runtime/VyString.h"
 #include "toolkit/core/Connection.h"
 #include "toolkit/core/ConnectionList.h"
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VySignal.h"
 #include "toolkit/core/VySignalMapper.h"
 #include "toolkit/core/VySlot.h"
@@ -64,7 +65,8 @@ public:
 
     void installEventFilter(VyObject* filter);
     void removeEventFilter(VyObject* filter);
-    const VyList<VyObject*>& eventFilters() const { return m_eventFilters; }
+    // The installed filters that are still alive, most recently installed first.
+    VyList<VyObject*> eventFilters() const;
 
     // Posts a DeferredDelete to this object. Widgets are deleted by the dispatcher when it
     // arrives; other objects ignore it and must be deleted explicitly.
@@ -132,9 +134,10 @@ private:
     void removeSenderConnectionsTo(VyObject* receiver);
 
     VyList<VyObject*> m_children;
-    // Most recently installed first; removed filters leave a null entry until the next
-    // install so that a filter may remove itself while events are being filtered.
-    VyList<VyObject*> m_eventFilters;
+    // Most recently installed first. Removed and deleted filters leave a null entry until
+    // the next install, so that a filter may remove or delete itself while events are
+    // being filtered; a deleted one is cleared by its guard whatever its signal state.
+    std::vector<VyPointer<VyObject>> m_eventFilters;
     VyString m_objectName;
     VySignalMapper m_connections;
     VyObject* m_parent = nullptr;

@@ -81,7 +81,8 @@ bool VyObject::disconnect(VyObject* sender, const VySignal* signal, VyObject* re
 void VyObject::postQueued(VyObject* sender, const Connection& c) {
     if (c.queued == Connection::kCut)
         return; // cut while this signal was being emitted
-    VyApplication::postEvent(c.receiver, new VyQueuedSignalEvent(sender, c.receiver, c.slot));
+    VyApplication::postEvent(c.receiver,
+                             std::make_unique<VyQueuedSignalEvent>(sender, c.receiver, c.slot));
 }
 
 void VyObject::finishEmission(VyObject* sender, ConnectionList* list) {

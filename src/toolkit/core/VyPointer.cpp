@@ -4,15 +4,34 @@
 
 VyObjectGuard::VyObjectGuard(VyObject* object)
     : m_object(object) {
-    if (VyApplication* app = VyApplication::instance())
-        app->addGuard(this);
+    enrol();
+}
+
+VyObjectGuard::VyObjectGuard(const VyObjectGuard& other)
+    : m_object(other.m_object) {
+    enrol();
+}
+
+VyObjectGuard& VyObjectGuard::operator=(const VyObjectGuard& other) {
+    reset(other.m_object);
+    return *this;
 }
 
 VyObjectGuard::~VyObjectGuard() {
-    if (VyApplication* app = VyApplication::instance())
-        app->removeGuard(this);
+    if (m_app)
+        m_app->removeGuard(this);
 }
 
 void VyObjectGuard::reset(VyObject* object) {
     m_object = object;
+    enrol();
+}
+
+void VyObjectGuard::enrol() {
+    // Guards that never point anywhere cost nothing.
+    if (m_app || !m_object)
+        return;
+    m_app = VyApplication::instance();
+    if (m_app)
+        m_app->addGuard(this);
 }

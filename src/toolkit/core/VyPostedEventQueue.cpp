@@ -36,7 +36,7 @@ VyPostedEventQueue::~VyPostedEventQueue() {
     m_batch.clear();
     m_entries.clear();
     m_layouts.clear();
-    std::printf("All events in the list was distroyed !\n");
+    vySystemLine("All events in the list was distroyed !\n");
 }
 
 void VyPostedEventQueue::post(VyObject* receiver, std::unique_ptr<VyEvent> event) {
@@ -54,6 +54,28 @@ void VyPostedEventQueue::post(VyObject* receiver, std::unique_ptr<VyEvent> event
     ++receiver->m_postedEventCount;
     if (wasEmpty)
         m_nonEmpty.notify_one();
+}
+
+void VyPostedEventQueue::postMany(std::vector<VyPostedEvent>& entries) {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        bool wasEmpty = m_entries.empty() && m_layouts.empty();
+        for (VyPostedEvent& entry : entries) {
+            if (!entry.receiver || !entry.event)
+                continue;
+            ++entry.receiver->m_postedEventCount;
+            if (entry.event->type() == VyEvent::LayoutRequest) {
+                m_layouts.push_back(std::move(entry));
+                m_layoutPending.store(true, std::memory_order_relaxed);
+            } else {
+                m_entries.push_back(std::move(entry));
+            }
+        }
+        if (wasEmpty && !(m_entries.empty() && m_layouts.empty()))
+            m_nonEmpty.notify_one();
+    }
+    // Dropped entries' events are freed here, outside the lock.
+    entries.clear();
 }
 
 VyPostedEvent VyPostedEventQueue::takeLayoutOrRefillLocked() {

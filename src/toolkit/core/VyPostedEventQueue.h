@@ -29,6 +29,9 @@ public:
     // layouts run before the paints they cause. Counts the event in the receiver's
     // postedEventCount.
     void post(VyObject* receiver, std::unique_ptr<VyEvent> event);
+    // Any thread. post() for each entry, in order, under one lock; leaves `entries` empty.
+    // Entries without a receiver or an event are dropped.
+    void postMany(std::vector<VyPostedEvent>& entries);
 
     // The rest is for the GUI thread only: the batch is that thread's.
     // Blocks while the queue is empty. Inline: most takes come from the batch, lock-free.

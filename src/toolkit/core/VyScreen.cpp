@@ -5,8 +5,8 @@
 
 #include "platform/display/VyDisplayBackend.h"
 #include "runtime/VyLog.h"
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 VyScreen::VyScreen(VyObject* parent)

@@ -3,10 +3,10 @@
 
 #include "platform/display/VyDisplayBackend.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyEvent.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
@@ -19,7 +19,7 @@ constexpr uint16_t kOpaqueBlack = 0x8000;
 
 void VyScreen::cursorTouched() {
     if (m_presents && VyApplication::instance())
-        VyApplication::postEvent(this, new VyEvent(VyEvent::UpdateRequest));
+        VyApplication::postEvent(this, std::make_unique<VyEvent>(VyEvent::UpdateRequest));
 }
 
 bool VyScreen::event(VyEvent* e) {
@@ -48,6 +48,15 @@ void VyScreen::flush() {
         }
         return;
     }
+
+    // With no window left to compose the whole screen turns opaque black, not only the
+    // dirty part: the pixels outside it may still hold the 0x0000 the screen was cleared to
+    // when it opened, and there the video plane would show through.
+    bool anyComposes = false;
+    for (int i = 0; i < windowCount() && !anyComposes; ++i)
+        anyComposes = m_windows[i]->composes();
+    if (!anyComposes)
+        dirty = VyRegion(VyRect(0, 0, width(), height()));
 
     // Each composing window gets the part of the dirty region where it is the topmost
     // window, so that no pixel is written twice.

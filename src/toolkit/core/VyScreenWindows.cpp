@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {
@@ -151,5 +151,5 @@ void VyScreen::markDirty(int index, const VyRegion& region) {
     m_updatePending = true;
     // Without an application (a screen used on its own) the owner calls flush() itself.
     if (VyApplication::instance())
-        VyApplication::postEvent(this, new VyEvent(VyEvent::UpdateRequest));
+        VyApplication::postEvent(this, std::make_unique<VyEvent>(VyEvent::UpdateRequest));
 }

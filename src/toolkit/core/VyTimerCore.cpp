@@ -129,7 +129,8 @@ int64_t VyTimerCore::fireExpiredLocked() {
     while (!m_timerList.isEmpty() && m_timerList.first()->deadline <= m_currentTime) {
         TimerRecord* record = m_timerList.takeFirst();
         // The queue's mutex is taken inside ours: the one lock order of the two.
-        VyApplication::postEvent(record->receiver, new VyTimerEvent(static_cast<int>(record->id)));
+        VyApplication::postEvent(record->receiver,
+                                 std::make_unique<VyTimerEvent>(static_cast<int>(record->id)));
         record->deadline = m_currentTime + record->interval;
         if (record->repeat < 0) {
             insertByDeadline(record);

@@ -3,6 +3,8 @@
 
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyLayout.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyCloseEvent.h"
 #include "toolkit/events/VyDragEnterEvent.h"
 #include "toolkit/events/VyDragLeaveEvent.h"
@@ -13,11 +15,9 @@
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/events/VyResizeEvent.h"
-#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyShowEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
-#include "toolkit/core/VyLayout.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -306,18 +306,18 @@ bool VyWidget::sizeHelper(int& w, int& h, bool minimum) {
             h = std::min(h, app->screen()->height());
     }
     if (w > kMaxSize || h > kMaxSize) {
-        std::printf("Warning: exceed the max size.\n");
+        vySystemLine("Warning: exceed the max size.\n");
         w = std::min(w, kMaxSize);
         h = std::min(h, kMaxSize);
     }
     w = std::max(w, 0);
     h = std::max(h, 0);
     if (minimum && (w > m_maximumSize.width || h > m_maximumSize.height)) {
-        std::printf("Warning: setMinimumSize_helper: the size is not possible.\n");
+        vySystemLine("Warning: setMinimumSize_helper: the size is not possible.\n");
         return false;
     }
     if (!minimum && (w < m_minimumSize.width || h < m_minimumSize.height)) {
-        std::printf("Warning: setMaximumSize_helper: the size is not possible.\n");
+        vySystemLine("Warning: setMaximumSize_helper: the size is not possible.\n");
         return false;
     }
     return true;
@@ -351,30 +351,30 @@ void VyWidget::setFixedSize(int w, int h) {
 
 void VyWidget::setLayout(VyLayout* layout) {
     if (!layout) {
-        std::printf("VyWidget::setLayout: Cannot set layout to 0\n");
+        vySystemLine("VyWidget::setLayout: Cannot set layout to 0\n");
         return;
     }
     if (m_layout) {
-        std::printf(
+        vySystemLine(
             "VyWidget::setLayout: Attempting to set VyLayout, which already has a layout\n");
         return;
     }
     if (layout->parent()) {
-        std::printf("VyWidget::setLayout: Attempting to set VyLayout, when the VyLayout already "
-                    "has a parent\n");
+        vySystemLine("VyWidget::setLayout: Attempting to set VyLayout, when the VyLayout already "
+                     "has a parent\n");
         return;
     }
     m_layout = layout;
     layout->setParent(this);
     layout->attachTo(this);
-    VyApplication::postEvent(this, new VyEvent(VyEvent::LayoutRequest));
+    VyApplication::postEvent(this, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
 }
 
 void VyWidget::requestParentLayout() {
     VyWidget* p = parentWidget();
     if (!p || isWindow() || !p->m_layout)
         return;
-    VyApplication::postEvent(p, new VyEvent(VyEvent::LayoutRequest));
+    VyApplication::postEvent(p, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
 }
 
 void VyWidget::invalidateStyle() {

@@ -1,7 +1,7 @@
 // Focus requests of a widget and its window's memory of the focused child.
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyFocusEvent.h"
 
 void VyWidget::setFocus(int reason) {
     VyApplication* app = VyApplication::instance();

@@ -1,10 +1,10 @@
 // Dirty marking and delivery of Paint events into the window surfaces.
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/graphics/VyFbCanvas.h"
-#include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyPaintEvent.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {

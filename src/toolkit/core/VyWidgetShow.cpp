@@ -1,12 +1,12 @@
 // Showing, hiding and closing widgets, and keeping the window surface's flags in step.
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyCloseEvent.h"
 #include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/events/VyHideEvent.h"
 #include "toolkit/events/VyResizeEvent.h"
-#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/VyShowEvent.h"
-#include "toolkit/core/VyWidget.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 void VyWidget::show() {

@@ -4,6 +4,6 @@
 
 class AIObjInfoEvent : public CEvent {
 public:
-    explicit AIObjInfoEvent(int param = 0)
-        : CEvent(UiEventType::AIObjInfo, param) {}
+    explicit AIObjInfoEvent(int value = 0)
+        : CEvent(UiEventType::AIObjInfo, value) {}
 };

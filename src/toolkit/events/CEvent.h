@@ -10,9 +10,9 @@
 class CEvent : public VyEvent {
 public:
     // The type numbers are UiEventType's.
-    explicit CEvent(int type, int param = 0)
+    explicit CEvent(int type, int value = 0)
         : VyEvent(type)
-        , param(param) {}
+        , param(value) {}
 
     // An owned block (such as an IPC message) travelling with the event; freed with the
     // event unless a consumer takes it. Forwarding:

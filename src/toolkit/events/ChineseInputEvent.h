@@ -4,6 +4,6 @@
 
 class ChineseInputEvent : public CEvent {
 public:
-    explicit ChineseInputEvent(int param = 0)
-        : CEvent(UiEventType::ChineseInput, param) {}
+    explicit ChineseInputEvent(int value = 0)
+        : CEvent(UiEventType::ChineseInput, value) {}
 };

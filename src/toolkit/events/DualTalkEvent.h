@@ -4,6 +4,6 @@
 
 class DualTalkEvent : public CEvent {
 public:
-    explicit DualTalkEvent(int param = 0)
-        : CEvent(UiEventType::DualTalk, param) {}
+    explicit DualTalkEvent(int value = 0)
+        : CEvent(UiEventType::DualTalk, value) {}
 };

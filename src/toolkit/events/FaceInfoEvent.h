@@ -4,6 +4,6 @@
 
 class FaceInfoEvent : public CEvent {
 public:
-    explicit FaceInfoEvent(int param = 0)
-        : CEvent(UiEventType::FaceInfo, param) {}
+    explicit FaceInfoEvent(int value = 0)
+        : CEvent(UiEventType::FaceInfo, value) {}
 };

@@ -4,6 +4,6 @@
 
 class NtpUpdateEvent : public CEvent {
 public:
-    explicit NtpUpdateEvent(int param = 0)
-        : CEvent(UiEventType::NtpUpdate, param) {}
+    explicit NtpUpdateEvent(int value = 0)
+        : CEvent(UiEventType::NtpUpdate, value) {}
 };

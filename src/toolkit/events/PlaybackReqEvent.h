@@ -4,6 +4,6 @@
 
 class PlaybackReqEvent : public CEvent {
 public:
-    explicit PlaybackReqEvent(int param = 0)
-        : CEvent(UiEventType::PlaybackReq, param) {}
+    explicit PlaybackReqEvent(int value = 0)
+        : CEvent(UiEventType::PlaybackReq, value) {}
 };

@@ -4,6 +4,6 @@
 
 class TurnPageEvent : public CEvent {
 public:
-    explicit TurnPageEvent(int param = 0)
-        : CEvent(UiEventType::TurnPage, param) {}
+    explicit TurnPageEvent(int value = 0)
+        : CEvent(UiEventType::TurnPage, value) {}
 };

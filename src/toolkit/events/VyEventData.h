@@ -9,9 +9,9 @@ public:
     using Deleter = void (*)(void*);
 
     VyEventData() = default;
-    explicit VyEventData(void* data, Deleter deleter = &std::free)
+    explicit VyEventData(void* data, Deleter freeFn = &std::free)
         : m_data(data)
-        , m_deleter(deleter) {}
+        , m_deleter(freeFn) {}
     ~VyEventData() { reset(); }
 
     VyEventData(VyEventData&& other) noexcept

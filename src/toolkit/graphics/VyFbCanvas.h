@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "runtime/VyShapedText.h"
 #include "toolkit/graphics/VyCanvas.h"
 
 class VyFbCanvas : public VyCanvas {
@@ -67,7 +68,7 @@ private:
     VyRect toCanvas(const VyRect& rect) const;
     void blendSpan(int x1, int x2, int y, vyargb colour);
     void blendOne(int x, int y, int alpha, vyargb colour);
-    void drawGlyphs(int64_t x, int64_t baseline, const std::u32string& text, int pixelSize,
+    void drawGlyphs(int64_t x, int64_t baseline, const VyShapedText& line, int pixelSize,
                     vyargb colour);
 
     int m_width = 0;

@@ -5,7 +5,8 @@
 #include "toolkit/style/VySTOptArray.h"
 
 struct VyListWidgetOption {
-    VySTOptArray<VySTColor, 8>
-        colors; // border Normal and Focus, VyListSelected* slots for the selection
+    // Slots by VyStyleSlot's list roles: VyListBorderNormal, VyListBorderFocus,
+    // VyListSelectedBackground, VyListSelectedForeground, VyListSelectionExtra.
+    VySTOptArray<VySTColor, 8> colors;
     VySTOptArray<VySTFont, 8> font; // per state
 };

@@ -173,7 +173,9 @@ void VyStyle::apply(const VyIniSettings& settings, float horizontalScale, float 
     setFonts(table.font, fontSize);
 
     VyListWidgetOption& list = option.edit<VyListWidgetOption>();
-    read.states(list.colors, "VyListWidget/Border", {VyStyleNormal, VyStyleFocus});
+    // The list's focus border sits in slot 1, where the other controls keep Hover.
+    read.one(list.colors, VyListBorderNormal, "VyListWidget/Border/Normal");
+    read.one(list.colors, VyListBorderFocus, "VyListWidget/Border/Focus");
     read.one(list.colors, VyListSelectedForeground, "VyListWidget/Selected/Foreground");
     read.one(list.colors, VyListSelectedBackground, "VyListWidget/Selected/Background");
     setFonts(list.font, fontSize);

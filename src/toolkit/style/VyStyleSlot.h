@@ -7,8 +7,11 @@ enum VyStyleSlot : int {
     VyStyleFocus = 2,
     VyStyleDisabled = 3,
 
-    // VyListWidget's colour row: 0 border (normal), 1 border (focus), 5 selected-row
-    // background, 6 selected-row foreground, 7 the colour of a third selection state.
+    // VyListWidget's colour row keeps its own slot roles, not the state slots above: 0 border
+    // (normal), 1 border (focus), 5 selected-row background, 6 selected-row foreground, 7 the
+    // colour of a third selection state.
+    VyListBorderNormal = 0,
+    VyListBorderFocus = 1,
     VyListSelectedBackground = 5,
     VyListSelectedForeground = 6,
     VyListSelectionExtra = 7,

@@ -272,8 +272,8 @@ void VyKeyboard::typeText(const VyString& text) {
 void VyKeyboard::askInputMethod() {
     // The input method answers with setCandidates; without one, pinyin stays pinyin.
     if (VyObject* im = m_inputMethod.data()) {
-        auto* e = new ChineseInputEvent(static_cast<int>(m_pinyin.length()));
-        VyApplication::postEvent(im, e);
+        VyApplication::postEvent(
+            im, std::make_unique<ChineseInputEvent>(static_cast<int>(m_pinyin.length())));
     }
 }
 

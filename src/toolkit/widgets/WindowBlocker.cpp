@@ -1,8 +1,8 @@
 #include "toolkit/widgets/WindowBlocker.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyEvent.h"
 
 #include <algorithm>
 #include <vector>

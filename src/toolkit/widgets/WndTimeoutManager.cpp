@@ -1,9 +1,9 @@
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/events/VyEvent.h"
 #include "toolkit/core/VyTimer.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/events/VyEvent.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include "runtime/VyBitmap.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 #ifdef VY_HAVE_SDL
 #include "platform/display/sdl/VySdlBackend.h"

@@ -25,6 +25,17 @@ public:
     int swallow = -1;
 };
 
+// Deletes itself, signals blocked, the first time it is asked.
+class SelfDeletingFilter : public VyObject {
+    VY_OBJECT(SelfDeletingFilter, VyObject)
+public:
+    bool eventFilter(VyObject*, VyEvent*) override {
+        blockSignals(true);
+        delete this;
+        return false;
+    }
+};
+
 int g_freed = 0;
 void countingFree(void* p) {
     ++g_freed;
@@ -95,11 +106,41 @@ TEST_F(EventDelivery, FilterOrderIsNewestFirstAndRemovalDuringFilteringIsSafe) {
     EXPECT_EQ(target.eventFilters().size(), 1);
 }
 
+TEST_F(EventDelivery, AFilterDeletedWhileInstalledLeavesEveryWatchedList) {
+    EventRecorder target;
+    Filter survivor;
+    target.installEventFilter(&survivor);
+    auto* doomed = new Filter;
+    target.installEventFilter(doomed);
+    app()->installEventFilter(doomed);
+    // Without a destroyed signal: the lists must not depend on it.
+    doomed->blockSignals(true);
+    delete doomed;
+    EXPECT_EQ(target.eventFilters(), VyList<VyObject*>() << &survivor);
+    EXPECT_TRUE(app()->eventFilters().isEmpty());
+    VyEvent hide(VyEvent::Hide);
+    VyApplication::sendEvent(&target, &hide);
+    EXPECT_EQ(survivor.seen, (std::vector<int>{VyEvent::Hide}));
+    EXPECT_EQ(target.types, (std::vector<int>{VyEvent::Hide}));
+}
+
+TEST_F(EventDelivery, AFilterThatDeletesItselfWhileFilteringIsSkippedAfterwards) {
+    EventRecorder target;
+    Filter older;
+    target.installEventFilter(&older);
+    target.installEventFilter(new SelfDeletingFilter);
+    VyEvent show(VyEvent::Show);
+    VyApplication::sendEvent(&target, &show);
+    VyApplication::sendEvent(&target, &show);
+    EXPECT_EQ(older.seen, (std::vector<int>{VyEvent::Show, VyEvent::Show}));
+    EXPECT_EQ(target.eventFilters().size(), 1);
+}
+
 TEST_F(EventDelivery, LayoutRequestOvertakesTenQueuedEvents) {
     EventRecorder target;
     for (int i = 0; i < 10; ++i)
-        VyApplication::postEvent(&target, new VyEvent(VyEvent::Show));
-    VyApplication::postEvent(&target, new VyEvent(VyEvent::LayoutRequest));
+        VyApplication::postEvent(&target, std::make_unique<VyEvent>(VyEvent::Show));
+    VyApplication::postEvent(&target, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
     EXPECT_EQ(target.postedEventCount(), 11);
     app()->processPostedEvents();
     ASSERT_EQ(target.types.size(), 11u);
@@ -114,9 +155,9 @@ TEST_F(EventDelivery, RemovedAndOrphanedEventsAreFreedUndelivered) {
     EventRecorder dropped;
     auto* dying = new EventRecorder;
     for (int i = 0; i < 3; ++i) {
-        VyApplication::postEvent(&dropped, new CountedEvent(VyEvent::Show, &freed));
-        VyApplication::postEvent(dying, new CountedEvent(VyEvent::Show, &freed));
-        VyApplication::postEvent(&kept, new CountedEvent(VyEvent::Hide, &freed));
+        VyApplication::postEvent(&dropped, std::make_unique<CountedEvent>(VyEvent::Show, &freed));
+        VyApplication::postEvent(dying, std::make_unique<CountedEvent>(VyEvent::Show, &freed));
+        VyApplication::postEvent(&kept, std::make_unique<CountedEvent>(VyEvent::Hide, &freed));
     }
     app()->removePostedEvents(&dropped);
     EXPECT_EQ(freed, 3);
@@ -151,12 +192,12 @@ TEST_F(EventDelivery, ForwardedMessageBlockIsFreedExactlyOnce) {
     EventRecorder target;
     auto* first = new CEvent(UiEventType::IpcMessage, 7);
     first->setData(VyEventData(std::malloc(24), &countingFree));
-    auto* forwarded = new CEvent(1013);
+    auto forwarded = std::make_unique<CEvent>(1013);
     forwarded->setData(first->takeData());
     EXPECT_EQ(first->data(), nullptr);
     delete first;
     EXPECT_EQ(g_freed, 0);
-    VyApplication::postEvent(&target, forwarded);
+    VyApplication::postEvent(&target, std::move(forwarded));
     app()->processPostedEvents();
     EXPECT_EQ(g_freed, 1);
 

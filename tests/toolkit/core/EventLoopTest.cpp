@@ -40,7 +40,7 @@ using EventLoops = CoreAppTest;
 
 TEST_F(EventLoops, ExecRefusesToNestAndQuitEndsIt) {
     LoopDriver driver;
-    VyApplication::postEvent(&driver, new VyEvent(VyEvent::Hide));
+    VyApplication::postEvent(&driver, std::make_unique<VyEvent>(VyEvent::Hide));
     VySingleShotTimer::singleShot(0, &driver, VY_SLOT(LoopDriver, quitApp));
     EXPECT_EQ(app()->exec(), 0);
     EXPECT_EQ(driver.nestedExecResult, 1);
@@ -54,7 +54,7 @@ TEST_F(EventLoops, NestedLoopDispatchesPostedEventsAndTimers) {
     VyTimer timer;
     VyObject::connect(&timer, &timer.timeout, &driver, VY_SLOT(LoopDriver, onTimeout));
     for (int i = 0; i < 5; ++i)
-        VyApplication::postEvent(&driver, new VyEvent(VyEvent::Show));
+        VyApplication::postEvent(&driver, std::make_unique<VyEvent>(VyEvent::Show));
     timer.start(1);
     EXPECT_EQ(loop.exec(), 0);
     EXPECT_EQ(driver.shows, 5);

@@ -42,14 +42,14 @@ TEST_F(PostedEventOrder, LayoutRequestPostedDuringDispatchOvertakesWhatIsAlready
             return;
         posted = true;
         // Two layouts and a plain event, from inside the dispatch of the first event.
-        VyApplication::postEvent(&b, new VyEvent(VyEvent::LayoutRequest));
-        VyApplication::postEvent(&a, new VyEvent(VyEvent::Close));
-        VyApplication::postEvent(&a, new VyEvent(VyEvent::LayoutRequest));
+        VyApplication::postEvent(&b, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
+        VyApplication::postEvent(&a, std::make_unique<VyEvent>(VyEvent::Close));
+        VyApplication::postEvent(&a, std::make_unique<VyEvent>(VyEvent::LayoutRequest));
         EXPECT_EQ(b.postedEventCount(), 3); // the batched Hide and Show count too
     };
-    VyApplication::postEvent(&a, new VyEvent(VyEvent::Show));
-    VyApplication::postEvent(&b, new VyEvent(VyEvent::Hide));
-    VyApplication::postEvent(&b, new VyEvent(VyEvent::Show));
+    VyApplication::postEvent(&a, std::make_unique<VyEvent>(VyEvent::Show));
+    VyApplication::postEvent(&b, std::make_unique<VyEvent>(VyEvent::Hide));
+    VyApplication::postEvent(&b, std::make_unique<VyEvent>(VyEvent::Show));
 
     EXPECT_EQ(app()->processPostedEvents(), 3);
     EXPECT_EQ(app()->processPostedEvents(), 3);
@@ -69,10 +69,10 @@ TEST_F(PostedEventOrder, ReceiverDestroyedByAnEarlierEventLosesItsTakenEvents) {
         delete victim;
         victim = nullptr;
     };
-    VyApplication::postEvent(&killer, new VyEvent(VyEvent::Show));
-    VyApplication::postEvent(victim, new CountedEvent(VyEvent::Show, &freed));
-    VyApplication::postEvent(&survivor, new VyEvent(VyEvent::Hide));
-    VyApplication::postEvent(victim, new CountedEvent(VyEvent::Hide, &freed));
+    VyApplication::postEvent(&killer, std::make_unique<VyEvent>(VyEvent::Show));
+    VyApplication::postEvent(victim, std::make_unique<CountedEvent>(VyEvent::Show, &freed));
+    VyApplication::postEvent(&survivor, std::make_unique<VyEvent>(VyEvent::Hide));
+    VyApplication::postEvent(victim, std::make_unique<CountedEvent>(VyEvent::Hide, &freed));
 
     EXPECT_EQ(app()->processPostedEvents(), 2);
     EXPECT_EQ(log, (std::vector<int>{116, 317}));

@@ -6,9 +6,9 @@
 #include "platform/display/VyFrameDump.h"
 #include "runtime/VyBitmap.h"
 #include "runtime/VyFontEngine.h"
-#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
 namespace {

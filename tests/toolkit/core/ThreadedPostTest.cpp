@@ -3,8 +3,8 @@
 // receiver is reported there; the counts below catch lost or doubly freed events.
 #include "CoreTestApp.h"
 
-#include "toolkit/events/CEvent.h"
 #include "toolkit/core/EventLoop.h"
+#include "toolkit/events/CEvent.h"
 
 #include <atomic>
 #include <mutex>
@@ -107,18 +107,19 @@ TEST_F(ThreadedPost, ProducersRaceDispatchAndReceiverDestruction) {
     Coordinator coordinator(&registry, &loop, &delivered);
 
     std::vector<std::thread> producers;
+    producers.reserve(kProducers);
     for (int p = 0; p < kProducers; ++p) {
         producers.emplace_back([&, p] {
             for (int i = 0; i < kPostsPerProducer; ++i) {
                 {
                     std::lock_guard<std::mutex> lock(registry.mutex);
                     Target* t = registry.live[static_cast<size_t>(i + p) % registry.live.size()];
-                    VyApplication::postEvent(t, new TrackedEvent(&freed));
+                    VyApplication::postEvent(t, std::make_unique<TrackedEvent>(&freed));
                 }
                 if (i % kChurnEvery == 0)
-                    VyApplication::postEvent(&coordinator, new CEvent(kChurn));
+                    VyApplication::postEvent(&coordinator, std::make_unique<CEvent>(kChurn));
             }
-            VyApplication::postEvent(&coordinator, new CEvent(kDone));
+            VyApplication::postEvent(&coordinator, std::make_unique<CEvent>(kDone));
         });
     }
     EXPECT_EQ(loop.exec(), 0);

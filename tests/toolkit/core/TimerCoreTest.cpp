@@ -88,6 +88,7 @@ TEST_F(TimerCore, UnregisteringAReceiverLeavesOthersAndIdsAreNeverZeroOrReused) 
     ManualTimers t;
     TimerLog gone, kept;
     std::vector<uint32_t> ids;
+    ids.reserve(3);
     for (int i = 0; i < 3; ++i)
         ids.push_back(t.core.registerTimer(10, &gone, -1));
     uint32_t keptId = t.core.registerTimer(10, &kept, -1);
@@ -114,22 +115,22 @@ TEST_F(TimerCore, TimerIgnoresAnExpiryQueuedBeforeItWasStopped) {
     int oldId = timer.timerId();
     ASSERT_NE(oldId, 0);
     // The timer thread posted this expiry just before the stop.
-    VyApplication::postEvent(&timer, new VyTimerEvent(oldId));
+    VyApplication::postEvent(&timer, std::make_unique<VyTimerEvent>(oldId));
     timer.stop();
     app()->processPostedEvents();
     EXPECT_EQ(fired, 0);
 
     // A restart gets a new id; the old expiry still does not count.
     timer.start();
-    VyApplication::postEvent(&timer, new VyTimerEvent(oldId));
-    VyApplication::postEvent(&timer, new VyTimerEvent(timer.timerId()));
+    VyApplication::postEvent(&timer, std::make_unique<VyTimerEvent>(oldId));
+    VyApplication::postEvent(&timer, std::make_unique<VyTimerEvent>(timer.timerId()));
     app()->processPostedEvents();
     EXPECT_EQ(fired, 1);
     EXPECT_TRUE(timer.isActive());
 
     timer.setSingleShot(true);
-    VyApplication::postEvent(&timer, new VyTimerEvent(timer.timerId()));
-    VyApplication::postEvent(&timer, new VyTimerEvent(timer.timerId()));
+    VyApplication::postEvent(&timer, std::make_unique<VyTimerEvent>(timer.timerId()));
+    VyApplication::postEvent(&timer, std::make_unique<VyTimerEvent>(timer.timerId()));
     app()->processPostedEvents();
     EXPECT_EQ(fired, 2);
     EXPECT_FALSE(timer.isActive());

@@ -5,10 +5,10 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "runtime/VyResources.h"
-#include "toolkit/graphics/VyFbCanvas.h"
-#include "toolkit/core/VyScreen.h"
 #include "runtime/VyIniSettings.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleSlot.h"
 
@@ -33,6 +33,7 @@ TEST(StyleColors, KeysLandInTheirStateSlots) {
                       "Background/Disabled = rgb(2,1,2)\n"
                       "[VyListWidget]\nSelected/Background = rgb(3,1,2)\n"
                       "Selected/Foreground = rgb(4,1,2)\nBorder/Focus = rgb(5,1,2)\n"
+                      "Border/Normal = rgb(7,1,2)\n"
                       "[VyTableWidget]\nTitleRow/Background = rgb(6,1,2)\n"
                       "[VyComboBox]\nPopup/BorderColor = rgb(9,8,7)\n"
                       "[VyToolTip]\nBorderColor = rgb(6,5,4)\n"),
@@ -42,9 +43,13 @@ TEST(StyleColors, KeysLandInTheirStateSlots) {
               VyColor(1, 1, 2, 200));
     EXPECT_EQ(o.get<VyPushButtonOption>().background.value(VyStyleDisabled).color,
               VyColor(2, 1, 2));
-    EXPECT_EQ(o.get<VyListWidgetOption>().colors.value(5).color, VyColor(3, 1, 2));
-    EXPECT_EQ(o.get<VyListWidgetOption>().colors.value(6).color, VyColor(4, 1, 2));
-    EXPECT_EQ(o.get<VyListWidgetOption>().colors.value(VyStyleFocus).color, VyColor(5, 1, 2));
+    // The list widget's row: borders in 0 and 1, the selection in 5 and 6; nothing in 2.
+    const VySTOptArray<VySTColor, 8>& list = o.get<VyListWidgetOption>().colors;
+    EXPECT_EQ(list.value(0).color, VyColor(7, 1, 2));
+    EXPECT_EQ(list.value(1).color, VyColor(5, 1, 2));
+    EXPECT_FALSE(list.isSet(2));
+    EXPECT_EQ(list.value(5).color, VyColor(3, 1, 2));
+    EXPECT_EQ(list.value(6).color, VyColor(4, 1, 2));
     EXPECT_EQ(o.get<VyTableWidgetOption>().titleRowBackground.value(0).color, VyColor(6, 1, 2));
     EXPECT_EQ(o.get<VyComboBoxOption>().popupBorderColor.value(0).color, VyColor(9, 8, 7));
     EXPECT_EQ(o.get<VyToolTipOption>().borderColor.value(0).color, VyColor(6, 5, 4));

@@ -1,13 +1,13 @@
 #pragma once
 // A widget that records the events reaching its handlers, for the widget tests.
 #include "toolkit/core/CoreTestApp.h"
-#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyFocusEvent.h"
 #include "toolkit/events/VyHoverEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyPaintEvent.h"
-#include "toolkit/core/VyScreen.h"
-#include "toolkit/core/VyWidget.h"
+#include "toolkit/graphics/VyCanvas.h"
 
 #include <string>
 #include <vector>

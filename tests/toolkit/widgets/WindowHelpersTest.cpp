@@ -1,7 +1,7 @@
 #include "WidgetProbe.h"
 
-#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/core/VyTimer.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/widgets/WindowBlocker.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 

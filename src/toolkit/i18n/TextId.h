@@ -1,0 +1,48 @@
+#pragma once
+// Text IDs of the catalogue, by screen. Written by tools/i18n/gen_language_files.py
+// from tools/i18n/catalogue.txt (which also documents the ID range of each screen):
+// add or change a text there and run the script, never here.
+#include <cstdint>
+
+namespace TextId {
+namespace Common {
+constexpr uint32_t Ok = 100001;          // OK
+constexpr uint32_t Close = 100002;       // Close
+constexpr uint32_t Keep = 100003;        // Keep
+constexpr uint32_t Revert = 100004;      // Revert
+constexpr uint32_t Information = 100005; // Information
+} // namespace Common
+namespace SystemNotice {
+constexpr uint32_t ShuttingDown = 101001; // NVR is shutting Down......
+constexpr uint32_t DeviceBusy = 101002;   // The device is busy, please wait......
+} // namespace SystemNotice
+namespace Resolution {
+constexpr uint32_t Title = 102001;        // Output Resolution
+constexpr uint32_t NotKept = 102002;      // The new output resolution was not kept; %1 is in use.
+constexpr uint32_t KeepQuestion = 102003; // Keep the output resolution %1? It is reverted in %2 s.
+} // namespace Resolution
+namespace Wizard {
+constexpr uint32_t Title = 102101;   // Start-up Wizard
+constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through the first settings.
+} // namespace Wizard
+namespace LiveView {
+constexpr uint32_t SplitLayout = 103508; // %1 Split
+} // namespace LiveView
+
+// Every ID above, ascending: what each shipped language file must hold, and no more.
+constexpr uint32_t kAll[] = {
+    Common::Ok,
+    Common::Close,
+    Common::Keep,
+    Common::Revert,
+    Common::Information,
+    SystemNotice::ShuttingDown,
+    SystemNotice::DeviceBusy,
+    Resolution::Title,
+    Resolution::NotKept,
+    Resolution::KeepQuestion,
+    Wizard::Title,
+    Wizard::Welcome,
+    LiveView::SplitLayout,
+};
+} // namespace TextId
