@@ -17,6 +17,7 @@
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/CEvent.h"
+#include "toolkit/input/VyMouseWatcher.h"
 #include "toolkit/style/VyStyle.h"
 #include "ui/WindowShell.h"
 
@@ -122,7 +123,9 @@ int AppStartup::run(int argc, char** argv) {
     ParamAccess::getSystemInfo();
     VyApplication::setDisplayDevice(VyString(SystemInfo::record().displayDeviceName()));
 
-    // 17. The application opens the display; it exits the process when it cannot.
+    // 17. The application opens the display (it exits the process when it cannot) and
+    // starts the mouse reader made by the factory installed here.
+    VyMouseWatcher::install();
     auto* app = new VyApplication(argc, argv);
 
     // 18. The UiManager and the models it creates live to the end of the process.

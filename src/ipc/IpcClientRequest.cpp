@@ -6,6 +6,8 @@
 #include "ipc/IpcReplyWaiter.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/EventLoop.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreenCursor.h"
 
 #include <algorithm>
 #include <chrono>
@@ -115,7 +117,13 @@ IpcMsgBlock IpcClient::waitInNestedLoop(uint16_t mainType, uint16_t subType, con
             m_waiters[&loop] = &waiter;
             waiter.setSeqNumber(send(mainType, subType, body, dataLen));
         }
+        // The user sees that the GUI waits for the recorder, not that it hangs.
+        VyApplication* app = VyApplication::instance();
+        if (app)
+            app->setOverrideCursor(VyScreenCursor::Busy);
         int rc = loop.exec();
+        if (app)
+            app->restoreOverrideCursor();
         {
             std::lock_guard<std::mutex> lock(m_waiterMutex);
             m_waiters.erase(&loop);

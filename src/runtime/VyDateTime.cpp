@@ -49,7 +49,9 @@ VyDateTime VyDateTime::fromMSecsSinceEpoch(long long msecs) {
         return VyDateTime();
     }
     const time_t secs = static_cast<time_t>(wholeSecs);
-    const int ms = static_cast<int>(msecs - wholeSecs * 1000);
+    // The remainder, not msecs - wholeSecs * 1000: near LLONG_MIN that product overflows.
+    const int rem = static_cast<int>(msecs % 1000);
+    const int ms = rem < 0 ? rem + 1000 : rem;
     // The C library caches the zone; TZ may have been changed since the last call.
     tzset();
     tm local{};

@@ -4,6 +4,8 @@
 #include "ipc/IpcClient.h"
 #include "toolkit/core/EventLoop.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/events/CEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
@@ -28,6 +30,7 @@ public:
         }
         IpcMsgHeader h = ipcBlockHeader(ce->data());
         subTypes.push_back(h.SubType);
+        cursorShapes.push_back(VyApplication::instance()->screen()->cursor()->shape());
         if (h.msgValue != nextValue || h.dataLen != 4 ||
             std::memcmp(ipcBlockBody(ce->data()), &h.msgValue, 4) != 0)
             ++outOfOrder;
@@ -38,6 +41,7 @@ public:
 
     EventLoop* loop = nullptr;
     int expected = -1;
+    std::vector<int> cursorShapes; // the cursor's shape when each message arrived
     int count = 0;
     int unexpected = 0;
     int outOfOrder = 0;
@@ -159,6 +163,9 @@ TEST_F(IpcClientEvents, WaiterModeRequestLetsOtherEventsFlowWhileItWaits) {
     EXPECT_EQ(receiver->count, 8);
     EXPECT_EQ(receiver->outOfOrder, 0);
     EXPECT_EQ(receiver->subTypes, (std::vector<uint16_t>{1, 8, 8, 8, 1, 8, 8, 8}));
+    // The user saw the busy cursor while each request waited, and the arrow after.
+    EXPECT_EQ(receiver->cursorShapes, std::vector<int>(8, VyScreenCursor::Busy));
+    EXPECT_EQ(app->screen()->cursor()->shape(), VyScreenCursor::Arrow);
 }
 
 TEST_F(IpcClientEvents, RemotePointerIsScaledToTheScreen) {

@@ -76,7 +76,8 @@ TEST_F(ModelTest, ParameterPartsAreFetchedOnFirstUseOnly) {
 }
 
 TEST_F(ModelTest, KeyFocusWidgetIsForgottenWhenItDiesWithItsSignalsBlocked) {
-    VyKeyManager* keys = VyKeyManager::instance();
+    VyKeyManager keyManager;
+    VyKeyManager* keys = &keyManager;
     auto* widget = new VyWidget;
     keys->setKeyFocusWidget(widget);
     EXPECT_EQ(keys->keyFocusWidget(), widget);

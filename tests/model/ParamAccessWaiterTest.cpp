@@ -47,7 +47,7 @@ TEST(ParamAccessWaiter, AWindowDeletedWhileAGetWaitsIsSurvived) {
     IpcClientConfig config;
     config.socketPath = peer.path();
     config.joinableThreads = true;
-    ASSERT_TRUE(client.init(&sink, config));
+    ASSERT_TRUE(client.UI_IPC_ClientInit(&sink, config));
     ASSERT_TRUE(peer.accept());
     client.setWaiterMode(true);
     IpcRecorderLink link(client);

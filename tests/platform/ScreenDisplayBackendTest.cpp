@@ -209,7 +209,7 @@ TEST(ScreenMemoryBackend, ASharedFileShowsThePixelsToAnotherReader) {
 }
 
 #ifdef VY_HAVE_SDL
-TEST(ScreenWindowBackend, OpensPresentsAndClosesOnTheDummyDriver) {
+TEST(ScreenWindowBackend, OpensPresentsHandsOnItsPointerAndCloses) {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     VySdlBackend window(64, 32);
     if (!window.open())
@@ -221,10 +221,42 @@ TEST(ScreenWindowBackend, OpensPresentsAndClosesOnTheDummyDriver) {
     EXPECT_EQ(window.presentCount(), before + 1);
     EXPECT_FALSE(window.closeRequested());
 
+    struct Sample {
+        int x, y, buttons, wheel;
+    };
+    std::vector<Sample> got;
+    window.setPointerHandler([&got](int x, int y, int buttons, int wheel) {
+        got.push_back({x, y, buttons, wheel});
+    });
+    int w = 0;
+    int h = 0;
+    SDL_GetWindowSize(SDL_GetWindowFromID(1), &w, &h);
+    ASSERT_GT(w, 0);
+    // The middle of the window, wherever the desktop put its size, is the middle pixel.
+    SDL_Event motion{};
+    motion.type = SDL_MOUSEMOTION;
+    motion.motion.x = w / 2;
+    motion.motion.y = h / 2;
+    ASSERT_EQ(SDL_PushEvent(&motion), 1);
+    SDL_Event press{};
+    press.type = SDL_MOUSEBUTTONDOWN;
+    press.button.button = SDL_BUTTON_RIGHT;
+    press.button.x = w - 1;
+    press.button.y = h - 1;
+    ASSERT_EQ(SDL_PushEvent(&press), 1);
+    window.pumpEvents();
+    ASSERT_EQ(got.size(), 2u);
+    EXPECT_EQ(got[0].x, 32);
+    EXPECT_EQ(got[0].y, 16);
+    EXPECT_EQ(got[0].buttons, 0);
+    EXPECT_EQ(got[1].x, 63);
+    EXPECT_EQ(got[1].y, 31);
+    EXPECT_EQ(got[1].buttons, 2);
+
     SDL_Event quit{};
     quit.type = SDL_QUIT;
     ASSERT_EQ(SDL_PushEvent(&quit), 1);
-    window.present(rects, 1);
+    window.pumpEvents();
     EXPECT_TRUE(window.closeRequested());
 }
 #endif

@@ -125,6 +125,7 @@ def header(texts):
            "// add or change a text there and run the script, never here.",
            "#include <cstdint>",
            "",
+           "// clang-format off: the script writes this file, the check compares it byte for byte.",
            "namespace TextId {"]
     screens = []
     for _, screen, _, _, _ in texts:
@@ -144,6 +145,7 @@ def header(texts):
         out.append(f"    {screen}::{name},")
     out.append("};")
     out.append("} // namespace TextId")
+    out.append("// clang-format on")
     return "\n".join(out) + "\n"
 
 

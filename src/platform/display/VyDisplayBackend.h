@@ -3,6 +3,7 @@
 // are not scanned out by hardware, a way to be told which rectangles changed.
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "runtime/VyGlobal.h"
@@ -43,8 +44,28 @@ public:
         (void)count;
     }
 
+    // Outputs that bring their own pointer (a desktop window) hand it on as absolute
+    // framebuffer positions: buttons 1 = left, 2 = right, 4 = middle; wheel in multiples of
+    // 120. Called from pumpEvents(), on the thread that calls it.
+    using PointerHandler = std::function<void(int x, int y, int buttons, int wheel)>;
+    void setPointerHandler(PointerHandler handler) { m_pointerHandler = std::move(handler); }
+    // Whether pumpEvents() must be called regularly (a desktop window's event queue).
+    virtual bool needsEventPump() const { return false; }
+    // Takes the output's pending events: pointer input goes to the pointer handler, a close
+    // request sets closeRequested(). Must be called without the framebuffer mutex held.
+    virtual void pumpEvents() {}
+
     // "/dev/fbN" (any path): the Linux framebuffer; "mem:WxH": memory in this process;
     // "mem:WxH:FILE": a shared file mapping another process can read; "window:WxH": a
     // desktop window where built. Null for a name that is none of these (logged).
     static std::unique_ptr<VyDisplayBackend> create(const VyString& device);
+
+protected:
+    void notifyPointer(int x, int y, int buttons, int wheel) {
+        if (m_pointerHandler)
+            m_pointerHandler(x, y, buttons, wheel);
+    }
+
+private:
+    PointerHandler m_pointerHandler;
 };

@@ -2,6 +2,8 @@
 #include "toolkit/core/VyApplication.h"
 
 #include "runtime/VyLog.h"
+#include "toolkit/core/VyDrag.h"
+#include "toolkit/core/VyMouseTrigger.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyPostedEventQueue.h"
 #include "toolkit/core/VyScreen.h"
@@ -10,10 +12,12 @@
 #include "toolkit/core/VyTimer.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyEvent.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/events/VyTimerEvent.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 
 namespace {
@@ -21,8 +25,19 @@ namespace {
 constexpr int kTickIntervalMs = 1000; // ms between two counts of VyApplication::seconds
 constexpr int kApplicationTimerCount = 3;
 const char* const kDefaultDisplayDevice = "/dev/fb0";
+constexpr int kEscapeKey = 0x1000000; // the toolkit key code of Escape / back
 
 VyApplication* g_application = nullptr;
+
+int64_t monotonicMilliseconds() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+int64_t wallClockSeconds() {
+    using namespace std::chrono;
+    return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
+}
 
 VyString& displayDevicePath() {
     static VyString path;
@@ -36,7 +51,9 @@ VyTimerCore::Clock& timerClock() {
 
 } // namespace
 
-VyApplication::VyApplication(int argc, char** argv) {
+VyApplication::VyApplication(int argc, char** argv)
+    : m_monotonicMs(&monotonicMilliseconds)
+    , m_wallSeconds(&wallClockSeconds) {
     (void)argc;
     (void)argv;
     VY_ASSERT(g_application == nullptr);
@@ -77,6 +94,11 @@ VyApplication::VyApplication(int argc, char** argv) {
     }
     if (!timerClock())
         m_threads.timerCore->start();
+    // A desktop window's own pointer takes the same path as the mouse device.
+    m_screen->setPointerHandler([](int x, int y, int buttons, int wheel) {
+        injectPointer(x, y, static_cast<uint8_t>(buttons), static_cast<int16_t>(wheel));
+    });
+    m_screen->startEventPump();
     m_singleShotTimer = std::make_unique<VySingleShotTimer>();
     m_tickTimerId = registerTimer(kTickIntervalMs, this, -1);
     for (int i = 0; i < kApplicationTimerCount; ++i)
@@ -172,6 +194,15 @@ bool VyApplication::sendEvent(VyObject* receiver, VyEvent* e) {
         return true;
     }
     VyApplication* app = g_application;
+    if (app && e->type() == VyEvent::KeyPress) {
+        app->noteInput();
+        // Escape ends a drag wherever the key was going.
+        if (app->m_drag && static_cast<VyKeyEvent*>(e)->key() == kEscapeKey) {
+            app->m_drag->cancel();
+            e->setAccepted(true);
+            return true;
+        }
+    }
     if (app) {
         // Indexed, not iterated: a filter may install or remove filters while it runs.
         for (int i = 0; i < int(app->m_eventFilters.size()); ++i) {
@@ -224,9 +255,35 @@ void VyApplication::timerEvent(VyTimerEvent* e) {
         return;
     ++m_seconds;
     emitSignal(this, &secondTick);
+    idleTick();
+}
+
+void VyApplication::idleTick() {
+    ++m_idleCount;
+    VyMouseTrigger::idleCountChanged(m_idleCount);
+}
+
+void VyApplication::noteInput() {
+    // A flood of input would otherwise walk every trigger once per sample.
+    const int64_t second = m_wallSeconds();
+    if (second == m_lastResetSecond)
+        return;
+    m_lastResetSecond = second;
+    m_idleCount = 0;
+    VyMouseTrigger::idleCountChanged(0);
+}
+
+void VyApplication::setInputClocks(Clock monotonicMs, Clock wallSeconds) {
+    m_monotonicMs = monotonicMs ? std::move(monotonicMs) : Clock(&monotonicMilliseconds);
+    m_wallSeconds = wallSeconds ? std::move(wallSeconds) : Clock(&wallClockSeconds);
 }
 
 void VyApplication::screenGeometryChanged() {
+    // The pointer's range follows the output; a pointer outside the new one is pulled in.
+    if (m_threads.mouseWatcher) {
+        const VyRect range = m_screen->clipRect();
+        m_threads.mouseWatcher->setBounds(range.left, range.top, range.right, range.bottom);
+    }
     VyEvent change(VyEvent::ScreenChange);
     sendEvent(this, &change);
 }
@@ -235,6 +292,10 @@ void VyApplication::injectPointer(int x, int y, uint8_t buttons, int16_t wheel) 
     VyApplication* app = g_application;
     if (!app)
         return;
+    if (app->m_threads.mouseWatcher) {
+        app->m_threads.mouseWatcher->moveTo(x, y, buttons, wheel, false);
+        return;
+    }
     // As the mouse reader does: the overlay follows at once, the widgets when the GUI
     // thread gets to the sample. The cursor has its own lock.
     if (app->m_screen && app->m_screen->cursor())

@@ -11,9 +11,11 @@
 #include "toolkit/core/VyTimerCore.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
+class VyDrag;
 class VyEvent;
 class VyMouseEvent;
 class VyObjectGuard;
@@ -90,11 +92,41 @@ public:
     void unregisterTimers(VyObject* receiver);
 
     // Seconds counted by the application's 1000 ms tick; `secondTick` is emitted after
-    // each increment (the idle counting of the input code listens to it).
+    // each increment.
     uint32_t seconds() const { return m_seconds; }
     VySignal secondTick;
 
-    // Posts a raw mouse sample to the application (App's remote pointer, the mouse reader).
+    // Idle counting: every tick adds one and hands the count to the inactivity triggers
+    // (VyMouseTrigger); input sets it back to 0, at most once per wall-clock second.
+    int idleCount() const { return m_idleCount; }
+    void idleTick();
+    // Input arrived (the mouse conversion calls it; the key handling must too).
+    void noteInput();
+
+    // Double clicks: a second press of the same button within this time and distance of
+    // the first one is delivered as MouseButtonDblClick.
+    static constexpr int kDoubleClickIntervalMs = 500;
+    static constexpr int kDoubleClickDistance = 4; // pixels on either axis
+    // Clocks of the input conversion: monotonic milliseconds for double clicks, wall-clock
+    // seconds for the idle reset. Tests pass their own.
+    using Clock = std::function<int64_t()>;
+    void setInputClocks(Clock monotonicMs, Clock wallSeconds);
+
+    // The cursor shape: the shape of the widget under the pointer, unless an override
+    // (busy while a request waits in a nested loop, a drag) is in force. Overrides nest.
+    void setOverrideCursor(int shape);
+    void restoreOverrideCursor();
+    int overrideCursorDepth() const { return static_cast<int>(m_overrideCursors.size()); }
+    // Sets the screen cursor to the shape that should show now; force reloads it even when
+    // the cursor already has that shape (after a drag drew its own image).
+    void updateCursorShape(bool force = false);
+
+    // The drag in progress (VyDrag::start), or null.
+    VyDrag* activeDrag() const { return m_drag; }
+
+    // A pointer sample from outside the mouse reader (App's remote pointer): moves the
+    // reader's position when there is a reader, so the two never disagree; otherwise moves
+    // the cursor and posts the raw sample itself.
     static void injectPointer(int x, int y, uint8_t buttons, int16_t wheel);
 
     // Widget side: focus, modal stack, hover and hit test.
@@ -123,11 +155,17 @@ protected:
 
 private:
     friend class VyObjectGuard;
+    friend class VyDrag;
     void addGuard(VyObjectGuard* guard);
     void removeGuard(VyObjectGuard* guard);
 
     void screenGeometryChanged();
     void handleRawMouse(VyRawMouseEvent* e);
+    // The press event type for a press of `button` at `pos`: a double click when it
+    // completes one.
+    int pressType(int button, VyPoint pos);
+    // A drag in progress takes the mouse: true when it consumed the sample.
+    bool dragHandlesRawMouse(VyPoint pos, int buttons);
     bool dispatchMouse(VyWidget* receiver, VyMouseEvent* e);
     bool dispatchWheel(VyWidget* receiver, VyEvent* e);
     void updateHover(VyWidget* widget, VyPoint global);
@@ -154,4 +192,15 @@ private:
     int m_rawButtons = 0;
     std::unique_ptr<VySingleShotTimer> m_singleShotTimer;
     std::vector<VyObjectGuard*> m_guards;
+
+    int m_idleCount = 0;
+    int64_t m_lastResetSecond = -1;
+    Clock m_monotonicMs;
+    Clock m_wallSeconds;
+    // The last press that may start a double click: its button, where and when.
+    int m_clickButton = 0;
+    VyPoint m_clickPos;
+    int64_t m_clickTimeMs = 0;
+    std::vector<int> m_overrideCursors;
+    VyDrag* m_drag = nullptr;
 };

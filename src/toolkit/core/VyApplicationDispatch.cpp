@@ -2,6 +2,7 @@
 // popup redirection, mouse targets, hover and propagation to the parents.
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyDrag.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyEvent.h"
@@ -10,6 +11,7 @@
 #include "toolkit/events/VyRawMouseEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
 
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -219,12 +221,49 @@ void VyApplication::updateHover(VyWidget* widget, VyPoint global) {
     }
 }
 
+int VyApplication::pressType(int button, VyPoint pos) {
+    const int64_t now = m_monotonicMs();
+    const VyPoint d = pos - m_clickPos;
+    if (button == m_clickButton && now - m_clickTimeMs <= kDoubleClickIntervalMs &&
+        std::abs(d.x) <= kDoubleClickDistance && std::abs(d.y) <= kDoubleClickDistance) {
+        // A third press starts a new pair rather than making a second double click.
+        m_clickButton = 0;
+        return VyEvent::MouseButtonDblClick;
+    }
+    m_clickButton = button;
+    m_clickPos = pos;
+    m_clickTimeMs = now;
+    return VyEvent::MouseButtonPress;
+}
+
+bool VyApplication::dragHandlesRawMouse(VyPoint pos, int buttons) {
+    VyPointer<VyDrag> drag(m_drag);
+    const int released = m_rawButtons & ~buttons;
+    m_rawPos = pos;
+    m_rawButtons = buttons;
+    m_lastMousePos = pos;
+    if (released) {
+        // The buttons let go end the grab their press took; the source gets no release.
+        for (int b : kMouseButtons)
+            if (released & b)
+                m_mouseGrab[grabSlot(b)] = nullptr;
+        if (buttons == 0) {
+            drag->dropAt(pos);
+            return true;
+        }
+    }
+    drag->pointerMoved(pos, buttons);
+    return true;
+}
+
 void VyApplication::handleRawMouse(VyRawMouseEvent* e) {
-    // The simplest faithful conversion of consecutive samples: a move when the position
-    // changed, then one press or release per changed button, then the wheel. Double clicks
-    // are not synthesised yet.
+    // Consecutive samples become a move when the position changed, then one press (or
+    // double click) or release per changed button, then the wheel.
+    noteInput();
     VyPoint pos = e->pos();
     int buttons = e->buttons() & 7;
+    if (m_drag && dragHandlesRawMouse(pos, buttons))
+        return;
     auto receiverFor = [this](VyPoint global, int held) -> VyObject* {
         if (held) {
             for (int b : kMouseButtons)
@@ -240,19 +279,25 @@ void VyApplication::handleRawMouse(VyRawMouseEvent* e) {
         notify(receiverFor(pos, m_rawButtons), &move);
     }
     for (int b : kMouseButtons) {
+        // A handler may have started a drag: it owns the rest of this sample.
+        if (m_drag)
+            break;
         if (((buttons ^ m_rawButtons) & b) == 0)
             continue;
         bool press = (buttons & b) != 0;
         int before = m_rawButtons;
         m_rawButtons = press ? (m_rawButtons | b) : (m_rawButtons & ~b);
-        VyMouseEvent click(press ? VyEvent::MouseButtonPress : VyEvent::MouseButtonRelease, pos,
-                           pos, static_cast<uint8_t>(b), static_cast<uint8_t>(m_rawButtons));
+        const int type = press ? pressType(b, pos) : int(VyEvent::MouseButtonRelease);
+        VyMouseEvent click(type, pos, pos, static_cast<uint8_t>(b),
+                           static_cast<uint8_t>(m_rawButtons));
         notify(receiverFor(pos, press ? 0 : before), &click);
     }
-    if (e->wheel() != 0) {
+    if (e->wheel() != 0 && !m_drag) {
         VyWheelEvent wheel(pos, pos, e->wheel(), static_cast<uint8_t>(m_rawButtons));
         notify(receiverFor(pos, 0), &wheel);
     }
+    if (!m_drag)
+        updateCursorShape();
 }
 
 void VyApplication::objectDestroyed(VyObject* object) {

@@ -6,6 +6,7 @@
 #include "platform/display/VyDisplayBackend.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/graphics/VyFbCanvas.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 
@@ -56,6 +57,7 @@ bool VyScreen::openBackend(const VyString& device) {
     m_lineLength = m_backend->lineLength();
     m_clipRect = VyRect::fromEdges(0, 0, m_width - 1, m_height - 1);
     m_presents = m_backend->needsPresent();
+    m_backend->setPointerHandler(m_pointerHandler);
     vyFrameworkLog("FrameBuffer length:%d(bytes), (%dx%d) \n", static_cast<int>(m_length), m_width,
                    m_height);
     if (m_backend->bitsPerPixel() != 16)
@@ -111,4 +113,26 @@ bool VyScreen::reopen(const VyString& device) {
         markDirty(-1, VyRegion(m_clipRect));
     emitSignal(this, &geometryChanged);
     return opened;
+}
+
+void VyScreen::setPointerHandler(VyDisplayBackend::PointerHandler handler) {
+    m_pointerHandler = std::move(handler);
+    if (m_backend)
+        m_backend->setPointerHandler(m_pointerHandler);
+}
+
+void VyScreen::startEventPump() {
+    if (m_pumpTimerId == 0 && m_backend && m_backend->needsEventPump())
+        m_pumpTimerId = startTimer(kEventPumpIntervalMs);
+}
+
+void VyScreen::timerEvent(VyTimerEvent* e) {
+    if (e->timerId() != m_pumpTimerId || !m_backend)
+        return;
+    // Outside the framebuffer mutex: the pointer handler moves the cursor, which takes it.
+    m_backend->pumpEvents();
+    if (m_backend->closeRequested() && !m_closeAnnounced) {
+        m_closeAnnounced = true;
+        emitSignal(this, &displayClosed);
+    }
 }

@@ -11,12 +11,12 @@
 #include <mutex>
 #include <vector>
 
+#include "platform/display/VyDisplayBackend.h"
 #include "runtime/VyRect.h"
 #include "runtime/VyRegion.h"
 #include "runtime/VyString.h"
 #include "toolkit/core/VyObject.h"
 
-class VyDisplayBackend;
 class VyFbCanvas;
 class VyScreenCursor;
 class VyWindowSurface;
@@ -101,6 +101,14 @@ public:
 
     bool event(VyEvent* e) override;
 
+    // Where pointer input of an output that has its own (a desktop window) goes, as
+    // absolute framebuffer positions; kept across reopens.
+    void setPointerHandler(VyDisplayBackend::PointerHandler handler);
+    // For outputs with an event queue of their own: takes their events every
+    // kEventPumpIntervalMs from the GUI thread (needs the timer service).
+    void startEventPump();
+    static constexpr int kEventPumpIntervalMs = 10;
+
     // Called by the cursor, from any thread, when it wrote to the framebuffer outside a
     // flush. Outputs that are not scanned out get an UpdateRequest so that the next turn
     // of the GUI thread presents the cursor's move.
@@ -110,6 +118,9 @@ public:
     VySignal geometryChanged;
     // Emitted once when the user closed a desktop window output (noticed at a flush).
     VySignal displayClosed;
+
+protected:
+    void timerEvent(VyTimerEvent* e) override;
 
 private:
     int indexOf(const VyWindowSurface* window) const;
@@ -146,4 +157,6 @@ private:
     int m_flushCount = 0;
     bool m_closeAnnounced = false;
     uint64_t m_flushedPixels = 0;
+    VyDisplayBackend::PointerHandler m_pointerHandler;
+    int m_pumpTimerId = 0;
 };

@@ -23,6 +23,16 @@ constexpr ShapeInfo kShapes[VyScreenCursor::ShapeCount] = {
     {"cursor-busy", {0, 0}},  {"cursor-openhand", {0, 0}},  {"cursor-closehand", {0, 0}},
 };
 
+// A cursor row is a few dozen pixels: fixed 16-byte copies (one vector move each) beat a
+// call to memcpy with a size it cannot see.
+inline void copyPixels(uint16_t* to, const uint16_t* from, int count) {
+    constexpr int kChunk = 8; // pixels in 16 bytes
+    for (; count >= kChunk; count -= kChunk, to += kChunk, from += kChunk)
+        std::memcpy(to, from, kChunk * sizeof(uint16_t));
+    for (; count > 0; --count)
+        *to++ = *from++;
+}
+
 bool validShape(int shape) {
     return shape >= 0 && shape < VyScreenCursor::ShapeCount;
 }
@@ -30,7 +40,8 @@ bool validShape(int shape) {
 } // namespace
 
 VyScreenCursor::VyScreenCursor(VyScreen* screen)
-    : m_screen(screen) {
+    : VyMouseTrigger(kHideAfterIdleTicks)
+    , m_screen(screen) {
     vyFrameworkLog("using software mouse\n");
     reinitialiseLocked();
     loadShape(Arrow);
@@ -66,6 +77,7 @@ bool VyScreenCursor::loadShape(int shape) {
     m_shape = shape;
     const VyString path = VyResources::path(imageName(shape, m_span));
     m_image = VyBitmap::loadPng(path);
+    prepareInk();
     m_hotspot = hotspot(shape, m_span);
     if (m_image.isNull()) {
         vyFrameworkLog("load cursor image (%s) failed !!!\n", path.c_str());
@@ -116,6 +128,7 @@ void VyScreenCursor::setImage(const VyBitmap& image, VyPoint hotspot) {
     changeUnderLocks([&] {
         restore();
         m_image = image;
+        prepareInk();
         m_hotspot = hotspot;
         redrawIfShown();
         return true;
@@ -175,6 +188,11 @@ VyRect VyScreenCursor::area() const {
     if (m_image.isNull())
         return VyRect();
     return VyRect(m_position - m_hotspot, VySize(m_image.width(), m_image.height()));
+}
+
+int VyScreenCursor::span() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_span;
 }
 
 VyRect VyScreenCursor::takeTouchedArea() {
@@ -237,10 +255,13 @@ void VyScreenCursor::save(VyPoint topLeft) {
     m_savedAt = topLeft;
     m_saved = true;
     const VyRect r = clippedArea(topLeft);
+    // Off the screen on either axis (a remote pointer may say so): nothing to save.
+    if (r.isEmpty())
+        return;
     for (int y = r.top; y <= r.bottom; ++y) {
         const uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
-        std::memcpy(&m_saveUnder[(y - topLeft.y) * w + (r.left - topLeft.x)], line + r.left * 2,
-                    static_cast<size_t>(r.width()) * 2);
+        copyPixels(&m_saveUnder[(y - topLeft.y) * w + (r.left - topLeft.x)],
+                   reinterpret_cast<const uint16_t*>(line) + r.left, r.width());
     }
 }
 
@@ -248,13 +269,46 @@ void VyScreenCursor::restore() {
     if (!m_saved || !m_base)
         return;
     const VyRect r = clippedArea(m_savedAt);
+    if (r.isEmpty())
+        return;
     m_touched = m_touched.united(r);
     for (int y = r.top; y <= r.bottom; ++y) {
         uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
-        std::memcpy(line + r.left * 2,
-                    &m_saveUnder[(y - m_savedAt.y) * m_saveWidth + (r.left - m_savedAt.x)],
-                    static_cast<size_t>(r.width()) * 2);
+        copyPixels(reinterpret_cast<uint16_t*>(line) + r.left,
+                   &m_saveUnder[(y - m_savedAt.y) * m_saveWidth + (r.left - m_savedAt.x)],
+                   r.width());
     }
+}
+
+void VyScreenCursor::prepareInk() {
+    // Converted once per image, so that a move copies runs of ready pixels instead of
+    // converting every pixel again.
+    const int w = m_image.width();
+    const int h = m_image.height();
+    m_ink.assign(static_cast<size_t>(w) * h, 0);
+    m_runs.clear();
+    m_rowRuns.assign(static_cast<size_t>(h) + 1, 0);
+    const uint8_t* src = m_image.constBits();
+    for (int y = 0; y < h; ++y) {
+        m_rowRuns[y] = static_cast<int>(m_runs.size());
+        int runStart = -1;
+        for (int x = 0; x <= w; ++x) {
+            const uint8_t* p = x < w ? src + (static_cast<size_t>(y) * w + x) * 4 : nullptr;
+            // No blending: every pixel that is not fully transparent is drawn full, top
+            // bit set; fully transparent ones leave the framebuffer as it is.
+            const bool ink = p && p[3] != 0;
+            if (ink) {
+                m_ink[static_cast<size_t>(y) * w + x] = static_cast<uint16_t>(
+                    0x8000 | (p[0] >> 3) << 10 | (p[1] >> 3) << 5 | (p[2] >> 3));
+                if (runStart < 0)
+                    runStart = x;
+            } else if (runStart >= 0) {
+                m_runs.push_back({runStart, x - runStart});
+                runStart = -1;
+            }
+        }
+    }
+    m_rowRuns[h] = static_cast<int>(m_runs.size());
 }
 
 void VyScreenCursor::draw() {
@@ -264,18 +318,21 @@ void VyScreenCursor::draw() {
     const int w = m_image.width();
     const VyRect r = VyRect(topLeft, VySize(w, m_image.height()))
                          .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
+    if (r.isEmpty())
+        return;
     m_touched = m_touched.united(r);
-    const uint8_t* bits = m_image.constBits();
+    const int first = r.left - topLeft.x; // visible image columns first .. last
+    const int last = r.right - topLeft.x;
     for (int y = r.top; y <= r.bottom; ++y) {
+        const int iy = y - topLeft.y;
         uint16_t* line =
             reinterpret_cast<uint16_t*>(m_base + static_cast<size_t>(y) * m_lineLength);
-        const uint8_t* src =
-            bits + (static_cast<size_t>(y - topLeft.y) * w + (r.left - topLeft.x)) * 4;
-        for (int x = r.left; x <= r.right; ++x, src += 4) {
-            // No blending: the cursor is drawn with full pixels, top bit set.
-            if (src[3] != 0)
-                line[x] = static_cast<uint16_t>(0x8000 | (src[0] >> 3) << 10 | (src[1] >> 3) << 5 |
-                                                (src[2] >> 3));
+        const uint16_t* ink = &m_ink[static_cast<size_t>(iy) * w];
+        for (int i = m_rowRuns[iy]; i < m_rowRuns[iy + 1]; ++i) {
+            const int from = std::max(m_runs[i].first, first);
+            const int to = std::min(m_runs[i].first + m_runs[i].second - 1, last);
+            if (from <= to)
+                copyPixels(line + (topLeft.x + from), ink + from, to - from + 1);
         }
     }
 }

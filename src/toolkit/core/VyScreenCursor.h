@@ -8,6 +8,7 @@
 // pixels before it writes and saves and draws again afterwards.
 #include <cstdint>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include "runtime/VyBitmap.h"
@@ -15,10 +16,14 @@
 #include "runtime/VyPoint.h"
 #include "runtime/VyRect.h"
 #include "runtime/VyString.h"
+#include "toolkit/core/VyMouseTrigger.h"
 
 class VyScreen;
 
-class VyScreenCursor {
+// An inactivity trigger too: it hides itself after kHideAfterIdleTicks application ticks
+// without input, so that it does not sit over live video, and shows again on the next
+// input.
+class VyScreenCursor : public VyMouseTrigger {
 public:
     enum Shape {
         Arrow,
@@ -42,9 +47,15 @@ public:
     // Outputs at least this wide (right edge minus left edge) use the "-max" images and
     // doubled hotspots.
     static constexpr int kLargeScreenSpan = 1920; // pixels
+    // Images used as they are, whatever the output's size: drag and drop's drop cursor and
+    // the playback view's open hand.
+    static constexpr const char* kDropImage = "cursor-image/cursor-drop.png";
+    static constexpr const char* kOpenHandImage = "cursor-image/cursor-openhand.png";
+    // Idle ticks (seconds) without input before the cursor hides.
+    static constexpr int kHideAfterIdleTicks = 10;
 
     explicit VyScreenCursor(VyScreen* screen);
-    ~VyScreenCursor();
+    ~VyScreenCursor() override;
     VY_DISABLE_COPY_MOVE(VyScreenCursor)
 
     // The shape's name ("arrow", "cursor-hand", ...); null for an unknown number.
@@ -70,6 +81,11 @@ public:
     bool isShown() const;
     // The rectangle the image covers on screen now (unclipped), empty with no image.
     VyRect area() const;
+    // The drawing area's right edge minus its left edge, which picks the image size.
+    int span() const;
+
+    void onActivity() override { show(); }
+    void onIdleTimeout() override { hide(); }
 
 private:
     friend class VyScreen;
@@ -94,6 +110,8 @@ private:
     void save(VyPoint topLeft);
     void restore();
     void draw();
+    // The image as framebuffer pixels and, per row, its runs of drawn pixels.
+    void prepareInk();
     VyRect clippedArea(VyPoint topLeft) const;
     bool loadShape(int shape);
 
@@ -114,6 +132,9 @@ private:
     bool m_shown = true;
     VyRect m_touched;
     bool m_touchNoticed = false;
+    std::vector<uint16_t> m_ink;
+    std::vector<std::pair<int, int>> m_runs; // first column, length
+    std::vector<int> m_rowRuns;              // row y's runs: [m_rowRuns[y], m_rowRuns[y + 1])
     std::vector<uint16_t> m_saveUnder;
     int m_saveWidth = 0;
     int m_saveHeight = 0;

@@ -135,7 +135,10 @@ bool VyWidget::event(VyEvent* e) {
 void VyWidget::paintEvent(VyPaintEvent*) {}
 void VyWidget::mousePressEvent(VyMouseEvent*) {}
 void VyWidget::mouseReleaseEvent(VyMouseEvent*) {}
-void VyWidget::mouseDoubleClickEvent(VyMouseEvent*) {}
+void VyWidget::mouseDoubleClickEvent(VyMouseEvent* e) {
+    // A widget that does not tell double clicks apart sees a second press.
+    mousePressEvent(e);
+}
 void VyWidget::mouseMoveEvent(VyMouseEvent*) {}
 void VyWidget::wheelEvent(VyWheelEvent*) {}
 void VyWidget::keyPressEvent(VyKeyEvent*) {}
@@ -380,4 +383,23 @@ void VyWidget::requestParentLayout() {
 void VyWidget::invalidateStyle() {
     m_styleFontSize = kStyleReloadSentinel;
     styleChanged();
+}
+
+void VyWidget::setCursorShape(int shape) {
+    m_cursorShape = shape < 0 ? -1 : shape;
+    // The pointer may be over this widget or one that inherits from it.
+    if (VyApplication* app = VyApplication::instance())
+        app->updateCursorShape();
+}
+
+void VyWidget::unsetCursorShape() {
+    setCursorShape(-1);
+}
+
+int VyWidget::cursorShape() const {
+    for (const VyWidget* w = this; w; w = w->isWindow() ? nullptr : w->parentWidget()) {
+        if (w->m_cursorShape >= 0)
+            return w->m_cursorShape;
+    }
+    return 0; // the arrow
 }

@@ -42,6 +42,7 @@ public:
         SurfaceCreated = 10,
         ExcludedFromScreen = 14, // left out of composition
         Modal = 18,
+        AcceptDrops = 21, // a drop target: receives the drag events of a VyDrag
     };
     static constexpr int kAttributeCount = 32;
 
@@ -195,6 +196,13 @@ public:
     // the window's tree, each with its own copy of the region in its own coordinates.
     static void paintWindow(VyWindowSurface* surface, const VyRegion& region);
 
+    // The cursor shape (a VyScreenCursor::Shape) shown while the pointer is over the widget;
+    // a widget without one of its own shows its parent's, a window without one the arrow.
+    void setCursorShape(int shape);
+    void unsetCursorShape();
+    bool hasCursorShape() const { return m_cursorShape >= 0; }
+    int cursorShape() const;
+
     int styleFontSize() const { return m_styleFontSize; }
     void setStyleFontSize(int size) { m_styleFontSize = size; }
     void invalidateStyle();
@@ -224,4 +232,5 @@ private:
     // A child object once set (the layout is deleted with the widget).
     VyLayout* m_layout = nullptr;
     int m_styleFontSize = kStyleReloadSentinel;
+    int m_cursorShape = -1; // -1: the parent's
 };

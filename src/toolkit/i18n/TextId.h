@@ -4,25 +4,26 @@
 // add or change a text there and run the script, never here.
 #include <cstdint>
 
+// clang-format off: the script writes this file, the check compares it byte for byte.
 namespace TextId {
 namespace Common {
-constexpr uint32_t Ok = 100001;          // OK
-constexpr uint32_t Close = 100002;       // Close
-constexpr uint32_t Keep = 100003;        // Keep
-constexpr uint32_t Revert = 100004;      // Revert
+constexpr uint32_t Ok = 100001; // OK
+constexpr uint32_t Close = 100002; // Close
+constexpr uint32_t Keep = 100003; // Keep
+constexpr uint32_t Revert = 100004; // Revert
 constexpr uint32_t Information = 100005; // Information
 } // namespace Common
 namespace SystemNotice {
 constexpr uint32_t ShuttingDown = 101001; // NVR is shutting Down......
-constexpr uint32_t DeviceBusy = 101002;   // The device is busy, please wait......
+constexpr uint32_t DeviceBusy = 101002; // The device is busy, please wait......
 } // namespace SystemNotice
 namespace Resolution {
-constexpr uint32_t Title = 102001;        // Output Resolution
-constexpr uint32_t NotKept = 102002;      // The new output resolution was not kept; %1 is in use.
+constexpr uint32_t Title = 102001; // Output Resolution
+constexpr uint32_t NotKept = 102002; // The new output resolution was not kept; %1 is in use.
 constexpr uint32_t KeepQuestion = 102003; // Keep the output resolution %1? It is reverted in %2 s.
 } // namespace Resolution
 namespace Wizard {
-constexpr uint32_t Title = 102101;   // Start-up Wizard
+constexpr uint32_t Title = 102101; // Start-up Wizard
 constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through the first settings.
 } // namespace Wizard
 namespace LiveView {
@@ -46,3 +47,4 @@ constexpr uint32_t kAll[] = {
     LiveView::SplitLayout,
 };
 } // namespace TextId
+// clang-format on

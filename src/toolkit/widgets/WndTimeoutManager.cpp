@@ -1,13 +1,10 @@
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyTimer.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyEvent.h"
 
 namespace {
-
-constexpr int kMsPerSecond = 1000;
 
 bool isInput(int type) {
     return (type >= VyEvent::RawMouse && type <= VyEvent::Wheel) || type == VyEvent::KeyPress;
@@ -17,9 +14,8 @@ bool isInput(int type) {
 
 WndTimeoutManager::WndTimeoutManager(VyObject* parent)
     : VyObject(parent)
-    , m_timer(new VyTimer(this)) {
-    m_timer->setSingleShot(true);
-    connect(m_timer, &m_timer->timeout, this, VY_SLOT(WndTimeoutManager, onTimeout));
+    , VyMouseTrigger(kDefaultTimeoutSeconds) {
+    VyMouseTrigger::setEnabled(false);
     if (VyApplication* app = VyApplication::instance())
         app->installEventFilter(this);
 }
@@ -29,36 +25,27 @@ WndTimeoutManager::~WndTimeoutManager() {
         app->removeEventFilter(this);
 }
 
-void WndTimeoutManager::setEnabled(bool enabled) {
-    m_enabled = enabled;
-    if (enabled)
-        restart();
-    else
-        m_timer->stop();
+int WndTimeoutManager::periodTicks() const {
+    return m_timeoutSeconds == 0 ? kZeroTimeoutSeconds : m_timeoutSeconds;
 }
 
 void WndTimeoutManager::setTimeoutSeconds(int seconds) {
     m_timeoutSeconds = seconds < 0 ? 0 : seconds;
-    if (m_timer->isActive())
-        restart();
+    setThreshold(periodTicks());
 }
 
-int WndTimeoutManager::currentIntervalMs() const {
-    return m_timer->isActive() ? m_timer->interval() : 0;
-}
-
-bool WndTimeoutManager::isTimerActive() const {
-    return m_timer->isActive();
-}
-
-void WndTimeoutManager::restart() {
-    int seconds = m_timeoutSeconds == 0 ? kZeroTimeoutSeconds : m_timeoutSeconds;
-    m_timer->start(kMsPerSecond * seconds);
+void WndTimeoutManager::rearm() {
+    setThreshold(periodTicks());
 }
 
 void WndTimeoutManager::notifyActivity() {
-    if (m_enabled)
-        restart();
+    rearm();
+    if (VyApplication* app = VyApplication::instance())
+        app->noteInput();
+}
+
+void WndTimeoutManager::onActivity() {
+    rearm();
 }
 
 bool WndTimeoutManager::eligible(const VyWidget* window) const {
@@ -69,20 +56,26 @@ bool WndTimeoutManager::eligible(const VyWidget* window) const {
     return (m_flags & CloseModalWindows) != 0 && window->testAttribute(VyWidget::Modal);
 }
 
-void WndTimeoutManager::onTimeout() {
+void WndTimeoutManager::onIdleTimeout() {
     VyApplication* app = VyApplication::instance();
-    if (!m_enabled || !app)
+    if (!app)
         return;
     VyWidget* top = app->activeModalWidget();
     if (!eligible(top))
         return; // something that must stay open is on top: wait for input
     top->close();
-    if (app->activeModalWidget())
-        restart();
+    if (eligible(app->activeModalWidget())) {
+        // The count, one past the threshold now, keeps rising: the next window goes a
+        // whole period later.
+        setThreshold(threshold() + 1 + periodTicks());
+        setTimedOut(false);
+    }
 }
 
 bool WndTimeoutManager::eventFilter(VyObject*, VyEvent* e) {
+    // The idle count drops back to 0 on input, but this trigger only hears of it when it
+    // had timed out; a manager waiting for its next window must start over too.
     if (isInput(e->type()))
-        notifyActivity();
+        rearm();
     return false;
 }

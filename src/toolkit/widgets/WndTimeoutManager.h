@@ -1,15 +1,16 @@
 #pragma once
-// Closes the open modal windows and popups one by one after a period without input: when
-// the period runs out the topmost one is closed and the period starts again, so a stack
-// of three menus goes away in three steps. Any toolkit input (mouse, wheel, keys) restarts
-// the period; the key manager, whose recorder-level key events filters never see, calls
-// notifyActivity() itself.
+// Closes the open modal windows and popups one by one after a period without input: it is
+// an inactivity trigger on the application's idle count (one tick a second), so when the
+// count passes the period the topmost one is closed, and while more stay open the next
+// closes one period later. Any input sets the idle count back (the application does that
+// for the mouse and toolkit keys; the key manager, whose recorder-level key events filters
+// never see, calls notifyActivity()).
+#include "toolkit/core/VyMouseTrigger.h"
 #include "toolkit/core/VyObject.h"
 
-class VyTimer;
 class VyWidget;
 
-class WndTimeoutManager : public VyObject {
+class WndTimeoutManager : public VyObject, public VyMouseTrigger {
     VY_OBJECT(WndTimeoutManager, VyObject)
 public:
     // What a time-out may close.
@@ -23,31 +24,31 @@ public:
     ~WndTimeoutManager() override;
 
     // Disabled by default: the settings page that owns the menu time-out turns it on.
-    void setEnabled(bool enabled);
-    bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled) { VyMouseTrigger::setEnabled(enabled); }
+    bool isEnabled() const { return VyMouseTrigger::isEnabled(); }
     void setFlags(int flags) { m_flags = flags; }
     int flags() const { return m_flags; }
     // Seconds without input before the topmost window closes; 0 counts as 6.
     void setTimeoutSeconds(int seconds);
     int timeoutSeconds() const { return m_timeoutSeconds; }
-    // The single-shot interval now in use, in ms (0 while stopped).
-    int currentIntervalMs() const;
-    bool isTimerActive() const;
+    // The idle ticks one period lasts.
+    int periodTicks() const;
 
     // Input arrived: the period starts again.
     void notifyActivity();
-    // The period ran out: closes the topmost eligible window and starts the next period
-    // while windows remain open.
-    void onTimeout();
+
+    void onActivity() override;
+    // The period ran out: closes the topmost eligible window; while windows remain open the
+    // next one closes a period later.
+    void onIdleTimeout() override;
 
     bool eventFilter(VyObject* watched, VyEvent* e) override;
 
 private:
     bool eligible(const VyWidget* window) const;
-    void restart();
+    // Back to one period after the last input.
+    void rearm();
 
-    VyTimer* m_timer;
-    bool m_enabled = false;
     int m_flags = CloseModalWindows | ClosePopups;
     int m_timeoutSeconds = kDefaultTimeoutSeconds;
 };

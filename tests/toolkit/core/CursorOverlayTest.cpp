@@ -72,8 +72,9 @@ TEST(CursorOverlay, DrawsWithoutBlendingAndRestoresTheExactPixels) {
 
     cursor->setImage(cursorImage(), VyPoint(1, 1));
     cursor->show();
-    // Inside, across each edge and entirely off the screen.
-    const VyPoint places[] = {{10, 10}, {0, 0}, {31, 23}, {-2, 12}, {30, 1}, {500, 500}, {12, 5}};
+    // Inside, across each edge and off the screen on one axis or both.
+    const VyPoint places[] = {{10, 10},   {0, 0},    {31, 23},   {-2, 12}, {30, 1},
+                              {500, 500}, {500, 10}, {10, -300}, {12, 5}};
     for (VyPoint p : places) {
         cursor->setPosition(p.x, p.y);
         const std::vector<uint16_t> now = snapshot(s);

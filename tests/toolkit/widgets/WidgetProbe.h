@@ -36,6 +36,7 @@ public:
     void mousePressEvent(VyMouseEvent* e) override { mouse("press", e); }
     void mouseReleaseEvent(VyMouseEvent* e) override { mouse("release", e); }
     void mouseMoveEvent(VyMouseEvent* e) override { mouse("move", e); }
+    void mouseDoubleClickEvent(VyMouseEvent* e) override { mouse("double", e); }
     void enterEvent(VyEvent*) override { note("enter"); }
     void leaveEvent(VyEvent*) override { note("leave"); }
     void hoverEnterEvent(VyHoverEvent*) override { note("hoverEnter"); }

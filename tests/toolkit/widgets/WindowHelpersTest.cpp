@@ -1,20 +1,28 @@
 #include "WidgetProbe.h"
 
-#include "toolkit/core/VyTimer.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/widgets/WindowBlocker.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 using WindowHelpers = CoreAppTest;
 
+namespace {
+
+void idleFor(VyApplication* app, int ticks) {
+    for (int i = 0; i < ticks; ++i)
+        app->idleTick();
+}
+
+} // namespace
+
 TEST_F(WindowHelpers, TimeoutClosesPopupsAndModalWindowsOneByOne) {
     WndTimeoutManager manager;
     EXPECT_EQ(manager.timeoutSeconds(), 60);
-    EXPECT_FALSE(manager.isTimerActive());
-    manager.setEnabled(true);
-    EXPECT_EQ(manager.currentIntervalMs(), 60000);
+    EXPECT_FALSE(manager.isEnabled());
     manager.setTimeoutSeconds(0);
-    EXPECT_EQ(manager.currentIntervalMs(), 6000);
+    EXPECT_EQ(manager.periodTicks(), 6);
+    manager.setTimeoutSeconds(5);
+    manager.setEnabled(true);
 
     Probe main("main", nullptr, VyRect(0, 0, 320, 240));
     main.show();
@@ -26,42 +34,61 @@ TEST_F(WindowHelpers, TimeoutClosesPopupsAndModalWindowsOneByOne) {
     menu.setGeometry(20, 20, 50, 50);
     menu.show();
 
-    manager.onTimeout();
+    app()->setInputClocks(nullptr, [] { return int64_t(1000); });
+    app()->noteInput();
+    idleFor(app(), 5);
+    EXPECT_TRUE(menu.isVisible()); // 5 ticks is the period, not past it
+    idleFor(app(), 1);
     EXPECT_FALSE(menu.isVisible());
     EXPECT_TRUE(dialog.isVisible());
-    EXPECT_TRUE(manager.isTimerActive()); // another one is still open
-    manager.onTimeout();
+    idleFor(app(), 5);
+    EXPECT_TRUE(dialog.isVisible());
+    idleFor(app(), 1);
     EXPECT_FALSE(dialog.isVisible());
+    idleFor(app(), 30);
     EXPECT_TRUE(main.isVisible()); // neither modal nor popup
-    manager.onTimeout();
-    EXPECT_TRUE(main.isVisible());
 }
 
-TEST_F(WindowHelpers, InputRestartsTheTimeoutAndFlagsGateWhatCloses) {
+TEST_F(WindowHelpers, InputRestartsThePeriodAndFlagsGateWhatCloses) {
     WndTimeoutManager manager;
     manager.setEnabled(true);
     manager.setTimeoutSeconds(5);
-    Probe popup("popup", nullptr, nullptr, VyWidget::Popup);
-    popup.setGeometry(0, 0, 50, 50);
-    popup.show();
-    manager.setFlags(WndTimeoutManager::CloseModalWindows);
-    manager.onTimeout();
-    EXPECT_TRUE(popup.isVisible());
+    Probe first("first", nullptr, nullptr, VyWidget::Popup);
+    first.setGeometry(0, 0, 50, 50);
+    first.show();
+    Probe second("second", nullptr, nullptr, VyWidget::Popup);
+    second.setGeometry(0, 0, 40, 40);
+    second.show();
+    int64_t wallSecond = 1000;
+    app()->setInputClocks(nullptr, [&wallSecond] { return wallSecond; });
 
-    VyTimer* timer = nullptr;
-    for (VyObject* child : manager.children())
-        if (child->inherits("VyTimer"))
-            timer = static_cast<VyTimer*>(child);
-    ASSERT_NE(timer, nullptr);
-    timer->stop();
+    app()->noteInput();
+    idleFor(app(), 6);
+    EXPECT_FALSE(second.isVisible());
+    // A key in a new second sets the count back: the next window waits a whole period.
+    ++wallSecond;
     VyKeyEvent key(VyEvent::KeyPress, 1);
-    VyApplication::sendEvent(&popup, &key);
-    EXPECT_TRUE(manager.isTimerActive());
-    EXPECT_EQ(manager.currentIntervalMs(), 5000);
+    VyApplication::sendEvent(&first, &key);
+    EXPECT_EQ(app()->idleCount(), 0);
+    idleFor(app(), 5);
+    EXPECT_TRUE(first.isVisible());
+    idleFor(app(), 1);
+    EXPECT_FALSE(first.isVisible());
 
+    Probe third("third", nullptr, nullptr, VyWidget::Popup);
+    third.setGeometry(0, 0, 50, 50);
+    third.show();
+    manager.setFlags(WndTimeoutManager::CloseModalWindows);
+    ++wallSecond;
+    manager.notifyActivity();
+    idleFor(app(), 20);
+    EXPECT_TRUE(third.isVisible());
+    manager.setFlags(WndTimeoutManager::ClosePopups);
     manager.setEnabled(false);
-    VyApplication::sendEvent(&popup, &key);
-    EXPECT_FALSE(manager.isTimerActive());
+    ++wallSecond;
+    manager.notifyActivity();
+    idleFor(app(), 20);
+    EXPECT_TRUE(third.isVisible());
 }
 
 TEST_F(WindowHelpers, BlockerSwallowsInputToItsWindowOnlyWhileItLives) {

@@ -1,7 +1,10 @@
 #pragma once
 // A desktop window that shows the framebuffer: pixels live in memory as on the device, and
-// every flush presents the rectangles it changed. SDL is used only from the thread that
-// flushes (the GUI thread).
+// every flush presents the rectangles it changed. The window is sized to fit the desktop
+// (scaled by a whole factor when the framebuffer fits, by a fraction when it does not) and
+// may be resized; the desktop's cursor is hidden over it, so the GUI's own software cursor
+// is the one the user sees, fed by the window's pointer events mapped back to framebuffer
+// pixels. SDL is used only from the GUI thread.
 #include <vector>
 
 #include "platform/display/VyDisplayBackend.h"
@@ -25,11 +28,15 @@ public:
     size_t length() const override { return m_memory.size() * 2; }
     bool needsPresent() const override { return true; }
     void present(const VyRect* rects, int count) override;
+    bool needsEventPump() const override { return true; }
+    void pumpEvents() override;
 
     bool closeRequested() const override { return m_closeRequested; }
     int presentCount() const { return m_presentCount; }
 
 private:
+    void render();
+
     int m_width;
     int m_height;
     std::vector<uint16_t> m_memory;
@@ -40,4 +47,5 @@ private:
     SDL_Texture* m_texture = nullptr;
     int m_presentCount = 0;
     bool m_closeRequested = false;
+    int m_buttons = 0;
 };
