@@ -56,10 +56,11 @@ void VyStyle::onScreenDestroyed() {
 }
 
 VyBitmap VyStyle::image(const VyString& path) {
-    auto it = m_images.find(path);
+    // Keyed by the resolved file, so that a new resources root is not served old images.
+    const VyString file = VyResources::path(path);
+    auto it = m_images.find(file);
     if (it != m_images.end())
         return it->second;
-    const VyString file = VyResources::path(path);
     VyBitmap bitmap;
     if (::access(file.c_str(), F_OK) == 0)
         bitmap = VyBitmap::loadPng(file);
@@ -67,18 +68,20 @@ VyBitmap VyStyle::image(const VyString& path) {
     // The miss is cached, so this is said once per path.
     if (bitmap.isNull())
         vyFrameworkLog("load image %s failed, a drawn shape stands in !!!\n", file.c_str());
-    m_images.insert(path, bitmap);
+    m_images.insert(file, bitmap);
     return bitmap;
 }
 
 VyBitmap VyStyle::imageForScale(const VyString& path, float horizontalScale) {
     if (horizontalScale > 1.0f && path.endsWith(".png")) {
         const VyString large = path.left(path.length() - 4) + "-max.png";
-        auto it = m_images.find(large);
-        if (it != m_images.end() && !it->second.isNull())
-            return it->second;
-        if (it == m_images.end() && ::access(VyResources::path(large).c_str(), F_OK) == 0)
-            return image(large);
+        // Only a shipped "-max" image is loaded; its absence is no error.
+        if (m_images.find(VyResources::path(large)) != m_images.end() ||
+            ::access(VyResources::path(large).c_str(), F_OK) == 0) {
+            const VyBitmap bitmap = image(large);
+            if (!bitmap.isNull())
+                return bitmap;
+        }
     }
     return image(path);
 }

@@ -147,5 +147,5 @@ private:
     VyScreen* m_screen = nullptr;
     float m_horizontalScale = 1.0f;
     float m_verticalScale = 1.0f;
-    VyMap<VyString, VyBitmap> m_images;
+    VyMap<VyString, VyBitmap> m_images; // by resolved file path
 };

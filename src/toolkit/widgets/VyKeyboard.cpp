@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyResources.h"

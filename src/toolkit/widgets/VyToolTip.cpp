@@ -45,21 +45,25 @@ void VyToolTip::setToolTip(VyWidget* widget, const VyString& text) {
         widget->installEventFilter(this);
         connect(widget, &widget->destroyed, this, VY_SLOT(VyToolTip, watchedDestroyed));
     }
-    m_texts[widget] = text;
+    m_texts[widget] = Entry{text, widget};
 }
 
 VyString VyToolTip::toolTip(VyWidget* widget) const {
     auto it = m_texts.find(widget);
-    return it == m_texts.end() ? VyString() : it->second;
+    return it == m_texts.end() ? VyString() : it->second.text;
 }
 
 void VyToolTip::watchedDestroyed(VyObject* sender) {
-    auto it = m_texts.find(static_cast<VyWidget*>(sender));
-    if (it == m_texts.end())
+    // The sender is being destroyed and is no VyWidget any more: compare addresses only.
+    for (auto it = m_texts.begin(); it != m_texts.end(); ++it) {
+        if (it->second.object != sender)
+            continue;
+        const bool current = m_current == it->first;
+        m_texts.erase(it);
+        if (current)
+            hideTip();
         return;
-    m_texts.erase(it);
-    if (m_current == sender)
-        hideTip();
+    }
 }
 
 bool VyToolTip::eventFilter(VyObject* watched, VyEvent* e) {

@@ -35,7 +35,11 @@ private:
     void showTip();
     void hideTip();
 
-    std::map<VyWidget*, VyString> m_texts;
+    struct Entry {
+        VyString text;
+        const VyObject* object; // the widget as an object, to be recognised while it dies
+    };
+    std::map<VyWidget*, Entry> m_texts;
     VyWidget* m_current = nullptr;
     VyStringList m_lines;
     int m_timer = 0;

@@ -252,5 +252,18 @@ TEST(StyleImages, FixedImagePathsResolveBelowTheResourcesRootAndMayBeMissing) {
     EXPECT_EQ(slider.handle.value(VyStyleHover).path, "images/slider-handle-hover.png");
     EXPECT_FALSE(slider.handle.isSet(VyStyleHover));
     EXPECT_FALSE(style.option().get<VyCheckBoxOption>().checked.isSet(VyStyleNormal));
+
+    // Wider outputs take the doubled "-max" image where one is shipped, the normal one where not.
+    VyBitmap large(8, 6);
+    large.fill(0xFF405060);
+    ASSERT_TRUE(large.savePng((root + "/images/slider-handle-max.png").c_str()));
+    style.apply(sheet(""), 2.0f, 2.0f);
+    EXPECT_EQ(style.option().get<VySliderOption>().handle.value(VyStyleNormal).bitmap.width(), 8);
+    style.apply(sheet(""), 1.0f, 1.0f);
+    EXPECT_EQ(style.option().get<VySliderOption>().handle.value(VyStyleNormal).bitmap.width(), 4);
+    // Another root is not served the images cached for the first one.
+    VyResources::setRoot((root + "/elsewhere").c_str());
+    style.apply(sheet(""), 1.0f, 1.0f);
+    EXPECT_FALSE(style.option().get<VySliderOption>().handle.isSet(VyStyleNormal));
     VyResources::setRoot("");
 }
