@@ -192,8 +192,8 @@ public:
     }
     void paintEvent(VyPaintEvent*) override {
         canvas()->fillRect(rect(), 0xff303030);
-        canvas()->drawText(rect(), VyCanvas::AlignLeft | VyCanvas::AlignVCenter, m_text,
-                           kPixelSize, 0xffffffff);
+        canvas()->drawText(rect(), VyCanvas::AlignLeft | VyCanvas::AlignVCenter, m_text, kPixelSize,
+                           0xffffffff);
     }
 
 private:

@@ -26,8 +26,10 @@ std::vector<std::string> protocolHeaders() {
     if (DIR* d = opendir(dir.c_str())) {
         while (dirent* e = readdir(d)) {
             const std::string name = e->d_name;
-            if (name.size() > 2 && name.compare(name.size() - 2, 2, ".h") == 0)
-                out.push_back(dir + "/" + name);
+            if (name.size() > 2 && name.compare(name.size() - 2, 2, ".h") == 0) {
+                out.push_back(dir);
+                out.back().append("/").append(name);
+            }
         }
         closedir(d);
     }

@@ -32,12 +32,13 @@ std::pair<double, int> colourError(const VyBitmap& a, const VyBitmap& b) {
     long sum = 0;
     int max = 0;
     const int n = a.width() * a.height() * 4;
+    const int colourChannels = a.width() * a.height() * 3;
     for (int i = 0; i < n; ++i) {
         const int d = i % 4 == 3 ? 0 : std::abs(a.constBits()[i] - b.constBits()[i]);
         sum += d;
         max = std::max(max, d);
     }
-    return {static_cast<double>(sum) / (n / 4 * 3), max};
+    return {static_cast<double>(sum) / colourChannels, max};
 }
 
 // A flat-coloured JPEG written straight through libjpeg, for colour spaces that
@@ -74,8 +75,8 @@ std::vector<uint8_t> flatJpeg(J_COLOR_SPACE space, int components, const uint8_t
 
 void expectNear(vyargb got, vyargb want, int tolerance) {
     for (int shift = 0; shift < 32; shift += 8) {
-        const int g = (got >> shift) & 0xFF;
-        const int w = (want >> shift) & 0xFF;
+        const int g = static_cast<int>((got >> shift) & 0xFF);
+        const int w = static_cast<int>((want >> shift) & 0xFF);
         EXPECT_LE(std::abs(g - w), tolerance) << std::hex << got << " vs " << want;
     }
 }

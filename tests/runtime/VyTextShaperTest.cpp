@@ -107,7 +107,9 @@ TEST_F(ShaperTest, ARepeatedLineIsShapedOnce) {
 
 TEST_F(ShaperTest, CodePointsNoFontHasBecomeBoxesAndBadBytesTheReplacementCharacter) {
     // A private-use code point of plane 16 between two letters.
-    const VyShapedText& s = engine.shaper().shape("A\xF4\x8F\xBF\xBD" "B", 20);
+    const VyShapedText& s = engine.shaper().shape("A\xF4\x8F\xBF\xBD"
+                                                  "B",
+                                                  20);
     ASSERT_EQ(s.glyphs.size(), 3u);
     EXPECT_EQ(s.glyphs[1].face, VyFontEngine::kNoFace);
     const VyGlyph* box = engine.glyphByIndex(VyFontEngine::kNoFace, 0, 20);
@@ -119,7 +121,9 @@ TEST_F(ShaperTest, CodePointsNoFontHasBecomeBoxesAndBadBytesTheReplacementCharac
     EXPECT_EQ(s.glyphs[2].x - s.glyphs[1].x, box->advance);
 
     // A stray continuation byte decodes as U+FFFD, which some face draws or the box shows.
-    const VyShapedText& bad = engine.shaper().shape("A\x80" "B", 20);
+    const VyShapedText& bad = engine.shaper().shape("A\x80"
+                                                    "B",
+                                                    20);
     ASSERT_EQ(bad.glyphs.size(), 3u);
     EXPECT_GT(bad.glyphs[2].x, bad.glyphs[1].x);
 }

@@ -71,6 +71,7 @@ public:
             std::vector<std::string> args = execPrefix();
             args.push_back(program);
             std::vector<char*> argv;
+            argv.reserve(args.size() + 1);
             for (std::string& a : args)
                 argv.push_back(a.data());
             argv.push_back(nullptr);

@@ -51,8 +51,7 @@ VyBitmap compose(const VyBitmap& image, VyPoint imageHotspot, const VyBitmap& cu
     const int left = std::min(-imageHotspot.x, -cursorHotspot.x);
     const int top = std::min(-imageHotspot.y, -cursorHotspot.y);
     const int right = std::max(image.width() - imageHotspot.x, cursor.width() - cursorHotspot.x);
-    const int bottom =
-        std::max(image.height() - imageHotspot.y, cursor.height() - cursorHotspot.y);
+    const int bottom = std::max(image.height() - imageHotspot.y, cursor.height() - cursorHotspot.y);
     VyBitmap out(right - left, bottom - top);
     if (out.isNull()) {
         *hotspot = cursorHotspot;

@@ -1,5 +1,14 @@
 #include "toolkit/input/VyMousePacketDecoder.h"
 
+namespace {
+
+// A two's-complement byte of the packet, as the device means it.
+int signedByte(uint8_t b) {
+    return b < 0x80 ? int(b) : int(b) - 0x100;
+}
+
+} // namespace
+
 VyMousePacketDecoder::Verdict VyMousePacketDecoder::check() const {
     if (!(m_bytes[0] & kSyncBit))
         return kMisframed;
@@ -7,7 +16,7 @@ VyMousePacketDecoder::Verdict VyMousePacketDecoder::check() const {
         return kIncomplete;
     // A wheel reports a notch or two per sample; a fourth byte beyond a 4-bit count is the
     // first byte of the next packet (bit 3 set), seen through a lost byte.
-    const int wheel = static_cast<int8_t>(m_bytes[3]);
+    const int wheel = signedByte(m_bytes[3]);
     if (wheel < kMinWheelCount || wheel > kMaxWheelCount)
         return kMisframed;
     if (m_bytes[0] & kOverflowBits)
@@ -25,9 +34,9 @@ VyMousePacketDecoder::Verdict VyMousePacketDecoder::check() const {
 VyMousePacket VyMousePacketDecoder::decode() const {
     VyMousePacket p;
     p.buttons = m_bytes[0] & kButtonBits;
-    p.dx = static_cast<int8_t>(m_bytes[1]);
-    p.dy = static_cast<int8_t>(m_bytes[2]);
-    p.wheel = static_cast<int8_t>(m_bytes[3]) * kWheelStep;
+    p.dx = signedByte(m_bytes[1]);
+    p.dy = signedByte(m_bytes[2]);
+    p.wheel = signedByte(m_bytes[3]) * kWheelStep;
     return p;
 }
 

@@ -12,8 +12,8 @@
 
 class VyMousePacketDecoder {
 public:
-    static constexpr int kPacketSize = 4;        // bytes of a wheel-mouse packet
-    static constexpr uint8_t kSyncBit = 0x08;    // always set in a packet's first byte
+    static constexpr int kPacketSize = 4;     // bytes of a wheel-mouse packet
+    static constexpr uint8_t kSyncBit = 0x08; // always set in a packet's first byte
     static constexpr uint8_t kOverflowBits = 0xC0;
     static constexpr uint8_t kXSignBit = 0x10;
     static constexpr uint8_t kYSignBit = 0x20;

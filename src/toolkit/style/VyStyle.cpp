@@ -78,7 +78,7 @@ VyBitmap VyStyle::imageForScale(const VyString& path, float horizontalScale) {
         // Only a shipped "-max" image is loaded; its absence is no error.
         if (m_images.find(VyResources::path(large)) != m_images.end() ||
             ::access(VyResources::path(large).c_str(), F_OK) == 0) {
-            const VyBitmap bitmap = image(large);
+            VyBitmap bitmap = image(large);
             if (!bitmap.isNull())
                 return bitmap;
         }

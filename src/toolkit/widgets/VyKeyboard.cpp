@@ -196,12 +196,14 @@ void VyKeyboard::layoutKeys() {
     for (int r = 0; r < 3; ++r) {
         const std::u32string chars = rows.at(r).toUcs4();
         const double room = r == 2 ? kColumns - 1.5 : kColumns;
-        const double span = std::min(1.0, room / std::max<size_t>(1, chars.size()));
-        const double start = (r == 2 ? 1.5 : 0) + (room - span * chars.size()) / 2;
+        const double count = static_cast<double>(std::max<size_t>(1, chars.size()));
+        const double span = std::min(1.0, room / count);
+        const double start = (r == 2 ? 1.5 : 0) + (room - span * count) / 2;
         if (r == 2)
             add(Shift, "\xE2\x87\xA7", 4, 0, 1.5);
         for (size_t i = 0; i < chars.size(); ++i)
-            add(Character, VyString::fromUcs4(chars.substr(i, 1)), 2 + r, start + span * i, span);
+            add(Character, VyString::fromUcs4(chars.substr(i, 1)), 2 + r,
+                start + span * static_cast<double>(i), span);
     }
     // Row 5: mode keys, space, cancel and confirm.
     add(Symbols, m_symbols ? "abc" : "#+=", 5, 0, 1.5);

@@ -36,16 +36,11 @@ struct Label {
 };
 
 const Label kLabels[] = {
-    {"chinese", "通道 1 录像回放", false},
-    {"japanese", "録画の再生 チャンネル", false},
-    {"korean", "채널 1 녹화 재생", false},
-    {"russian", "Запись канала 1", false},
-    {"greek", "Εγγραφή καναλιού 1", false},
-    {"thai", "การตั้งค่าช่อง 1", false},
-    {"hindi", "चैनल 1 रिकॉर्डिंग", false},
-    {"arabic", "القناة 12 تسجيل HD", true},
-    {"hebrew", "ערוץ 12 הקלטה", true},
-    {"persian", "کانال ۱۲ ضبط", true},
+    {"chinese", "通道 1 录像回放", false},    {"japanese", "録画の再生 チャンネル", false},
+    {"korean", "채널 1 녹화 재생", false},    {"russian", "Запись канала 1", false},
+    {"greek", "Εγγραφή καναλιού 1", false},   {"thai", "การตั้งค่าช่อง 1", false},
+    {"hindi", "चैनल 1 रिकॉर्डिंग", false},       {"arabic", "القناة 12 تسجيل HD", true},
+    {"hebrew", "ערוץ 12 הקלטה", true},        {"persian", "کانال ۱۲ ضبط", true},
     {"vietnamese", "Kênh 1 ghi hình", false},
 };
 
@@ -75,8 +70,9 @@ TEST_P(ScriptGoldenImage, LabelMatchesItsReference) {
     // Asks for the leading edge: left, or right while a right-to-left language is shown.
     canvas.drawText(VyRect(4, 0, kWidth - 8, kHeight), VyCanvas::AlignLeft | VyCanvas::AlignVCenter,
                     label.text, kPixelSize, 0xfff0f0f0);
-    const VyBitmap actual = VyFrameDump::toBitmap(reinterpret_cast<const uint8_t*>(canvas.scanLine(0)),
-                                                  kWidth, kHeight, canvas.bytesPerLine());
+    const VyBitmap actual =
+        VyFrameDump::toBitmap(reinterpret_cast<const uint8_t*>(canvas.scanLine(0)), kWidth, kHeight,
+                              canvas.bytesPerLine());
     ASSERT_FALSE(actual.isNull());
 
     const std::string base = std::string(VY_TEST_DATA_DIR "/text/") + label.name;

@@ -54,8 +54,8 @@ public:
         }
     }
     static std::vector<uint8_t> packet(int buttons, int dx, int dy, int wheel = 0) {
-        const uint8_t first = static_cast<uint8_t>(0x08 | (buttons & 7) | (dx < 0 ? 0x10 : 0) |
-                                                   (dy < 0 ? 0x20 : 0));
+        const uint8_t first =
+            static_cast<uint8_t>(0x08 | (buttons & 7) | (dx < 0 ? 0x10 : 0) | (dy < 0 ? 0x20 : 0));
         return {first, static_cast<uint8_t>(dx), static_cast<uint8_t>(dy),
                 static_cast<uint8_t>(wheel)};
     }

@@ -111,7 +111,8 @@ TEST_F(MouseWatcherTest, FallsBackToReadOnlyAndWithoutADeviceDoesNothing) {
     mouse.unplug();
     testing::internal::CaptureStdout();
     watcher = std::make_unique<VyMouseWatcher>(&recorder, mouse.device("/dev/nomouse"));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "Mouse device /dev/nomouse open failed !!!\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "Mouse device /dev/nomouse open failed !!!\n");
     EXPECT_FALSE(watcher->isDeviceOpen());
     watcher->start();
     watcher->wait(); // run() returns at once: no mouse, no thread left reading
