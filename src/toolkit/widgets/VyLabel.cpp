@@ -3,15 +3,10 @@
 #include <algorithm>
 
 #include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyTextLayout.h"
 #include "toolkit/widgets/VyControlState.h"
-
-namespace {
-
-VyLabel::TextLookup g_textLookup = nullptr;
-
-} // namespace
 
 VyLabel::VyLabel(VyWidget* parent)
     : VyWidget(parent)
@@ -20,14 +15,6 @@ VyLabel::VyLabel(VyWidget* parent)
 VyLabel::VyLabel(const VyString& text, VyWidget* parent)
     : VyLabel(parent) {
     setText(text);
-}
-
-void VyLabel::setTextLookup(TextLookup lookup) {
-    g_textLookup = lookup;
-}
-
-VyLabel::TextLookup VyLabel::textLookup() {
-    return g_textLookup;
 }
 
 void VyLabel::setText(const VyString& text) {
@@ -41,13 +28,18 @@ void VyLabel::setText(const VyString& text) {
 
 void VyLabel::setTextId(uint32_t textId) {
     m_textId = textId;
+    VyTranslation* translation = VyTranslation::instance();
+    if (m_listenedTranslation != translation) {
+        connect(translation, &translation->languageChanged, this, VY_SLOT(VyLabel, retranslate));
+        m_listenedTranslation = translation;
+    }
     retranslate();
 }
 
 void VyLabel::retranslate() {
     if (m_textId == kNoTextId)
         return;
-    const VyString text = g_textLookup ? g_textLookup(m_textId) : VyString();
+    const VyString text = VyTranslation::tr(m_textId);
     if (text == m_text)
         return;
     m_text = text;

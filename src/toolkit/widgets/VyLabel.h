@@ -1,8 +1,8 @@
 #pragma once
 // Text or an image, placed by alignment flags (VyCanvas::Align*). A text too long for the
 // label is elided, or broken into lines with word wrap; it is never drawn outside the label.
-// A label given a text ID fetches its text through the text lookup and fetches it again when
-// retranslate() runs (connected to the language-changed signal).
+// A label given a text ID fetches its text from the translation and fetches it again whenever
+// the language changes, so an open window follows a language switch without reopening.
 #include <cstdint>
 
 #include "runtime/VyBitmap.h"
@@ -12,8 +12,6 @@
 class VyLabel : public VyWidget {
     VY_OBJECT(VyLabel, VyWidget)
 public:
-    // The catalogue query: the text of an ID in the loaded language, empty when unknown.
-    using TextLookup = VyString (*)(uint32_t textId);
     static constexpr uint32_t kNoTextId = 0xFFFFFFFF;
 
     explicit VyLabel(VyWidget* parent = nullptr);
@@ -22,14 +20,11 @@ public:
     // A literal text; drops the text ID.
     void setText(const VyString& text);
     const VyString& text() const { return m_text; }
-    // A text from the catalogue, fetched now and on every retranslate().
+    // A text from the catalogue, fetched now and again on every language change.
     void setTextId(uint32_t textId);
     uint32_t textId() const { return m_textId; }
     // Fetches the text of the ID again; the slot of the language-changed signal.
     void retranslate();
-    // The process-wide catalogue query labels use; null shows nothing for an ID.
-    static void setTextLookup(TextLookup lookup);
-    static TextLookup textLookup();
 
     // Replaces the text; a null image shows the text again.
     void setPixmap(const VyBitmap& image);
@@ -53,6 +48,8 @@ private:
     VyString m_text;
     VyBitmap m_pixmap;
     uint32_t m_textId = kNoTextId;
+    // The translation whose language-changed signal this label listens to, once it has an ID.
+    VyObject* m_listenedTranslation = nullptr;
     int m_alignment;
     bool m_wordWrap = false;
 };

@@ -8,6 +8,8 @@
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/graphics/VyFbCanvas.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/style/VyStyleSlot.h"
 #include "toolkit/style/VyTextLayout.h"
 #include "toolkit/widgets/CWidget.h"
@@ -20,16 +22,6 @@ using StyleSlots = ControlTest;
 
 namespace {
 
-std::map<uint32_t, VyString>& catalogue() {
-    static std::map<uint32_t, VyString> texts;
-    return texts;
-}
-
-VyString lookup(uint32_t id) {
-    auto it = catalogue().find(id);
-    return it == catalogue().end() ? VyString() : it->second;
-}
-
 // What an opaque colour becomes in the 16-bit framebuffer.
 uint16_t pixel1555(vyargb c) {
     return static_cast<uint16_t>(0x8000 | (((c >> 19) & 0x1F) << 10) | (((c >> 11) & 0x1F) << 5) |
@@ -38,23 +30,25 @@ uint16_t pixel1555(vyargb c) {
 
 } // namespace
 
-TEST_F(Labels, ATextIdIsFetchedAgainWhenTheLanguageChanges) {
-    catalogue() = {{7, "Record"}};
-    VyLabel::setTextLookup(&lookup);
+TEST_F(Labels, ATextIdFollowsALanguageSwitchWithoutBeingSetAgain) {
+    constexpr int kRussian = 15;
+    auto* translation = new VyTranslation(VyString(VY_RESOURCES_DIR "/language"), nullptr);
+    VyTranslation::resetInstance(translation);
+    ASSERT_TRUE(translation->changeLanguage(VyTranslation::kEnglish));
     VyLabel label;
-    label.setTextId(7);
-    EXPECT_EQ(label.text(), "Record");
-    catalogue()[7] = "Aufnahme";
-    label.retranslate();
-    EXPECT_EQ(label.text(), "Aufnahme");
+    label.setTextId(TextId::Common::Close);
+    EXPECT_EQ(label.text(), "Close");
+
+    ASSERT_TRUE(translation->changeLanguage(kRussian));
+    EXPECT_EQ(label.text(), "Закрыть");
     // An unknown ID shows nothing rather than a number.
-    label.setTextId(8);
+    label.setTextId(1);
     EXPECT_TRUE(label.text().isEmpty());
-    // A literal text drops the ID: retranslate leaves it alone.
+    // A literal text drops the ID: a later switch leaves it alone.
     label.setText("fixed");
-    label.retranslate();
+    ASSERT_TRUE(translation->changeLanguage(VyTranslation::kEnglish));
     EXPECT_EQ(label.text(), "fixed");
-    VyLabel::setTextLookup(nullptr);
+    VyTranslation::resetInstance();
 }
 
 TEST_F(Labels, LinesNeverExceedTheLabelWidthWrappedOrElided) {
