@@ -1,4 +1,5 @@
 #include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/core/VyScreenCursor.h"
 
 #include <algorithm>
 
@@ -19,6 +20,7 @@ constexpr char32_t kEchoCharacter = U'*';
 VyLineEdit::VyLineEdit(VyWidget* parent)
     : VyWidget(parent) {
     setFocusPolicy(StrongFocus);
+    setCursorShape(VyScreenCursor::IBeam);
 }
 
 VyLineEdit::VyLineEdit(const VyString& text, VyWidget* parent)

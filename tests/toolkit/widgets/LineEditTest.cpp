@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyValidator.h"
 
@@ -172,6 +174,8 @@ TEST_F(LineEdit, MouseSetsTheCursorAndDragSelects) {
     while (edit->positionAt(right) < 7)
         ++right;
     press(5, 20);
+    // Over text, the pointer shows where a click would put the text cursor.
+    EXPECT_EQ(app()->screen()->cursor()->shape(), VyScreenCursor::IBeam);
     pointer(right, 20, 1);
     release(right, 20);
     EXPECT_EQ(edit->selectedText(),
