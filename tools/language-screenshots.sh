@@ -34,7 +34,7 @@ for _ in $(seq 300); do
 done
 sleep 1
 # The resident memory at the first screen, fallback fonts configured (budget 24 MiB).
-echo "dvrgui $(grep VmRSS /proc/$GUI/status) at the first screen"
+echo "dvrgui at the first screen: $(grep -E "VmRSS|RssAnon|RssFile|RssShmem" /proc/$GUI/status | tr -s " \t" " " | tr "\n" " ")"
 mkdir -p "$OUT"
 for n in "${LANGS[@]}"; do
     echo "lang $n" >&3
