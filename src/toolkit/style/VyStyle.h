@@ -136,6 +136,9 @@ public:
     static constexpr int kFieldPaddingDesign = 8;
 
 private:
+    template <typename Option>
+    void drawIndicatorControl(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
+                              const VyString& text, bool round) const;
     void onScreenGeometryChanged();
     void onScreenDestroyed();
 

@@ -198,9 +198,11 @@ void drawIndicatorImage(VyCanvas* canvas, const VyRect& box, const VyBitmap& ima
 
 } // namespace
 
-void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
-                           const VyString& text) const {
-    const VyCheckBoxOption& o = m_option.get<VyCheckBoxOption>();
+// Check and radio boxes differ only in their option record and the indicator's outline.
+template <typename Option>
+void VyStyle::drawIndicatorControl(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
+                                   const VyString& text, bool round) const {
+    const Option& o = m_option.get<Option>();
     const int s = stateIndex(slot);
     const ClipScope clip(canvas, rect);
     const VySTOptArray<VySTPixmap, 8>& images = checked ? o.checked : o.unchecked;
@@ -209,7 +211,7 @@ void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool 
     if (images.isSet(s))
         drawIndicatorImage(canvas, box, images.at(s)->bitmap);
     else
-        drawIndicatorShape(canvas, box, false, checked, color(o.border, s, D::kIndicatorBorder[s]),
+        drawIndicatorShape(canvas, box, round, checked, color(o.border, s, D::kIndicatorBorder[s]),
                            s == VyStyleDisabled ? D::kIndicatorBorder[s] : D::kAccent);
     const int fgSlot = s == VyStyleDisabled ? VyStyleDisabled : VyStyleNormal;
     drawLine(
@@ -219,25 +221,14 @@ void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool 
         color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
 }
 
+void VyStyle::drawCheckBox(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
+                           const VyString& text) const {
+    drawIndicatorControl<VyCheckBoxOption>(canvas, rect, slot, checked, text, false);
+}
+
 void VyStyle::drawRadioButton(VyCanvas* canvas, const VyRect& rect, int slot, bool checked,
                               const VyString& text) const {
-    const VyRadioButtonOption& o = m_option.get<VyRadioButtonOption>();
-    const int s = stateIndex(slot);
-    const ClipScope clip(canvas, rect);
-    const VySTOptArray<VySTPixmap, 8>& images = checked ? o.checked : o.unchecked;
-    const VyRect box =
-        indicatorBox(rect, images.isSet(s) ? images.at(s)->bitmap.width() : indicatorSize());
-    if (images.isSet(s))
-        drawIndicatorImage(canvas, box, images.at(s)->bitmap);
-    else
-        drawIndicatorShape(canvas, box, true, checked, color(o.border, s, D::kIndicatorBorder[s]),
-                           s == VyStyleDisabled ? D::kIndicatorBorder[s] : D::kAccent);
-    const int fgSlot = s == VyStyleDisabled ? VyStyleDisabled : VyStyleNormal;
-    drawLine(
-        canvas,
-        VyRect::fromEdges(box.right + 1 + indicatorSpacing(), rect.top, rect.right, rect.bottom),
-        kLeftVCenter, text, fontSize(o.font, s),
-        color(o.foreground, fgSlot, D::kButtonForeground[fgSlot]));
+    drawIndicatorControl<VyRadioButtonOption>(canvas, rect, slot, checked, text, true);
 }
 
 int VyStyle::groupBoxTitleHeight(bool checkable) const {
