@@ -107,9 +107,14 @@ private:
     // Under m_mutex: saves what the image covers and draws it, when shown on a mapping.
     void redrawIfShown();
 
-    void save(VyPoint topLeft);
     void restore();
-    void draw();
+    // Saves what the image covers at topLeft and draws the image there.
+    void saveAndDraw(VyPoint topLeft);
+    void prepareSaveUnder();
+    bool wholeOnScreen(VyPoint topLeft) const;
+    // Moves the drawn image to `to` in one pass when neither place is clipped and the two
+    // do not overlap; false (nothing done) otherwise.
+    bool jumpWhole(VyPoint to);
     // The image as framebuffer pixels and, per row, its runs of drawn pixels.
     void prepareInk();
     VyRect clippedArea(VyPoint topLeft) const;
