@@ -219,7 +219,8 @@ void VyListWidget::setTop(int row) {
 }
 
 void VyListWidget::scrollToRow(int row) {
-    if (!validRow(row))
+    // Before the first layout the page size is unknown; showing scrolls the current row in.
+    if (!validRow(row) || !isVisible())
         return;
     if (row < m_top)
         setTop(row);
@@ -388,4 +389,5 @@ void VyListWidget::focusOutEvent(VyFocusEvent*) {
 
 void VyListWidget::resizeEvent(VyResizeEvent*) {
     syncScrollBar();
+    scrollToRow(m_current);
 }

@@ -181,8 +181,10 @@ void VyTableWidget::setVerticalHeaderVisible(bool visible) {
 }
 
 void VyTableWidget::setCellWidget(int row, int column, VyWidget* widget) {
-    if (!validCell(row, column)) {
-        vyFrameworkLog("VyTableWidget: no cell (%d, %d) for a control !!!\n", row, column);
+    if (!validCell(row, column) || (widget && widget->isWindow())) {
+        vyFrameworkLog("VyTableWidget: no cell (%d, %d) for a control, or the control is a "
+                       "window !!!\n",
+                       row, column);
         delete widget;
         return;
     }
@@ -225,7 +227,8 @@ void VyTableWidget::setTop(int row) {
 }
 
 void VyTableWidget::scrollToRow(int row) {
-    if (row < 0 || row >= m_rows)
+    // Before the first layout the page size is unknown; showing scrolls the current row in.
+    if (row < 0 || row >= m_rows || !isVisible())
         return;
     if (row < m_top)
         setTop(row);
@@ -313,6 +316,7 @@ void VyTableWidget::layoutChildren() {
     const int top = m_top;
     m_top = -1; // forces the scroll state to follow
     setTop(top);
+    scrollToRow(m_currentRow);
 }
 
 void VyTableWidget::placeCellWidgets() {

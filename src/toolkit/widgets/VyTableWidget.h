@@ -79,7 +79,8 @@ public:
     void setVerticalHeaderVisible(bool visible);
 
     // A control shown over a cell while its row is in view; the table takes ownership (a
-    // control already there is deleted). Null removes it.
+    // control already there is deleted). Null removes it. The control is made with a parent
+    // (viewport(), or the table): a widget made without one is a window and is refused.
     void setCellWidget(int row, int column, VyWidget* widget);
     VyWidget* cellWidget(int row, int column) const;
 

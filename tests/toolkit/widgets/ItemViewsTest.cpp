@@ -325,7 +325,8 @@ TEST_F(TableWidget, ACellControlFollowsItsRowAndTakesOk) {
     table->setGeometry(0, 0, 640, 300);
     table->setColumnCount(2);
     table->setRowCount(50);
-    auto* button = new VyPushButton("Play");
+    table->setCellWidget(1, 1, new VyPushButton("window")); // parentless: refused
+    auto* button = new VyPushButton("Play", table->viewport());
     table->setCellWidget(1, 1, button);
     table->show();
     SignalCounter clicks(button, &button->clicked);
@@ -342,5 +343,5 @@ TEST_F(TableWidget, ACellControlFollowsItsRowAndTakesOk) {
     EXPECT_TRUE(button->isVisible());
     table->setCellWidget(1, 1, nullptr);
     EXPECT_EQ(table->cellWidget(1, 1), nullptr);
-    table->setCellWidget(99, 0, new VyPushButton("x")); // no such row: refused, not leaked
+    table->setCellWidget(99, 0, new VyPushButton("x", table)); // no such row: refused, deleted
 }
