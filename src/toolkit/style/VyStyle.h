@@ -170,6 +170,18 @@ public:
     VyRect dateEditTextRect(const VyRect& rect, bool dropDown) const;
     VyRect dateEditButtonRect(const VyRect& rect) const;
 
+    // Menus draw on the combo box popup's background and border (drawComboPopup); an item has
+    // an optional icon, its text and, for a sub-menu, an arrow at the right.
+    virtual void drawMenuItem(VyCanvas* canvas, const VyRect& rect, const VyString& text,
+                              const VyBitmap& icon, bool highlighted, bool enabled,
+                              bool subMenu) const;
+    virtual void drawMenuSeparator(VyCanvas* canvas, const VyRect& rect) const;
+    int menuSeparatorHeight() const { return scaledHeight(kMenuSeparatorDesign); }
+    // One tab of a tab bar; the bar's base line is drawn by drawTabBarBase.
+    virtual void drawTab(VyCanvas* canvas, const VyRect& rect, const VyString& text, bool current,
+                         bool focused, bool hovered, bool enabled) const;
+    virtual void drawTabBarBase(VyCanvas* canvas, const VyRect& rect) const;
+
     // The side of the check box and radio button indicators, and the gap to their text.
     int indicatorSize() const { return scaled(kIndicatorDesign); }
     int indicatorSpacing() const { return scaled(kIndicatorSpacingDesign); }
@@ -179,6 +191,7 @@ public:
     static constexpr int kIndicatorSpacingDesign = 8;
     static constexpr int kFieldPaddingDesign = 8;
     static constexpr int kItemHeightDesign = 36;
+    static constexpr int kMenuSeparatorDesign = 9;
 
 private:
     template <typename Option>

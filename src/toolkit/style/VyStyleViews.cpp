@@ -282,3 +282,72 @@ void VyStyle::drawDateEdit(VyCanvas* canvas, const VyRect& rect, int slot, const
                          color(o.border, VyStyleFocus, D::kFocus));
     canvas->drawText(area, kLeftVCenter, text, fontSize(o.font, s), fg);
 }
+
+void VyStyle::drawMenuItem(VyCanvas* canvas, const VyRect& rect, const VyString& text,
+                           const VyBitmap& icon, bool highlighted, bool enabled,
+                           bool subMenu) const {
+    const VyComboBoxOption& o = m_option.get<VyComboBoxOption>();
+    const VyClipScope clip(canvas, rect);
+    const bool lit = highlighted && enabled;
+    if (lit)
+        canvas->fillRect(rect, color(o.popupBackground, VyStyleHover, kSelectedBackground));
+    const vyargb fg = !enabled ? D::kTextDimmed
+                               : color(o.popupForeground, lit ? VyStyleHover : VyStyleNormal,
+                                       lit ? kSelectedForeground : D::kText);
+    const int pad = scaled(kFieldPaddingDesign);
+    const int px = fontSize(o.font, VyStyleNormal);
+    // The icon column is kept whether or not the item has an icon, so texts line up.
+    const int iconSide = std::max(1, std::min(rect.height() - 4, px + px / 2));
+    if (!icon.isNull())
+        drawFitted(
+            canvas,
+            VyRect(rect.left + pad, rect.top + (rect.height() - iconSide) / 2, iconSide, iconSide),
+            icon);
+    int right = rect.right - pad;
+    if (subMenu) {
+        const VyRect box = arrowBox(
+            VyRect(rect.right - pad - iconSide + 1, rect.top, iconSide, rect.height()), false);
+        drawArrow(canvas, ArrowRight, box, fg);
+        right = rect.right - pad - iconSide;
+    }
+    drawLine(canvas,
+             VyRect::fromEdges(rect.left + 2 * pad + iconSide, rect.top, right, rect.bottom),
+             kLeftVCenter, text, px, fg);
+}
+
+void VyStyle::drawMenuSeparator(VyCanvas* canvas, const VyRect& rect) const {
+    const VyClipScope clip(canvas, rect);
+    const int pad = scaled(kFieldPaddingDesign);
+    canvas->fillRect(VyRect(rect.left + pad, rect.top + rect.height() / 2,
+                            std::max(0, rect.width() - 2 * pad), 1),
+                     D::kLine);
+}
+
+void VyStyle::drawTabBarBase(VyCanvas* canvas, const VyRect& rect) const {
+    const VyClipScope clip(canvas, rect);
+    canvas->fillRect(VyRect::fromEdges(rect.left, rect.bottom, rect.right, rect.bottom), D::kLine);
+}
+
+void VyStyle::drawTab(VyCanvas* canvas, const VyRect& rect, const VyString& text, bool current,
+                      bool focused, bool hovered, bool enabled) const {
+    // Tabs are push buttons of the common sheet laid flat: the current one in the focus
+    // colour's underline, the others plain.
+    const VyPushButtonOption& o = m_option.get<VyPushButtonOption>();
+    const VyClipScope clip(canvas, rect);
+    const int s = !enabled ? VyStyleDisabled : hovered ? VyStyleHover : VyStyleNormal;
+    if (current)
+        canvas->fillRect(rect, color(o.background, VyStyleNormal, D::kControl));
+    else if (hovered && enabled)
+        canvas->fillRect(rect, color(o.background, VyStyleHover, D::kControlHover));
+    const int bar = std::max(2, scaledHeight(3));
+    if (current)
+        canvas->fillRect(VyRect(rect.left, rect.bottom - bar + 1, rect.width(), bar),
+                         enabled ? D::kAccent : D::kLineDisabled);
+    if (current && focused)
+        canvas->drawRect(rect, color(o.borderColor, VyStyleFocus, D::kAccent));
+    const int pad = scaled(kFieldPaddingDesign);
+    drawLine(canvas,
+             VyRect::fromEdges(rect.left + pad, rect.top, rect.right - pad, rect.bottom - bar),
+             VyCanvas::AlignCenter, text, fontSize(o.font, s),
+             current && enabled ? D::kTextBright : color(o.foreground, s, D::kButtonForeground[s]));
+}
