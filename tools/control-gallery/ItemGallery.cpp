@@ -2,14 +2,19 @@
 
 #include <functional>
 
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleDefaults.h"
 #include "toolkit/style/VyStyleSlot.h"
 #include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyListWidget.h"
+#include "toolkit/widgets/VyMenu.h"
+#include "toolkit/widgets/VyMessageBox.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VyTabBar.h"
 #include "toolkit/widgets/VyTableWidget.h"
 #include "toolkit/widgets/VyTableWidgetHHeader.h"
 #include "toolkit/widgets/VyTableWidgetViewPort.h"
@@ -56,6 +61,8 @@ ItemGallery::ItemGallery(int screenWidth, int screenHeight)
     , m_hScale(static_cast<float>(screenWidth) / 1920.0f)
     , m_vScale(static_cast<float>(screenHeight) / 1080.0f) {
     setObjectName("ItemGallery");
+    // The standard buttons' texts come from the catalogue: the page shows them in English.
+    VyTranslation::instance()->changeLanguage(VyTranslation::kEnglish);
     setGeometry(0, 0, screenWidth, screenHeight);
     buildStateRows();
     buildViews();
@@ -80,6 +87,11 @@ void ItemGallery::showPage() {
     showTree(this);
     m_openCombo->setFocus();
     m_openCombo->showPopup();
+    m_menu->popup(VyPoint(sx(kMargin), sy(700)));
+    m_menu->setHighlighted(3);
+    m_menu->keyLeftRight(VyKeyEvent::KeyRight);
+    m_box->show();
+    m_box->move(sx(1180), sy(680));
 }
 
 void ItemGallery::buildStateRows() {
@@ -175,4 +187,28 @@ void ItemGallery::buildViews() {
     table->setCellWidget(0, 3, new VyPushButton("Play", table->viewport()));
     table->setCellWidget(2, 3, new VyPushButton("Play", table->viewport()));
     table->setCurrentCell(1, 0);
+
+    auto* tabs = new VyTabBar(this);
+    for (const char* t : {"Display", "Record", "Network", "Alarm", "Storage", "System"})
+        tabs->addTab(t);
+    tabs->setCurrentIndex(1);
+    tabs->setGeometry(sx(kMargin + 340), sy(600), sx(1040), sy(48));
+
+    m_menu = new VyMenu(this);
+    const VyBitmap icon = VyStyle::instance()->imageForScale(
+        "images/messagebox-information.png", VyStyle::instance()->horizontalScale());
+    m_menu->addAction("Main menu", 1, icon);
+    m_menu->addAction("Playback", 2);
+    m_menu->addSeparator();
+    VyMenu* layouts = m_menu->addMenu("Layout");
+    layouts->addAction("1 screen", 10);
+    layouts->addAction("4 screens", 11);
+    layouts->addAction("9 screens", 12);
+    layouts->setItemEnabled(2, false);
+    m_menu->addAction("Lock", 3);
+
+    m_box =
+        new VyMessageBox(VyMessageBox::Question, "Format the disk? Every recording on it is lost.",
+                         VyMessageBox::Yes | VyMessageBox::No, this);
+    m_box->setTitle("Question");
 }

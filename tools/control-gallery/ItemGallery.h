@@ -26,4 +26,6 @@ private:
     float m_hScale;
     float m_vScale;
     class VyComboBox* m_openCombo = nullptr;
+    class VyMenu* m_menu = nullptr;
+    class VyMessageBox* m_box = nullptr;
 };

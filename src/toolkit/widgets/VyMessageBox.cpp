@@ -118,7 +118,14 @@ VyPushButton* VyMessageBox::button(StandardButton which) const {
     return nullptr;
 }
 
+void VyMessageBox::setEscapeResult(int result) {
+    m_escapeResult = result;
+    m_escapeSet = true;
+}
+
 int VyMessageBox::escapeResult() const {
+    if (m_escapeSet)
+        return m_escapeResult;
     for (int which : {int(Cancel), int(No), int(Ok)})
         if (std::find(m_results.begin(), m_results.end(), which) != m_results.end())
             return which;

@@ -39,6 +39,9 @@ public:
     VyPushButton* button(StandardButton which) const;
     const std::vector<VyPushButton*>& buttons() const { return m_buttons; }
     int escapeResult() const;
+    // Overrides the escape button's result (a box whose own buttons' results are not
+    // StandardButtons says what Escape means).
+    void setEscapeResult(int result);
 
 protected:
     void retranslate() override;
@@ -59,4 +62,6 @@ private:
     std::vector<VyPushButton*> m_buttons; // children
     std::vector<uint32_t> m_buttonTextIds;
     std::vector<int> m_results;
+    int m_escapeResult = 0;
+    bool m_escapeSet = false;
 };
