@@ -24,6 +24,12 @@ RECORD = "\ue061"            # fiber_manual_record: a filled disc
 ARROW_UP = "\ue316"          # keyboard_arrow_up
 ARROW_DOWN = "\ue313"        # keyboard_arrow_down
 DROP_DOWN = "\ue5c5"         # arrow_drop_down
+INFO = "\ue88e"              # info
+HELP = "\ue887"              # help
+WARNING = "\ue002"           # warning
+CLOSE = "\ue5cd"             # close
+CHEVRON_LEFT = "\ue5cb"      # chevron_left
+CHEVRON_RIGHT = "\ue5cc"     # chevron_right
 
 # Palette of the common style sheet.
 TEXT = (230, 232, 235, 255)
@@ -34,6 +40,7 @@ ACCENT = (0, 150, 220, 255)
 ACCENT_LIGHT = (40, 175, 240, 255)
 DISABLED_FILL = (60, 63, 69, 255)
 WHITE = (255, 255, 255, 255)
+WARN = (240, 170, 40, 255)
 
 # name -> (size at 1920x1080, [(glyph, colour), ...] drawn over each other)
 IMAGES = {
@@ -59,6 +66,12 @@ IMAGES = {
     "combobox-dropdown-disabled": (20, [(DROP_DOWN, DIMMED)]),
     "datetimeedit-down-arrow": (20, [(DROP_DOWN, TEXT)]),
     "datetimeedit-down-arrow-focus": (20, [(DROP_DOWN, ACCENT_LIGHT)]),
+    "messagebox-information": (48, [(INFO, ACCENT)]),
+    "messagebox-question": (48, [(HELP, ACCENT)]),
+    "messagebox-warning": (48, [(WARNING, WARN)]),
+    "titlebar-close": (20, [(CLOSE, TEXT)]),
+    "calendar-previous": (20, [(CHEVRON_LEFT, TEXT)]),
+    "calendar-next": (20, [(CHEVRON_RIGHT, TEXT)]),
 }
 
 

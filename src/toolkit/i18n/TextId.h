@@ -13,6 +13,11 @@ constexpr uint32_t Close = 100002;       // Close
 constexpr uint32_t Keep = 100003;        // Keep
 constexpr uint32_t Revert = 100004;      // Revert
 constexpr uint32_t Information = 100005; // Information
+constexpr uint32_t Cancel = 100006;      // Cancel
+constexpr uint32_t Yes = 100007;         // Yes
+constexpr uint32_t No = 100008;          // No
+constexpr uint32_t Question = 100009;    // Question
+constexpr uint32_t Warning = 100010;     // Warning
 } // namespace Common
 namespace SystemNotice {
 constexpr uint32_t ShuttingDown = 101001; // NVR is shutting Down......
@@ -38,6 +43,11 @@ constexpr uint32_t kAll[] = {
     Common::Keep,
     Common::Revert,
     Common::Information,
+    Common::Cancel,
+    Common::Yes,
+    Common::No,
+    Common::Question,
+    Common::Warning,
     SystemNotice::ShuttingDown,
     SystemNotice::DeviceBusy,
     Resolution::Title,
