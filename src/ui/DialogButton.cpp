@@ -1,6 +1,5 @@
 #include "ui/DialogButton.h"
 
-#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/VyTranslation.h"
@@ -8,11 +7,10 @@
 
 namespace {
 constexpr uint8_t kLeftButton = 1;
-constexpr int kKeyOk = 0x1000002; // toolkit key code of OK / Enter
 } // namespace
 
 DialogButton::DialogButton(uint32_t textId, VyWidget* parent)
-    : VyWidget(parent)
+    : CWidget(parent)
     , m_textId(textId)
     , m_text(VyTranslation::tr(textId)) {
     setFocusPolicy(StrongFocus);
@@ -47,11 +45,7 @@ void DialogButton::mouseReleaseEvent(VyMouseEvent* e) {
         emitSignal(this, &clicked);
 }
 
-void DialogButton::keyPressEvent(VyKeyEvent* e) {
-    if (e->key() != kKeyOk) {
-        VyWidget::keyPressEvent(e);
-        return;
-    }
-    e->accept();
+bool DialogButton::keyActivate() {
     emitSignal(this, &clicked);
+    return true;
 }
