@@ -1,4 +1,5 @@
 #include "app/AppStartup.h"
+#include "app/KeySources.h"
 #include "protocol/DeviceDefaultRecord.h"
 #include "protocol/MainType.h"
 #include "protocol/StartupHello.h"
@@ -9,10 +10,12 @@
 #include "app/ScaledTimerSource.h"
 #include "ipc/IpcClient.h"
 #include "model/IpcRecorderLink.h"
+#include "model/KeyManagerLink.h"
 #include "model/ParamAccess.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "model/UiModels.h"
+#include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
@@ -127,6 +130,17 @@ int AppStartup::run(int argc, char** argv) {
     // starts the mouse reader made by the factory installed here.
     VyMouseWatcher::install();
     auto* app = new VyApplication(argc, argv);
+
+    // The key sources, handed to the key manager that the models make next. The serial
+    // keyboard is a feature of the device's customisation.
+    static KeyManagerLink keyLink;
+    {
+        VyKeyRecorderLink::Features features;
+        const VyIniSettings config(VyResources::path(kCustomConfigFile));
+        features.serialKeyboard = config.intValue("CustomFuncs/KeyBoardEnble") != 0;
+        keyLink.setFeatures(features);
+    }
+    KeySources::install(app, &keyLink);
 
     // 18. The UiManager and the models it creates live to the end of the process.
     static ScaledTimerSource timers;

@@ -1,5 +1,6 @@
 #include "SimCommands.h"
 
+#include "SimKeyCommand.h"
 #include "SimRecorder.h"
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
@@ -50,7 +51,7 @@ void sleepMs(unsigned long ms) {
 const char* const kHelp =
     "commands: notify MAIN SUB [VALUE [HEXBODY]] | tz TEXT [INDEX] | net STATUS | led STATE | "
     "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | lang INDEX | sleep MS | "
-    "await MAIN SUB [COUNT] | exit";
+    "await MAIN SUB [COUNT] | key CODE|up|down|left|right|ok|0..9 [ORIGIN] | exit";
 
 } // namespace
 
@@ -129,6 +130,8 @@ bool SimCommands::run(const std::string& rawLine) {
         // The main thread waits for this signal to stop the server cleanly.
         kill(getpid(), SIGTERM);
         ok = true;
+    } else if (cmd == "key") {
+        ok = SimKeyCommand::run(m_recorder, w);
     } else if (cmd == "help" && n == 1) {
         simRecorderLog("%s", kHelp);
         ok = true;

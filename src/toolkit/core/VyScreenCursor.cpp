@@ -211,6 +211,18 @@ void VyScreenCursor::hide() {
     });
 }
 
+void VyScreenCursor::hideUntilMouseMoves() {
+    m_hiddenForKeys = true;
+    hide();
+}
+
+void VyScreenCursor::mouseMoved() {
+    if (!m_hiddenForKeys)
+        return;
+    m_hiddenForKeys = false;
+    show();
+}
+
 bool VyScreenCursor::isShown() const {
     std::lock_guard<std::mutex> lock(m_mutex);
     return m_shown;

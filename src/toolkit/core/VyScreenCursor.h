@@ -79,6 +79,11 @@ public:
     void show();
     void hide();
     bool isShown() const;
+    // A key press hides the cursor; the next mouse move brings it back, whatever the idle
+    // count says. GUI thread.
+    void hideUntilMouseMoves();
+    void mouseMoved();
+    bool isHiddenUntilMouseMoves() const { return m_hiddenForKeys; }
     // The rectangle the image covers on screen now (unclipped), empty with no image.
     VyRect area() const;
     // The drawing area's right edge minus its left edge, which picks the image size.
@@ -121,6 +126,7 @@ private:
     bool loadShape(int shape);
 
     VyScreen* m_screen;
+    bool m_hiddenForKeys = false; // GUI thread only
     // Guards everything below; taken after the screen's framebuffer mutex.
     mutable std::mutex m_mutex;
     uint8_t* m_base = nullptr;
