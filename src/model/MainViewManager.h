@@ -119,6 +119,7 @@ private:
     int m_sequenceDwell = -1;
     int m_secondsLeft = 0;
     int m_sequenceTimer = 0;
+    int m_countdownTimer = 0;
     size_t m_sequenceCursor = 0;
     std::vector<int> m_sequenceLayouts;
     std::vector<ChannelState> m_channels;

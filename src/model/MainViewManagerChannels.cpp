@@ -143,14 +143,21 @@ void MainViewManager::pickChannel(int channel) {
 }
 
 void MainViewManager::setSequenceDwell(int seconds) {
-    if (m_sequenceTimer != 0) {
-        killTimer(m_sequenceTimer);
-        m_sequenceTimer = 0;
+    for (int* timer : {&m_sequenceTimer, &m_countdownTimer}) {
+        if (*timer != 0)
+            killTimer(*timer);
+        *timer = 0;
     }
     m_sequenceDwell = seconds > 0 ? seconds : -1;
     m_secondsLeft = m_sequenceDwell > 0 ? m_sequenceDwell : 0;
-    if (m_sequenceDwell > 0)
-        m_sequenceTimer = startTimer(kSecondMs);
+    if (m_sequenceDwell > 0) {
+        // The steps keep their own period; the countdown only shows it.
+        m_sequenceTimer = startTimer(m_sequenceDwell * kSecondMs);
+        m_countdownTimer = startTimer(kSecondMs);
+        const auto at = std::find(m_sequenceLayouts.begin(), m_sequenceLayouts.end(), m_layout);
+        m_sequenceCursor =
+            at == m_sequenceLayouts.end() ? 0 : size_t(at - m_sequenceLayouts.begin());
+    }
     emitSignal(this, &sequenceTick);
 }
 
@@ -167,13 +174,17 @@ int MainViewManager::nextSequenceLayout() {
 }
 
 void MainViewManager::timerEvent(VyTimerEvent* e) {
-    if (e->timerId() != m_sequenceTimer || m_sequenceTimer == 0) {
-        VyObject::timerEvent(e);
-        return;
-    }
-    if (--m_secondsLeft <= 0) {
+    if (e->timerId() == m_sequenceTimer && m_sequenceTimer != 0) {
         m_secondsLeft = m_sequenceDwell;
         emitSignal(this, &sequenceStep);
+        emitSignal(this, &sequenceTick);
+        return;
     }
-    emitSignal(this, &sequenceTick);
+    if (e->timerId() == m_countdownTimer && m_countdownTimer != 0) {
+        if (m_secondsLeft > 1)
+            --m_secondsLeft;
+        emitSignal(this, &sequenceTick);
+        return;
+    }
+    VyObject::timerEvent(e);
 }

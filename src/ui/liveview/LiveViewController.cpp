@@ -63,7 +63,7 @@ void LiveViewController::start(const LiveViewProfile& profile, int channelCount)
         // Every layout of the count list that does not exceed the channels, in order.
         std::vector<int> sequence;
         VyVideoScreenLayoutManager* catalogue = VyVideoScreenLayoutManager::instance();
-        for (int i = 1; i < catalogue->countListSize(); ++i) {
+        for (int i = 0; i < catalogue->countListSize(); ++i) {
             if (catalogue->countAt(i) <= channelCount && !catalogue->layoutAt(i)->isMerged())
                 sequence.push_back(i);
         }
