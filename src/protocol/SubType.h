@@ -29,6 +29,10 @@ constexpr uint16_t Query199 = 199;           // App -> GUI: answered with Ack201
 constexpr uint16_t Ack201 = 201;             // GUI -> App: answer to Query199
 constexpr uint16_t Shutdown = 280;           // App -> GUI: the recorder is shutting down
 constexpr uint16_t SubscriptionCheck2 = 308; // App -> GUI: answered with Busy
+// The live view's notifications, on forwarded SubTypes (UiEventType::ChannelState).
+constexpr uint16_t ChannelState = 8;   // App -> GUI: ChannelStateNotice, msgValue = channel
+constexpr uint16_t DeviceState = 10;   // App -> GUI: DeviceState bits in msgValue
+constexpr uint16_t CameraRoster = 298; // request: u64 mask of the channels with a camera
 
 // App's notifications that the UI manager routes lie in this range.
 constexpr uint16_t FirstRouted = 8;
@@ -38,7 +42,11 @@ constexpr uint16_t LastRouted = 308;
 
 namespace PreviewSubType {
 
-constexpr uint16_t StreamPair = 15; // request: u32 argument -> two u32 words
+constexpr uint16_t Show = 0;          // GUI -> App: PreviewRecord
+constexpr uint16_t ShowFirst = 1;     // GUI -> App: PreviewRecord, first since the view appeared
+constexpr uint16_t StreamPair = 15;   // request: u32 argument -> two u32 words
+constexpr uint16_t Control = 20;      // GUI -> App: PreviewControl (tool bar)
+constexpr uint16_t SnapshotDone = 21; // App -> GUI: snapshot taken, msgValue = channel
 
 } // namespace PreviewSubType
 
@@ -55,3 +63,10 @@ constexpr uint16_t ColorDefaults = 11; // GUI -> App: ColorDefaultBlock
 constexpr uint16_t DeviceTail = 14;    // request: the device default record's tail
 
 } // namespace ParamSubType
+
+namespace PlaybackSubType {
+
+// GUI -> App, no body: the live view is in front again, playback decoders may be released.
+constexpr uint16_t LiveViewActive = 35;
+
+} // namespace PlaybackSubType

@@ -1,5 +1,7 @@
 #include "ui/WindowShell.h"
 
+#include "model/MainViewManager.h"
+#include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
@@ -57,6 +59,9 @@ void WindowShell::showMainView() {
     if (m_mainView == nullptr)
         m_mainView = std::make_unique<MainViewWindow>();
     m_mainView->show();
+    if (MainViewManager* manager = MainViewManager::instance())
+        manager->setShown(true);
+    m_mainView->startLiveView(SystemInfo::record().channelCount);
     VY_GUI_LOG("main view shown\n");
 }
 

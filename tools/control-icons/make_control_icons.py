@@ -75,6 +75,13 @@ IMAGES = {
 }
 
 
+# The live view's images live in a module of their own.
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import liveview_icons  # noqa: E402
+
+IMAGES.update(liveview_icons.IMAGES)
+
+
 def render(size, layers):
     """Each layer is (glyph, colour) or (glyph, colour, scale): a glyph scaled about the
     centre, so a smaller disc can sit inside a larger one."""

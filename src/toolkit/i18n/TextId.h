@@ -33,7 +33,9 @@ constexpr uint32_t Title = 102101;   // Start-up Wizard
 constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through the first settings.
 } // namespace Wizard
 namespace LiveView {
-constexpr uint32_t SplitLayout = 103508; // %1 Split
+constexpr uint32_t SplitLayout = 103508;   // %1 Split
+constexpr uint32_t ChannelName = 103509;   // Channel %1
+constexpr uint32_t SnapshotSaved = 103510; // Snapshot saved
 } // namespace LiveView
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -56,6 +58,8 @@ constexpr uint32_t kAll[] = {
     Wizard::Title,
     Wizard::Welcome,
     LiveView::SplitLayout,
+    LiveView::ChannelName,
+    LiveView::SnapshotSaved,
 };
 } // namespace TextId
 // clang-format on
