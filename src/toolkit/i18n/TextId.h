@@ -30,6 +30,15 @@ constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through t
 namespace LiveView {
 constexpr uint32_t SplitLayout = 103508; // %1 Split
 } // namespace LiveView
+namespace Playback {
+constexpr uint32_t Search = 104001;          // Search
+constexpr uint32_t Exporting = 104002;       // Exporting the clip: %1%
+constexpr uint32_t Exported = 104003;        // The clip was exported.
+constexpr uint32_t NoUsbDevice = 104004;     // No USB device found.
+constexpr uint32_t UsbFull = 104005;         // Not enough free space on the USB device.
+constexpr uint32_t ExportCancelled = 104006; // The export was cancelled.
+constexpr uint32_t CancelExport = 104007;    // Cancel
+} // namespace Playback
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -46,6 +55,13 @@ constexpr uint32_t kAll[] = {
     Wizard::Title,
     Wizard::Welcome,
     LiveView::SplitLayout,
+    Playback::Search,
+    Playback::Exporting,
+    Playback::Exported,
+    Playback::NoUsbDevice,
+    Playback::UsbFull,
+    Playback::ExportCancelled,
+    Playback::CancelExport,
 };
 } // namespace TextId
 // clang-format on
