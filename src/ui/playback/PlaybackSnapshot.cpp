@@ -47,7 +47,7 @@ VyString PlaybackSnapshot::save(const VyBitmap& picture, int channel, const VyDa
     const std::vector<uint8_t> jpeg = picture.encodeJpeg(quality);
     if (jpeg.empty())
         return VyString();
-    const VyString path = directory + "/" + fileName(channel, time);
+    VyString path = directory + "/" + fileName(channel, time);
     FILE* f = std::fopen(path.c_str(), "wb");
     if (f == nullptr) {
         VY_GUI_LOG("snapshot: cannot write %s !!!\n", path.c_str());

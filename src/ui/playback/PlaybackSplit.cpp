@@ -18,7 +18,7 @@ int sideFor(int count) {
 std::vector<VyRect> PlaybackSplit::cellsFor(int count, const VyRect& area) {
     const int side = sideFor(std::max(1, count));
     std::vector<VyRect> cells;
-    cells.reserve(size_t(side * side));
+    cells.reserve(size_t(side) * size_t(side));
     for (int r = 0; r < side; ++r) {
         for (int c = 0; c < side; ++c) {
             // Edges from the exact fractions, so that the cells tile the area without gaps.

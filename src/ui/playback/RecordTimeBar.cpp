@@ -67,7 +67,7 @@ void RecordTimeBar::updateMetrics() {
     const float sy = screenScale(false);
     m_leftMargin = int(kLabelColumnDesign * sx);
     m_scrollBarWidth = uint8_t(int(kScrollBarDesign * sx));
-    m_rightMargin = int(kRightGapDesign * sx + m_scrollBarWidth);
+    m_rightMargin = int(kRightGapDesign * sx + float(m_scrollBarWidth));
     m_headerHeight = int(kHeaderDesign * sy);
     m_bottomHeight = int(kBottomBandDesign * sy);
 }
@@ -152,16 +152,26 @@ void RecordTimeBar::setChannels(const std::vector<RecordChannel>& channels,
 void RecordTimeBar::setMode(bool multiChannel, uint32_t mode) {
     m_multiChannel = multiChannel;
     m_mode = mode;
-    if (mode > 10)
-        m_rowsPerPage = 4;
-    else if (mode == 1 || mode == 4 || mode == 6 || mode == 7 || mode == 9 || mode == 10)
-        m_rowsPerPage = 1;
-    else if (mode == 2 || mode == 5)
-        m_rowsPerPage = 2;
-    else if (mode == 3 || mode == 8)
-        m_rowsPerPage = 4;
-    else
+    switch (mode) {
+    case 0:
         m_rowsPerPage = multiChannel ? 8 : 4;
+        break;
+    case 1:
+    case 4:
+    case 6:
+    case 7:
+    case 9:
+    case 10:
+        m_rowsPerPage = 1;
+        break;
+    case 2:
+    case 5:
+        m_rowsPerPage = 2;
+        break;
+    default: // 3, 8 and every mode above 10
+        m_rowsPerPage = 4;
+        break;
+    }
     updateScrollBar();
     update();
 }
@@ -319,7 +329,7 @@ int RecordTimeBar::firstTickX(int intervalSeconds) {
     const long long rem = m_rangeStart.secsTo(m_origin) % intervalSeconds;
     if (rem == 0)
         return trackLeft;
-    return trackLeft + int(float(intervalSeconds - rem) * m_pixelsPerSecond + 0.5f);
+    return trackLeft + int(std::trunc(float(intervalSeconds - rem) * m_pixelsPerSecond + 0.5f));
 }
 
 std::vector<RecordTimeBar::Tick> RecordTimeBar::ticks(int intervalSeconds) {
@@ -332,8 +342,8 @@ std::vector<RecordTimeBar::Tick> RecordTimeBar::ticks(int intervalSeconds) {
     const int trackLeft = m_leftMargin + m_centringOffset;
     out.push_back({first, m_origin.addSecs(firstSecs)});
     for (long long secs = firstSecs + intervalSeconds; secs <= m_span; secs += intervalSeconds)
-        out.push_back(
-            {trackLeft + int(float(secs) * m_pixelsPerSecond + 0.5f), m_origin.addSecs(secs)});
+        out.push_back({trackLeft + int(std::trunc(float(secs) * m_pixelsPerSecond + 0.5f)),
+                       m_origin.addSecs(secs)});
     return out;
 }
 

@@ -131,7 +131,7 @@ std::vector<std::vector<VyRect>> RecordTimeBar::recordRegions() const {
         const VyRect band = rowTrack(r);
         if (band.height() <= 0)
             continue;
-        for (const RecordSegment& s : m_channels[size_t(m_firstRow + r)].segments) {
+        for (const RecordSegment& s : m_channels[size_t(m_firstRow) + size_t(r)].segments) {
             // Segments that end before they start, or lie outside the view, draw nothing.
             if (!(s.start < s.end) || s.end <= m_origin || s.start >= end)
                 continue;
@@ -171,7 +171,7 @@ void RecordTimeBar::paintHeader(VyCanvas* c) {
     const int minorLength = std::max(1, m_headerHeight / 6);
     for (const Tick& t : ticks(m_secsPerMinor))
         c->drawLine(t.x, bottom - minorLength, t.x, bottom - 1, m_look.minorTick);
-    const int labelWidth = std::max(1, m_secsPerMajor) * m_pixelsPerSecond;
+    const int labelWidth = int(float(std::max(1, m_secsPerMajor)) * m_pixelsPerSecond);
     for (const Tick& t : ticks(m_secsPerMajor)) {
         c->drawLine(t.x, bottom - majorLength, t.x, bottom - 1, m_look.majorTick);
         const VyRect label(t.x - labelWidth / 2, 0, labelWidth, bottom - majorLength);
@@ -278,7 +278,7 @@ void RecordTimeBar::paintBottomBand(VyCanvas* c) {
     }
     // The cursor's time under the cursor, kept inside the track.
     const VyRect track = trackRect();
-    const int textWidth = int(8 * font * 0.65f);
+    const int textWidth = int(float(8 * font) * 0.65f);
     int x = timeToX(m_cursor) - textWidth / 2;
     x = std::max(track.left, std::min(x, track.left + track.width() - textWidth));
     c->drawText(VyRect(x, top, textWidth, m_bottomHeight), VyCanvas::AlignCenter,

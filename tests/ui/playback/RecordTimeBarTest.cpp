@@ -228,6 +228,7 @@ TEST_F(RecordTimeBarTest, RowsPerPageFollowTheMode) {
 
 TEST_F(RecordTimeBarTest, SelectingAChannelScrollsItsPageIntoView) {
     std::vector<RecordChannel> list;
+    list.reserve(10);
     for (int i = 0; i < 10; ++i)
         list.push_back(channel(20 + i));
     bar->setChannels(list);
