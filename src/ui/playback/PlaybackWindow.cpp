@@ -276,6 +276,24 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
     updateSpeedText();
 }
 
+bool PlaybackWindow::handleDeviceKey(int keyValue) {
+    struct KeyControl {
+        int key;
+        Control control;
+    };
+    static constexpr KeyControl kKeys[] = {
+        {39, Play},      {40, Stop},      {41, Slower},      {42, Faster},  {43, Back30},
+        {44, Forward30}, {79, FrameStep}, {80, PreviousDay}, {81, NextDay}, {82, Snapshot},
+    };
+    for (const KeyControl& k : kKeys) {
+        if (k.key == keyValue) {
+            onControlClicked(m_controls[k.control]);
+            return true;
+        }
+    }
+    return false;
+}
+
 void PlaybackWindow::updateSpeedText() {
     m_speed->setText(speedText(m_session->speed()));
 }

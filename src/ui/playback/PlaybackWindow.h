@@ -68,6 +68,10 @@ public:
 
     void search();
     void togglePlay();
+    // The device keys routed to playback (front panel and remote): true when the key is one
+    // of them. 39 play/pause, 40 stop, 41 slower, 42 faster, 43 back 30 s, 44 forward 30 s,
+    // 79 frame step, 80 previous day, 81 next day, 82 snapshot.
+    bool handleDeviceKey(int keyValue);
 
 protected:
     void paintEvent(VyPaintEvent* e) override;
