@@ -68,5 +68,23 @@ namespace PlaybackSubType {
 
 // GUI -> App, no body: the live view is in front again, playback decoders may be released.
 constexpr uint16_t LiveViewActive = 35;
+// GUI -> App, one-way, sent by the record data model.
+constexpr uint16_t SplitScreen = 0;   // PlaybackSplitScreen
+constexpr uint16_t MonthSearch = 1;   // MonthSearchRequest
+constexpr uint16_t Play = 3;          // PlaybackCommand: play and stop
+constexpr uint16_t Control = 6;       // PlaybackControl
+constexpr uint16_t Jump = 8;          // PlaybackJump
+constexpr uint16_t Seek = 9;          // PlaybackSeek
+constexpr uint16_t MotionSearch = 13; // MotionSearchRequest
+constexpr uint16_t PicPlay = 19;      // PicPlayCommand
+constexpr uint16_t TagSearch = 22;    // TagSearchRequest
+constexpr uint16_t RecPicWindow = 27; // RecPicWindow, once per cell
+constexpr uint16_t DaySearch = 28;    // DaySearchRequest
+constexpr uint16_t StopOther = 43;    // PlaybackStopRequest
+constexpr uint16_t Export = 44;       // ClipExportRequest
+// App -> GUI, forwarded to the ready playback receiver.
+constexpr uint16_t MonthResult = 2; // MonthSearchResult
+constexpr uint16_t DayResult = 3;   // DaySearchResult + RecordSegmentEntry list
+constexpr uint16_t Status = 14;     // PlaybackStatus
 
 } // namespace PlaybackSubType

@@ -37,6 +37,15 @@ constexpr uint32_t SplitLayout = 103508;   // %1 Split
 constexpr uint32_t ChannelName = 103509;   // Channel %1
 constexpr uint32_t SnapshotSaved = 103510; // Snapshot saved
 } // namespace LiveView
+namespace Playback {
+constexpr uint32_t Search = 104001;          // Search
+constexpr uint32_t Exporting = 104002;       // Exporting the clip: %1%
+constexpr uint32_t Exported = 104003;        // The clip was exported.
+constexpr uint32_t NoUsbDevice = 104004;     // No USB device found.
+constexpr uint32_t UsbFull = 104005;         // Not enough free space on the USB device.
+constexpr uint32_t ExportCancelled = 104006; // The export was cancelled.
+constexpr uint32_t CancelExport = 104007;    // Cancel
+} // namespace Playback
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -60,6 +69,13 @@ constexpr uint32_t kAll[] = {
     LiveView::SplitLayout,
     LiveView::ChannelName,
     LiveView::SnapshotSaved,
+    Playback::Search,
+    Playback::Exporting,
+    Playback::Exported,
+    Playback::NoUsbDevice,
+    Playback::UsbFull,
+    Playback::ExportCancelled,
+    Playback::CancelExport,
 };
 } // namespace TextId
 // clang-format on
