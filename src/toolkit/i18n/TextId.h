@@ -30,6 +30,42 @@ constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through t
 namespace LiveView {
 constexpr uint32_t SplitLayout = 103508; // %1 Split
 } // namespace LiveView
+namespace Settings {
+constexpr uint32_t Sunday = 105001;          // Sun
+constexpr uint32_t Monday = 105002;          // Mon
+constexpr uint32_t Tuesday = 105003;         // Tue
+constexpr uint32_t Wednesday = 105004;       // Wed
+constexpr uint32_t Thursday = 105005;        // Thu
+constexpr uint32_t Friday = 105006;          // Fri
+constexpr uint32_t Saturday = 105007;        // Sat
+constexpr uint32_t Title = 105010;           // Settings
+constexpr uint32_t Apply = 105011;           // Apply
+constexpr uint32_t Save = 105012;            // Save
+constexpr uint32_t Cancel = 105013;          // Cancel
+constexpr uint32_t Default = 105014;         // Default
+constexpr uint32_t UnsavedQuestion = 105015; // The settings have changed. Save the changes?
+constexpr uint32_t Camera = 105016;          // Camera
+constexpr uint32_t Record = 105017;          // Recording
+constexpr uint32_t Alarm = 105018;           // Alarm
+constexpr uint32_t Network = 105019;         // Network
+constexpr uint32_t Storage = 105020;         // Storage
+constexpr uint32_t System = 105021;          // System
+constexpr uint32_t Schedule = 105022;        // Schedule
+constexpr uint32_t General = 105023;         // General
+constexpr uint32_t Channel = 105024;         // Channel
+constexpr uint32_t TypeNormal = 105025;      // Normal
+constexpr uint32_t TypeMotion = 105026;      // Motion detection
+constexpr uint32_t TypeAlarm = 105027;       // Alarm
+constexpr uint32_t TypePir = 105028;         // PIR
+constexpr uint32_t Copy = 105029;            // Copy
+constexpr uint32_t PreRecord = 105030;       // Pre-recording (s)
+constexpr uint32_t PostRecord = 105031;      // Post-recording (s)
+constexpr uint32_t Language = 105032;        // Language
+constexpr uint32_t DateFormat = 105033;      // Date format
+constexpr uint32_t Hour12 = 105034;          // 12-hour time
+constexpr uint32_t MenuTimeout = 105035;     // Menu time-out (min)
+constexpr uint32_t Audio = 105036;           // Audio
+} // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -46,6 +82,40 @@ constexpr uint32_t kAll[] = {
     Wizard::Title,
     Wizard::Welcome,
     LiveView::SplitLayout,
+    Settings::Sunday,
+    Settings::Monday,
+    Settings::Tuesday,
+    Settings::Wednesday,
+    Settings::Thursday,
+    Settings::Friday,
+    Settings::Saturday,
+    Settings::Title,
+    Settings::Apply,
+    Settings::Save,
+    Settings::Cancel,
+    Settings::Default,
+    Settings::UnsavedQuestion,
+    Settings::Camera,
+    Settings::Record,
+    Settings::Alarm,
+    Settings::Network,
+    Settings::Storage,
+    Settings::System,
+    Settings::Schedule,
+    Settings::General,
+    Settings::Channel,
+    Settings::TypeNormal,
+    Settings::TypeMotion,
+    Settings::TypeAlarm,
+    Settings::TypePir,
+    Settings::Copy,
+    Settings::PreRecord,
+    Settings::PostRecord,
+    Settings::Language,
+    Settings::DateFormat,
+    Settings::Hour12,
+    Settings::MenuTimeout,
+    Settings::Audio,
 };
 } // namespace TextId
 // clang-format on

@@ -1,0 +1,71 @@
+#include "ui/settings/SettingsManager.h"
+
+#include "model/DeviceProfile.h"
+#include "model/UiManager.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/IpcMsgHeader.h"
+#include "protocol/UiEventType.h"
+#include "toolkit/events/CEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "ui/settings/RecordParamPage.h"
+#include "ui/settings/RecordSchedulePage.h"
+
+namespace {
+
+template <typename Page>
+SettingsPage* makePage(VyWidget* parent) {
+    return new Page(parent);
+}
+
+constexpr uint32_t kCategoryTitles[SettingsManager::CategoryCount] = {
+    TextId::Settings::Camera,  TextId::Settings::Record,  TextId::Settings::Alarm,
+    TextId::Settings::Network, TextId::Settings::Storage, TextId::Settings::System};
+
+} // namespace
+
+SettingsManager::SettingsManager(VyObject* parent)
+    : VyObject(parent) {}
+
+SettingsManager::~SettingsManager() {
+    setCurrentPage(nullptr);
+}
+
+uint32_t SettingsManager::categoryTitle(int category) {
+    return category >= 0 && category < CategoryCount ? kCategoryTitles[category] : 0;
+}
+
+std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
+                                                                 const DeviceProfile& profile) {
+    std::vector<PageEntry> pages;
+    switch (category) {
+    case Record:
+        if (profile.enableNormalRecord || profile.enableMotionRecord || profile.enablePirRecord ||
+            profile.alarmInputNum > 0)
+            pages.push_back({TextId::Settings::Schedule, &makePage<RecordSchedulePage>});
+        pages.push_back({TextId::Settings::Record, &makePage<RecordParamPage>});
+        break;
+    default:
+        break;
+    }
+    return pages;
+}
+
+void SettingsManager::setCurrentPage(SettingsPage* page) {
+    m_page.reset(page);
+    if (UiManager* ui = UiManager::instance())
+        ui->setReceiver(UiEventType::ParamChanged, page != nullptr ? this : nullptr);
+}
+
+void SettingsManager::customEvent(VyEvent* e) {
+    if (e->type() != UiEventType::ParamChanged)
+        return;
+    auto* ce = static_cast<CEvent*>(e);
+    const auto* block = static_cast<const uint8_t*>(ce->data());
+    if (block == nullptr || !m_page)
+        return;
+    const IpcMsgHeader h = ipcDecodeHeader(block);
+    if (h.dataLen < 4)
+        return;
+    if (m_page->parameterChanged(ByteOrder::loadLe32(block + kIpcHeaderSize)))
+        ++m_refreshes;
+}

@@ -1,0 +1,110 @@
+#include "SimSettingsBlocks.h"
+
+#include "protocol/GeneralSettingsBlock.h"
+#include "protocol/RecordParamBlock.h"
+#include "protocol/RecordScheduleBlock.h"
+
+#include <cstring>
+
+namespace {
+
+// A per-channel copy lives under block number + (channel + 1) * 65536, far above any block
+// number the recorder uses.
+constexpr uint32_t kChannelKeyStep = 0x10000;
+
+template <typename Record>
+std::vector<uint8_t> bytesOf(const Record& r) {
+    const auto* p = reinterpret_cast<const uint8_t*>(&r);
+    return std::vector<uint8_t>(p, p + sizeof r);
+}
+
+std::string outOfRange(const char* field, long value, long lo, long hi) {
+    return std::string(field) + " " + std::to_string(value) + " outside " + std::to_string(lo) +
+           ".." + std::to_string(hi);
+}
+
+} // namespace
+
+namespace SimSettingsBlocks {
+
+bool isPerChannel(uint32_t block) {
+    return block == RecordScheduleBlock::kBlockNumber || block == RecordParamBlock::kBlockNumber;
+}
+
+uint32_t storeKey(uint32_t block, uint8_t channel) {
+    return isPerChannel(block) ? block + (uint32_t(channel) + 1) * kChannelKeyStep : block;
+}
+
+std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorderConfig&) {
+    if (block == RecordScheduleBlock::kBlockNumber) {
+        RecordScheduleBlock b{};
+        b.channel = channel;
+        b.enabled = 1;
+        std::memset(b.schedule, ScheduleGrid::kRecordNormal, sizeof b.schedule);
+        return bytesOf(b);
+    }
+    if (block == RecordParamBlock::kBlockNumber) {
+        RecordParamBlock b{};
+        b.channel = channel;
+        b.preRecordSec = 5;
+        b.postRecordSec = 30;
+        return bytesOf(b);
+    }
+    return {};
+}
+
+std::string check(uint32_t block, const uint8_t* record, uint32_t size,
+                  const SimRecorderConfig& config) {
+    if (block == RecordScheduleBlock::kBlockNumber) {
+        if (size != sizeof(RecordScheduleBlock))
+            return "size " + std::to_string(size);
+        RecordScheduleBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.channel >= config.channels)
+            return outOfRange("channel", b.channel, 0, config.channels - 1);
+        if (b.enabled > 1)
+            return outOfRange("enabled", b.enabled, 0, 1);
+        for (int i = 0; i < ScheduleGrid::kBytes; ++i)
+            if (b.schedule[i] > 0x0F)
+                return outOfRange("schedule cell", b.schedule[i], 0, 0x0F);
+        return {};
+    }
+    if (block == RecordParamBlock::kBlockNumber) {
+        if (size != sizeof(RecordParamBlock))
+            return "size " + std::to_string(size);
+        RecordParamBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.channel >= config.channels)
+            return outOfRange("channel", b.channel, 0, config.channels - 1);
+        if (b.preRecordSec > RecordParamBlock::kMaxPreRecordSec)
+            return outOfRange("preRecordSec", b.preRecordSec, 0,
+                              RecordParamBlock::kMaxPreRecordSec);
+        if (b.postRecordSec < RecordParamBlock::kMinPostRecordSec ||
+            b.postRecordSec > RecordParamBlock::kMaxPostRecordSec)
+            return outOfRange("postRecordSec", b.postRecordSec, RecordParamBlock::kMinPostRecordSec,
+                              RecordParamBlock::kMaxPostRecordSec);
+        if (b.recordStream > RecordParamBlock::kStreamSub || b.audioEnabled > 1)
+            return "recordStream or audioEnabled above 1";
+        return {};
+    }
+    if (block == GeneralSettingsBlock::kBlockNumber) {
+        if (size != sizeof(GeneralSettingsBlock))
+            return "size " + std::to_string(size);
+        GeneralSettingsBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.languageIndex >= GeneralSettingsBlock::kLanguageCount)
+            return outOfRange("languageIndex", b.languageIndex, 0,
+                              GeneralSettingsBlock::kLanguageCount - 1);
+        if (b.dateFormat > 2)
+            return outOfRange("dateFormat", b.dateFormat, 0, 2);
+        if (b.hour12 > 1)
+            return outOfRange("hour12", b.hour12, 0, 1);
+        if (b.menuTimeout > GeneralSettingsBlock::kMaxMenuTimeout)
+            return outOfRange("menuTimeout", b.menuTimeout, 0,
+                              GeneralSettingsBlock::kMaxMenuTimeout);
+        return {};
+    }
+    return {};
+}
+
+} // namespace SimSettingsBlocks
