@@ -27,10 +27,14 @@ void SettingsBlockSet::fetch(Block& b) {
 }
 
 void SettingsBlockSet::fetchAll() {
-    for (Block& b : m_blocks) {
-        fetch(b);
-        b.edit = b.saved;
-    }
+    for (int i = 0; i < count(); ++i)
+        fetchOne(i);
+}
+
+void SettingsBlockSet::fetchOne(int slot) {
+    Block& b = m_blocks[size_t(slot)];
+    fetch(b);
+    b.edit = b.saved;
 }
 
 int SettingsBlockSet::writeChanged() {

@@ -33,6 +33,8 @@ public:
     // Gets every declared block from App (ParamAccess; a short reply is zero-filled) and
     // drops every edit.
     void fetchAll();
+    // The same for one block.
+    void fetchOne(int slot);
     // Sets every block whose edit differs from what App has; answers how many were sent.
     int writeChanged();
     bool isModified() const;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr uint32_t kTypeTexts[4] = {TextId::Settings::TypeNormal, TextId::Settings::TypeMotion,
                                     TextId::Settings::TypeAlarm, TextId::Settings::TypePir};
-constexpr int kButtonWidthDesign = 200; // pixels at 1920x1080
+constexpr int kButtonWidthDesign = 280; // pixels at 1920x1080
 constexpr int kButtonHeightDesign = 44;
 constexpr int kGapDesign = 12;
 
@@ -110,16 +110,10 @@ void RecordSchedulePage::selectType(int bit) {
     m_frame->board()->setCurrentType(uint8_t(bit));
 }
 
-void RecordSchedulePage::typeChosen() {
-    for (int bit = 0; bit < 4; ++bit) {
-        // The button just clicked is the one whose state no longer matches the board's type.
-        if (m_types[bit] != nullptr && m_types[bit]->isChecked() &&
-            bit != m_frame->board()->currentType()) {
+void RecordSchedulePage::typeChosen(VyObject* sender) {
+    for (int bit = 0; bit < 4; ++bit)
+        if (m_types[bit] == sender)
             selectType(bit);
-            return;
-        }
-    }
-    selectType(m_frame->board()->currentType()); // a click on the chosen type keeps it
 }
 
 void RecordSchedulePage::showValues() {

@@ -40,7 +40,7 @@ protected:
 
 private:
     void channelChosen();
-    void typeChosen();
+    void typeChosen(VyObject* sender);
     void copyToAllChannels();
     void selectType(int bit);
 

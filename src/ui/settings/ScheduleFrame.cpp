@@ -14,6 +14,7 @@ namespace {
 constexpr uint8_t kLeftButton = 1;
 constexpr int kDayLabelDesignWidth = 90; // pixels at 1920x1080
 constexpr int kHourLabelDesignHeight = 30;
+constexpr int kRightMarginDesign = 20;
 
 // Row 0 is Sunday, as the recorder counts its week.
 constexpr uint32_t kDayTexts[ScheduleGrid::kDays] = {
@@ -39,7 +40,9 @@ void ScheduleFrame::attachBoard(ScheduleBoard* board) {
 void ScheduleFrame::resizeEvent(VyResizeEvent*) {
     if (m_board == nullptr)
         return;
-    m_board->setGeometry(m_dayLabelWidth, m_hourLabelHeight, width() - m_dayLabelWidth,
+    // Room on the right for half of the last hour label, which is centred on the last line.
+    const int right = UiLook::scaledX(kRightMarginDesign);
+    m_board->setGeometry(m_dayLabelWidth, m_hourLabelHeight, width() - m_dayLabelWidth - right,
                          height() - m_hourLabelHeight);
 }
 

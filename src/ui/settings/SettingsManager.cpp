@@ -5,10 +5,13 @@
 #include "protocol/ByteOrder.h"
 #include "protocol/IpcMsgHeader.h"
 #include "protocol/UiEventType.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
+#include "ui/settings/SettingsWindow.h"
 
 namespace {
 
@@ -21,13 +24,43 @@ constexpr uint32_t kCategoryTitles[SettingsManager::CategoryCount] = {
     TextId::Settings::Camera,  TextId::Settings::Record,  TextId::Settings::Alarm,
     TextId::Settings::Network, TextId::Settings::Storage, TextId::Settings::System};
 
+SettingsManager* g_instance = nullptr; // the live manager; see instance()
+
 } // namespace
 
 SettingsManager::SettingsManager(VyObject* parent)
-    : VyObject(parent) {}
+    : VyObject(parent) {
+    g_instance = this;
+}
 
 SettingsManager::~SettingsManager() {
+    delete m_window.data();
     setCurrentPage(nullptr);
+    if (g_instance == this)
+        g_instance = nullptr;
+}
+
+SettingsManager* SettingsManager::instance() {
+    return g_instance;
+}
+
+SettingsPage* SettingsManager::currentPage() const {
+    return m_page.data();
+}
+
+SettingsWindow* SettingsManager::window() const {
+    return m_window.data();
+}
+
+SettingsWindow* SettingsManager::openWindow() {
+    if (!m_window) {
+        auto* w = new SettingsWindow(this);
+        if (VyApplication* app = VyApplication::instance(); app && app->screen())
+            w->setGeometry(0, 0, app->screen()->width(), app->screen()->height());
+        m_window.reset(w);
+        w->show();
+    }
+    return m_window.data();
 }
 
 uint32_t SettingsManager::categoryTitle(int category) {

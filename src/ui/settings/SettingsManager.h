@@ -12,6 +12,7 @@
 
 struct DeviceProfile;
 class SettingsPage;
+class SettingsWindow;
 class VyWidget;
 
 class SettingsManager : public VyObject {
@@ -26,6 +27,12 @@ public:
 
     explicit SettingsManager(VyObject* parent = nullptr);
     ~SettingsManager() override;
+    // The live manager (the window layer's), or null.
+    static SettingsManager* instance();
+
+    // Opens the settings window on its tiles, full screen, or answers the one open.
+    SettingsWindow* openWindow();
+    SettingsWindow* window() const;
 
     // The text ID of a category's tile.
     static uint32_t categoryTitle(int category);
@@ -35,7 +42,7 @@ public:
     // The page that receives App's changes; null when none is open. Registers for event
     // 1028 with the UiManager (when there is one) while a page is set.
     void setCurrentPage(SettingsPage* page);
-    SettingsPage* currentPage() const { return m_page.data(); }
+    SettingsPage* currentPage() const;
     // Changes handed to a page since the manager was made.
     int refreshCount() const { return m_refreshes; }
 
@@ -44,5 +51,6 @@ protected:
 
 private:
     VyPointer<SettingsPage> m_page;
+    VyPointer<SettingsWindow> m_window; // top-level, deletes itself when closed
     int m_refreshes = 0;
 };

@@ -22,9 +22,11 @@ SettingsPage::SettingsPage(uint32_t titleId, VyWidget* parent)
 
 void SettingsPage::open() {
     VyPointer<SettingsPage> self(this);
-    m_blocks.fetchAll();
-    if (!self)
-        return; // closed while App was answering
+    for (int i = 0; i < m_blocks.count(); ++i) {
+        m_blocks.fetchOne(i);
+        if (!self || m_abandoned)
+            return; // left while App was answering: fetch nothing more
+    }
     m_opened = true;
     opened();
     showValues();

@@ -25,6 +25,9 @@ public:
     // Fetches the page's blocks and shows them.
     void open();
     bool isOpened() const { return m_opened; }
+    // The window left the page while it was still fetching: open() stops after the block
+    // it waits for.
+    void abandon() { m_abandoned = true; }
     // Takes the controls' values and sends the changed blocks; answers how many were sent.
     int apply();
     void cancel();
@@ -75,6 +78,7 @@ private:
     uint32_t m_titleId;
     SettingsBlockSet m_blocks;
     bool m_opened = false;
+    bool m_abandoned = false;
     struct Row {
         VyWidget* label;
         VyWidget* control;
