@@ -12,6 +12,7 @@
 #include "model/ParamAccess.h"
 #include "model/UiManager.h"
 #include "model/UiModels.h"
+#include "protocol/AlarmInputBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
@@ -27,6 +28,8 @@
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "toolkit/widgets/VySpinBox.h"
+#include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/BitMaskChecks.h"
 #include "ui/settings/RecScheduleFrame.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
@@ -60,6 +63,8 @@ protected:
 
         SimRecorderConfig config;
         config.channels = kChannels;
+        config.alarmInputs = 2;
+        config.alarmOutputs = 1;
         recorder = std::make_unique<SimRecorder>(config);
         recorder->attach(server);
         ASSERT_TRUE(server.listen(m_dir + "/IPC_UI"));
@@ -77,6 +82,7 @@ protected:
         p.channelCount = kChannels;
         p.enableNormalRecord = p.enableMotionRecord = true;
         p.alarmInputNum = 2;
+        p.alarmOutputNum = 1;
         p.audioNum = 1;
         settings = std::make_unique<SettingsManager>();
         window = std::make_unique<VyWidget>();
@@ -252,6 +258,32 @@ TEST_F(SettingsPagesE2e, AChangeMadeElsewhereRefreshesTheOpenPageAndKeepsTheUser
     EXPECT_EQ(page->preRecordBox()->value(), 20);
     EXPECT_EQ(page->postRecordBox()->value(), 60);
     EXPECT_TRUE(page->hasUnsavedChanges());
+}
+
+TEST_F(SettingsPagesE2e, AlarmInputActionsReachTheRecorder) {
+    auto* page = openPage<AlarmInputPage>();
+    EXPECT_EQ(paramMessages() - beforeOpen, 2); // block 11 of both inputs
+    ASSERT_NE(page->alarmOutputs(), nullptr);   // one relay output in the simulator
+    page->inputBox()->setValue(2);
+    click(page->enabledBox(), 2, 2);
+    click(page->normallyClosedBox(), 2, 2);
+    click(page->recordChannels()->box(3), 2, 2);
+    click(page->alarmOutputs()->box(0), 2, 2);
+    click(page->buzzerBox(), 2, 2); // on by default: now off
+    key(page->holdBox(), VyKeyEvent::KeyDown);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    AlarmInputBlock expected{};
+    expected.input = 1;
+    expected.enabled = 1;
+    expected.normallyClosed = 1;
+    expected.popup = 1;
+    expected.alarmOutputs = 1;
+    expected.recordChannels = 1 | 8;
+    expected.holdSec = 9;
+    const AlarmInputBlock got = stored<AlarmInputBlock>(1);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
 }
 
 } // namespace

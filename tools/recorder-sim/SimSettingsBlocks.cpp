@@ -1,5 +1,6 @@
 #include "SimSettingsBlocks.h"
 
+#include "protocol/AlarmInputBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
@@ -28,7 +29,8 @@ std::string outOfRange(const char* field, long value, long lo, long hi) {
 namespace SimSettingsBlocks {
 
 bool isPerChannel(uint32_t block) {
-    return block == RecordScheduleBlock::kBlockNumber || block == RecordParamBlock::kBlockNumber;
+    return block == RecordScheduleBlock::kBlockNumber || block == RecordParamBlock::kBlockNumber ||
+           block == AlarmInputBlock::kBlockNumber;
 }
 
 uint32_t storeKey(uint32_t block, uint8_t channel) {
@@ -48,6 +50,15 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         b.channel = channel;
         b.preRecordSec = 5;
         b.postRecordSec = 30;
+        return bytesOf(b);
+    }
+    if (block == AlarmInputBlock::kBlockNumber) {
+        AlarmInputBlock b{};
+        b.input = channel;
+        b.buzzer = 1;
+        b.popup = 1;
+        b.recordChannels = 1; // the first channel records on every input
+        b.holdSec = 10;
         return bytesOf(b);
     }
     return {};
@@ -85,6 +96,23 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
                               RecordParamBlock::kMaxPostRecordSec);
         if (b.recordStream > RecordParamBlock::kStreamSub || b.audioEnabled > 1)
             return "recordStream or audioEnabled above 1";
+        return {};
+    }
+    if (block == AlarmInputBlock::kBlockNumber) {
+        if (size != sizeof(AlarmInputBlock))
+            return "size " + std::to_string(size);
+        AlarmInputBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.input >= config.alarmInputs)
+            return outOfRange("input", b.input, 0, long(config.alarmInputs) - 1);
+        if (b.enabled > 1 || b.normallyClosed > 1 || b.buzzer > 1 || b.popup > 1 || b.email > 1)
+            return "a switch above 1";
+        if (config.alarmOutputs < 8 && (b.alarmOutputs >> config.alarmOutputs) != 0)
+            return outOfRange("alarmOutputs", b.alarmOutputs, 0, (1L << config.alarmOutputs) - 1);
+        if (config.channels < 64 && (b.recordChannels >> config.channels) != 0)
+            return "recordChannels names a channel beyond " + std::to_string(config.channels);
+        if (b.holdSec > AlarmInputBlock::kMaxHoldSec)
+            return outOfRange("holdSec", b.holdSec, 0, AlarmInputBlock::kMaxHoldSec);
         return {};
     }
     if (block == GeneralSettingsBlock::kBlockNumber) {

@@ -65,6 +65,16 @@ constexpr uint32_t DateFormat = 105033;      // Date format
 constexpr uint32_t Hour12 = 105034;          // 12-hour time
 constexpr uint32_t MenuTimeout = 105035;     // Menu time-out (min)
 constexpr uint32_t Audio = 105036;           // Audio
+constexpr uint32_t AlarmInput = 105037;      // Alarm input
+constexpr uint32_t Enable = 105038;          // Enable
+constexpr uint32_t NormallyClosed = 105039;  // Normally closed
+constexpr uint32_t Buzzer = 105040;          // Buzzer
+constexpr uint32_t PopUp = 105041;           // Pop-up
+constexpr uint32_t Email = 105042;           // E-mail
+constexpr uint32_t RecordChannels = 105043;  // Recording channels
+constexpr uint32_t AlarmOutput = 105044;     // Alarm output
+constexpr uint32_t PtzPreset = 105045;       // PTZ preset
+constexpr uint32_t HoldTime = 105046;        // Hold time (s)
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -116,6 +126,16 @@ constexpr uint32_t kAll[] = {
     Settings::Hour12,
     Settings::MenuTimeout,
     Settings::Audio,
+    Settings::AlarmInput,
+    Settings::Enable,
+    Settings::NormallyClosed,
+    Settings::Buzzer,
+    Settings::PopUp,
+    Settings::Email,
+    Settings::RecordChannels,
+    Settings::AlarmOutput,
+    Settings::PtzPreset,
+    Settings::HoldTime,
 };
 } // namespace TextId
 // clang-format on

@@ -9,6 +9,7 @@
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
+#include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
 #include "ui/settings/SettingsWindow.h"
@@ -76,6 +77,10 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
             profile.alarmInputNum > 0)
             pages.push_back({TextId::Settings::Schedule, &makePage<RecordSchedulePage>});
         pages.push_back({TextId::Settings::Record, &makePage<RecordParamPage>});
+        break;
+    case Alarm:
+        if (profile.alarmInputNum > 0)
+            pages.push_back({TextId::Settings::AlarmInput, &makePage<AlarmInputPage>});
         break;
     default:
         break;
