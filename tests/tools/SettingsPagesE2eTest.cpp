@@ -13,7 +13,9 @@
 #include "model/UiManager.h"
 #include "model/UiModels.h"
 #include "protocol/AlarmInputBlock.h"
+#include "protocol/DeviceParamBlock.h"
 #include "protocol/MainType.h"
+#include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
 #include "protocol/SubType.h"
@@ -26,13 +28,18 @@
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/BitMaskChecks.h"
+#include "ui/settings/NetworkPage.h"
+#include "ui/settings/QrCodeView.h"
 #include "ui/settings/RecScheduleFrame.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
+#include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsManager.h"
 
 #include <gtest/gtest.h>
@@ -284,6 +291,58 @@ TEST_F(SettingsPagesE2e, AlarmInputActionsReachTheRecorder) {
     expected.holdSec = 9;
     const AlarmInputBlock got = stored<AlarmInputBlock>(1);
     EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, StaticAddressesAreCheckedAndReachTheRecorder) {
+    auto* page = openPage<NetworkPage>();
+    EXPECT_EQ(paramMessages() - beforeOpen, 1);
+    EXPECT_EQ(page->addressEdit()->text(), "192.168.1.100");
+    click(page->dhcpBox(), 2, 2); // static from now on
+    page->addressEdit()->setText("10.0.0.7");
+    page->gatewayEdit()->setText("10.0.0.1");
+    page->netmaskEdit()->setText("255.0.255.0"); // not contiguous
+    key(page->serverPortBox(), VyKeyEvent::KeyUp);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), -1);
+    EXPECT_EQ(recorder->receivedCount(MainType::Param, ParamSubType::Access), before);
+    page->netmaskEdit()->setText("255.0.0.0");
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    NetworkBlock expected{};
+    const uint8_t address[4] = {10, 0, 0, 7}, mask[4] = {255, 0, 0, 0}, gateway[4] = {10, 0, 0, 1},
+                  dns[4] = {192, 168, 1, 1};
+    std::memcpy(expected.address, address, 4);
+    std::memcpy(expected.netmask, mask, 4);
+    std::memcpy(expected.gateway, gateway, 4);
+    std::memcpy(expected.dns1, dns, 4);
+    expected.httpPort = 80;
+    expected.serverPort = 6037;
+    const NetworkBlock got = stored<NetworkBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, RemoteAccessShowsTheDeviceIdAsAQrCodeAndSetsTheSwitch) {
+    auto* page = openPage<RemoteAccessPage>();
+    EXPECT_EQ(page->deviceIdLabel()->text(), "20261123");
+    QrCodeView* qr = page->qrCode();
+    ASSERT_EQ(qr->symbolWidth(), 21); // eight digits fit the smallest symbol
+    for (auto [x, y] : {std::pair{0, 0}, {6, 6}, {20, 0}, {0, 20}}) // the finder patterns
+        EXPECT_TRUE(qr->isDark(x, y)) << x << "," << y;
+    EXPECT_FALSE(qr->isDark(7, 7)); // the separator around the top-left finder
+    click(page->enabledBox(), 2, 2);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    EXPECT_EQ(stored<DeviceParamBlock>(0).remoteAccessEnabled, 1u);
+}
+
+TEST(NetworkPage, ParsesOnlyWholeAddresses) {
+    uint8_t a[4] = {9, 9, 9, 9};
+    for (const char* bad : {"1.2.3", "256.1.1.1", "1.2.3.4.", "1..3.4", "", "1.2.3.4x"})
+        EXPECT_FALSE(NetworkPage::parseAddress(bad, a)) << bad;
+    EXPECT_EQ(a[0], 9);
+    ASSERT_TRUE(NetworkPage::parseAddress("172.16.0.254", a));
+    EXPECT_EQ(NetworkPage::addressText(a), "172.16.0.254");
 }
 
 } // namespace

@@ -1,10 +1,13 @@
 #include "SimSettingsBlocks.h"
 
 #include "protocol/AlarmInputBlock.h"
+#include "protocol/DeviceParamBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
+#include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
 
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -12,6 +15,7 @@ namespace {
 // A per-channel copy lives under block number + (channel + 1) * 65536, far above any block
 // number the recorder uses.
 constexpr uint32_t kChannelKeyStep = 0x10000;
+constexpr uint32_t kSimDeviceId = 20261123; // what the remote-access page shows and encodes
 
 template <typename Record>
 std::vector<uint8_t> bytesOf(const Record& r) {
@@ -59,6 +63,27 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         b.popup = 1;
         b.recordChannels = 1; // the first channel records on every input
         b.holdSec = 10;
+        return bytesOf(b);
+    }
+    if (block == NetworkBlock::kBlockNumber) {
+        NetworkBlock b{};
+        b.dhcp = 1;
+        const uint8_t address[4] = {192, 168, 1, 100}, mask[4] = {255, 255, 255, 0},
+                      gateway[4] = {192, 168, 1, 1}, dns[4] = {192, 168, 1, 1};
+        std::memcpy(b.address, address, 4);
+        std::memcpy(b.netmask, mask, 4);
+        std::memcpy(b.gateway, gateway, 4);
+        std::memcpy(b.dns1, dns, 4);
+        b.httpPort = NetworkBlock::kHttpDefaultPort;
+        b.serverPort = 6036;
+        return bytesOf(b);
+    }
+    if (block == DeviceParamBlock::kBlockNumber) {
+        DeviceParamBlock b{};
+        std::snprintf(b.deviceName, sizeof b.deviceName, "recorder-sim");
+        b.deviceId = kSimDeviceId;
+        std::snprintf(b.remoteAddress, sizeof b.remoteAddress, "remote.example.net");
+        b.remotePort = 8800;
         return bytesOf(b);
     }
     return {};
@@ -113,6 +138,30 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
             return "recordChannels names a channel beyond " + std::to_string(config.channels);
         if (b.holdSec > AlarmInputBlock::kMaxHoldSec)
             return outOfRange("holdSec", b.holdSec, 0, AlarmInputBlock::kMaxHoldSec);
+        return {};
+    }
+    if (block == NetworkBlock::kBlockNumber) {
+        if (size != sizeof(NetworkBlock))
+            return "size " + std::to_string(size);
+        NetworkBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.dhcp > 1)
+            return outOfRange("dhcp", b.dhcp, 0, 1);
+        if (!b.dhcp) {
+            if (b.address[0] == 0 || b.address[0] >= 224)
+                return "address is not a host address";
+            uint32_t mask = 0;
+            for (uint8_t m : b.netmask)
+                mask = mask << 8 | m;
+            if (mask == 0 || (~mask & (~mask + 1)) != 0)
+                return "netmask is not contiguous";
+        }
+        for (uint16_t port : {b.httpPort, b.serverPort})
+            if (port < NetworkBlock::kMinPort ||
+                (port < NetworkBlock::kFirstUserPort && port != NetworkBlock::kHttpDefaultPort))
+                return outOfRange("port", port, NetworkBlock::kFirstUserPort, 65535);
+        if (b.httpPort == b.serverPort)
+            return "httpPort and serverPort are the same";
         return {};
     }
     if (block == GeneralSettingsBlock::kBlockNumber) {

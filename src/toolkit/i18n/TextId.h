@@ -75,6 +75,19 @@ constexpr uint32_t RecordChannels = 105043;  // Recording channels
 constexpr uint32_t AlarmOutput = 105044;     // Alarm output
 constexpr uint32_t PtzPreset = 105045;       // PTZ preset
 constexpr uint32_t HoldTime = 105046;        // Hold time (s)
+constexpr uint32_t Dhcp = 105047;            // DHCP
+constexpr uint32_t IpAddress = 105048;       // IP address
+constexpr uint32_t SubnetMask = 105049;      // Subnet mask
+constexpr uint32_t Gateway = 105050;         // Gateway
+constexpr uint32_t Dns1 = 105051;            // Preferred DNS
+constexpr uint32_t Dns2 = 105052;            // Alternate DNS
+constexpr uint32_t HttpPort = 105053;        // HTTP port
+constexpr uint32_t ServerPort = 105054;      // Server port
+constexpr uint32_t InvalidValue = 105055;    // Some values are not valid and were not saved.
+constexpr uint32_t RemoteAccess = 105056;    // Remote access
+constexpr uint32_t DeviceId = 105057;        // Device ID
+constexpr uint32_t Online = 105058;          // Online
+constexpr uint32_t Offline = 105059;         // Offline
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -136,6 +149,19 @@ constexpr uint32_t kAll[] = {
     Settings::AlarmOutput,
     Settings::PtzPreset,
     Settings::HoldTime,
+    Settings::Dhcp,
+    Settings::IpAddress,
+    Settings::SubnetMask,
+    Settings::Gateway,
+    Settings::Dns1,
+    Settings::Dns2,
+    Settings::HttpPort,
+    Settings::ServerPort,
+    Settings::InvalidValue,
+    Settings::RemoteAccess,
+    Settings::DeviceId,
+    Settings::Online,
+    Settings::Offline,
 };
 } // namespace TextId
 // clang-format on

@@ -10,8 +10,10 @@
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/NetworkPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
+#include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsWindow.h"
 
 namespace {
@@ -81,6 +83,10 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case Alarm:
         if (profile.alarmInputNum > 0)
             pages.push_back({TextId::Settings::AlarmInput, &makePage<AlarmInputPage>});
+        break;
+    case Network:
+        pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
+        pages.push_back({TextId::Settings::RemoteAccess, &makePage<RemoteAccessPage>});
         break;
     default:
         break;

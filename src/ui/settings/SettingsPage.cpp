@@ -34,6 +34,10 @@ void SettingsPage::open() {
 
 int SettingsPage::apply() {
     collectValues();
+    if (const uint32_t field = invalidField()) {
+        VY_GUI_LOG("settings not applied: field %u is not valid\n", field);
+        return -1;
+    }
     beforeWrite();
     return m_blocks.writeChanged();
 }

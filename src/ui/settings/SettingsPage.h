@@ -28,8 +28,11 @@ public:
     // The window left the page while it was still fetching: open() stops after the block
     // it waits for.
     void abandon() { m_abandoned = true; }
-    // Takes the controls' values and sends the changed blocks; answers how many were sent.
+    // Takes the controls' values and sends the changed blocks; answers how many were sent,
+    // or -1 (nothing sent) while a field is invalid.
     int apply();
+    // The text ID of the first field whose value cannot be sent, 0 when all can.
+    virtual uint32_t invalidField() { return 0; }
     void cancel();
     // Puts the factory values into the controls; nothing is sent before Apply.
     virtual void restoreDefaults() {}

@@ -10,6 +10,7 @@
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "ui/MessageBox.h"
 #include "ui/UiLook.h"
 #include "ui/settings/SettingsPage.h"
 #include "ui/settings/SettingsTile.h"
@@ -56,7 +57,7 @@ SettingsWindow::SettingsWindow(SettingsManager* manager)
         return b;
     };
     m_default = button(TextId::Settings::Default, VY_SLOT(SettingsWindow, restoreDefaults));
-    m_apply = button(TextId::Settings::Apply, VY_SLOT(SettingsWindow, apply));
+    m_apply = button(TextId::Settings::Apply, VY_SLOT(SettingsWindow, applyClicked));
     m_save = button(TextId::Settings::Save, VY_SLOT(SettingsWindow, save));
     m_cancel = button(TextId::Settings::Cancel, VY_SLOT(SettingsWindow, cancelEdits));
     showHome(true);
@@ -112,8 +113,8 @@ bool SettingsWindow::confirmLeavingPage() {
     const UnsavedAnswer answer = m_ask ? m_ask() : DiscardChanges;
     if (answer == StayOnPage)
         return false;
-    if (answer == SaveChanges && m_page)
-        m_page->apply();
+    if (answer == SaveChanges)
+        return apply();
     return true;
 }
 
@@ -178,14 +179,18 @@ bool SettingsWindow::leaveCategory() {
     return true;
 }
 
-void SettingsWindow::apply() {
-    if (m_page && m_page->isOpened())
-        m_page->apply();
+bool SettingsWindow::apply() {
+    if (!m_page || !m_page->isOpened())
+        return true;
+    if (m_page->apply() >= 0)
+        return true;
+    MessageBox::information(TextId::Settings::InvalidValue);
+    return false;
 }
 
 void SettingsWindow::save() {
-    apply();
-    leaveCategory();
+    if (apply())
+        leaveCategory();
 }
 
 void SettingsWindow::cancelEdits() {

@@ -53,7 +53,8 @@ public:
     VyPushButton* cancelButton() const { return m_cancel; }
     VyPushButton* defaultButton() const { return m_default; }
 
-    void apply();
+    // False (and a message) when the page holds a value that cannot be sent.
+    bool apply();
     void save();
     void cancelEdits();
     void restoreDefaults();
@@ -71,6 +72,7 @@ protected:
 
 private:
     void tileClicked(VyObject* sender);
+    void applyClicked() { apply(); }
     bool confirmLeavingPage();
     void dropPage();
     void showHome(bool home);

@@ -126,11 +126,12 @@ TEST_F(SettingsWindowTest, EscapeLeavesAPageWhoseBlocksAppHasNotAnswered) {
 TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
     SettingsWindow* w = manager->openWindow();
     // No alarm inputs: no alarm-input page, and no alarm tile for want of any alarm page.
-    EXPECT_EQ(tileCategories(), (std::set<int>{SettingsManager::Record}));
+    EXPECT_EQ(tileCategories(), (std::set<int>{SettingsManager::Record, SettingsManager::Network}));
     delete w;
     DeviceProfile::current().alarmInputNum = 3;
     w = manager->openWindow();
-    EXPECT_EQ(tileCategories(), (std::set<int>{SettingsManager::Record, SettingsManager::Alarm}));
+    EXPECT_EQ(tileCategories(), (std::set<int>{SettingsManager::Record, SettingsManager::Alarm,
+                                               SettingsManager::Network}));
     ASSERT_TRUE(w->openCategory(SettingsManager::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
 }
