@@ -14,6 +14,7 @@
 #include "model/UiModels.h"
 #include "protocol/AlarmInputBlock.h"
 #include "protocol/DeviceParamBlock.h"
+#include "protocol/DiskGroupBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
@@ -30,6 +31,7 @@
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/settings/AlarmInputPage.h"
@@ -41,6 +43,7 @@
 #include "ui/settings/RecordSchedulePage.h"
 #include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsManager.h"
+#include "ui/settings/StoragePage.h"
 
 #include <gtest/gtest.h>
 
@@ -343,6 +346,43 @@ TEST(NetworkPage, ParsesOnlyWholeAddresses) {
     EXPECT_EQ(a[0], 9);
     ASSERT_TRUE(NetworkPage::parseAddress("172.16.0.254", a));
     EXPECT_EQ(NetworkPage::addressText(a), "172.16.0.254");
+}
+
+TEST_F(SettingsPagesE2e, FormattingAsksFirstThenFollowsTheRecordersProgress) {
+    auto* page = openPage<StoragePage>();
+    ASSERT_EQ(page->diskRowCount(), 2); // the simulator's two disks
+    EXPECT_EQ(page->diskRow(1).state->text(), "Unformatted");
+    bool answer = false;
+    int asked = 0;
+    page->setFormatConfirmation([&] {
+        ++asked;
+        return answer;
+    });
+    const int before = paramMessages();
+    EXPECT_FALSE(page->formatSelected()); // nothing ticked: nothing asked
+    click(page->diskRow(1).select, 2, 2);
+    click(page->overwriteBox(), 2, 2);    // stop recording when full, sent with the request
+    EXPECT_FALSE(page->formatSelected()); // declined
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(paramMessages(), before);
+
+    answer = true; // the tick stayed
+    click(page->formatButton(), 2, 2);
+    EXPECT_EQ(asked, 2);
+    // The recorder reports the progress a quarter at a time until the disk is ready.
+    int progressSeen = 0;
+    ASSERT_TRUE(runUntil([&] {
+        progressSeen = std::max(progressSeen, page->diskRow(1).progress->value());
+        return page->diskRow(1).state->text() == "Normal";
+    }));
+    EXPECT_GE(progressSeen, 25);
+    EXPECT_FALSE(page->diskRow(1).progress->isVisible());
+    const DiskGroupBlock got = stored<DiskGroupBlock>(0);
+    EXPECT_EQ(got.overwrite, 0);
+    EXPECT_EQ(got.formatRequest, 0);
+    EXPECT_EQ(got.disks[1].freeMB, got.disks[1].capacityMB);
+    EXPECT_EQ(got.disks[0].freeMB, got.disks[0].capacityMB / 5 * 2); // not formatted
+    EXPECT_FALSE(page->hasUnsavedChanges());
 }
 
 } // namespace

@@ -234,10 +234,15 @@ bool SimRecorder::onParameter(SimServer& s, const SimMessage& m) {
             if (!factory.empty())
                 m_store.set(key, factory.data(), uint32_t(factory.size()));
         }
-        const std::vector<uint8_t> block = m_store.get(key, req->blockSize);
+        std::vector<uint8_t> block = m_store.get(key, req->blockSize);
         if (block.empty() && req->blockSize != 0)
             return false; // a size no block can have
-        return s.reply(m, block.data(), uint32_t(block.size()));
+        const bool replied = s.reply(m, block.data(), uint32_t(block.size()));
+        if (replied && SimSettingsBlocks::advance(req->blockNumber, block)) {
+            m_store.set(key, block.data(), uint32_t(block.size()));
+            parameterChanged(req->blockNumber);
+        }
+        return replied;
     }
     if (m.body.size() != ParamRequest::kSize + size_t(req->blockSize))
         return false;
@@ -250,7 +255,9 @@ bool SimRecorder::onParameter(SimServer& s, const SimMessage& m) {
     }
     const uint32_t key =
         SimSettingsBlocks::storeKey(req->blockNumber, req->blockSize > 0 ? record[0] : 0);
-    if (!m_store.set(key, record, req->blockSize))
+    const std::vector<uint8_t> accepted = SimSettingsBlocks::accept(
+        req->blockNumber, record, req->blockSize, m_store.get(key, req->blockSize));
+    if (!m_store.set(key, accepted.data(), uint32_t(accepted.size())))
         return false;
     simRecorderLog("sim: block %u set, %u bytes", req->blockNumber, req->blockSize);
     return parameterChanged(req->blockNumber);

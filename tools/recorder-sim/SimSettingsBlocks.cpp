@@ -2,11 +2,13 @@
 
 #include "protocol/AlarmInputBlock.h"
 #include "protocol/DeviceParamBlock.h"
+#include "protocol/DiskGroupBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
@@ -15,6 +17,7 @@ namespace {
 // A per-channel copy lives under block number + (channel + 1) * 65536, far above any block
 // number the recorder uses.
 constexpr uint32_t kChannelKeyStep = 0x10000;
+constexpr uint8_t kFormatStepPercent = 25;
 constexpr uint32_t kSimDeviceId = 20261123; // what the remote-access page shows and encodes
 
 template <typename Record>
@@ -41,7 +44,7 @@ uint32_t storeKey(uint32_t block, uint8_t channel) {
     return isPerChannel(block) ? block + (uint32_t(channel) + 1) * kChannelKeyStep : block;
 }
 
-std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorderConfig&) {
+std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorderConfig& config) {
     if (block == RecordScheduleBlock::kBlockNumber) {
         RecordScheduleBlock b{};
         b.channel = channel;
@@ -86,7 +89,64 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         b.remotePort = 8800;
         return bytesOf(b);
     }
+    if (block == DiskGroupBlock::kBlockNumber) {
+        DiskGroupBlock b{};
+        b.diskCount = uint8_t(std::min<int>(config.disks, DiskGroupBlock::kMaxDisks));
+        b.overwrite = 1;
+        for (int d = 0; d < b.diskCount; ++d) {
+            DiskGroupBlock::Disk& disk = b.disks[d];
+            disk.present = 1;
+            disk.capacityMB = uint32_t(953869) * uint32_t(d + 1); // 1 TB, 2 TB, ...
+            // The first disk records, the others arrive new and unformatted.
+            disk.state = d == 0 ? DiskGroupBlock::StateNormal : DiskGroupBlock::StateUnformatted;
+            disk.freeMB = d == 0 ? disk.capacityMB / 5 * 2 : 0;
+            std::snprintf(disk.model, sizeof disk.model, "SIM-HDD-%d", d + 1);
+        }
+        return bytesOf(b);
+    }
     return {};
+}
+
+std::vector<uint8_t> accept(uint32_t block, const uint8_t* record, uint32_t size,
+                            const std::vector<uint8_t>& stored) {
+    if (block != DiskGroupBlock::kBlockNumber || stored.size() != sizeof(DiskGroupBlock) ||
+        size != sizeof(DiskGroupBlock))
+        return std::vector<uint8_t>(record, record + size);
+    DiskGroupBlock in, out;
+    std::memcpy(&in, record, sizeof in);
+    std::memcpy(&out, stored.data(), sizeof out);
+    out.overwrite = in.overwrite;
+    for (int d = 0; d < DiskGroupBlock::kMaxDisks; ++d) {
+        if ((in.formatRequest >> d) & 1u) {
+            out.disks[d].state = DiskGroupBlock::StateFormatting;
+            out.disks[d].formatPercent = 0;
+        }
+    }
+    out.formatRequest = 0;
+    return bytesOf(out);
+}
+
+bool advance(uint32_t block, std::vector<uint8_t>& bytes) {
+    if (block != DiskGroupBlock::kBlockNumber || bytes.size() != sizeof(DiskGroupBlock))
+        return false;
+    DiskGroupBlock b;
+    std::memcpy(&b, bytes.data(), sizeof b);
+    bool changed = false;
+    for (DiskGroupBlock::Disk& disk : b.disks) {
+        if (disk.state != DiskGroupBlock::StateFormatting)
+            continue;
+        changed = true;
+        disk.formatPercent = uint8_t(std::min(100, disk.formatPercent + kFormatStepPercent));
+        if (disk.formatPercent >= 100) {
+            disk.state = DiskGroupBlock::StateNormal;
+            disk.formatPercent = 0;
+            disk.freeMB = disk.capacityMB;
+            disk.health = DiskGroupBlock::HealthGood;
+        }
+    }
+    if (changed)
+        bytes = bytesOf(b);
+    return changed;
 }
 
 std::string check(uint32_t block, const uint8_t* record, uint32_t size,
@@ -162,6 +222,18 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
                 return outOfRange("port", port, NetworkBlock::kFirstUserPort, 65535);
         if (b.httpPort == b.serverPort)
             return "httpPort and serverPort are the same";
+        return {};
+    }
+    if (block == DiskGroupBlock::kBlockNumber) {
+        if (size != sizeof(DiskGroupBlock))
+            return "size " + std::to_string(size);
+        DiskGroupBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.overwrite > 1)
+            return outOfRange("overwrite", b.overwrite, 0, 1);
+        const int disks = std::min<int>(config.disks, DiskGroupBlock::kMaxDisks);
+        if (disks < 8 && (b.formatRequest >> disks) != 0)
+            return "formatRequest names a disk beyond " + std::to_string(disks);
         return {};
     }
     if (block == GeneralSettingsBlock::kBlockNumber) {

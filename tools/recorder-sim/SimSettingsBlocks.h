@@ -21,4 +21,14 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
 std::string check(uint32_t block, const uint8_t* record, uint32_t size,
                   const SimRecorderConfig& config);
 
+// What is stored for an accepted set: the record itself, except for blocks whose fields App
+// reports rather than takes (the disks: only the overwrite policy and a format request are
+// taken from the GUI; a request starts formatting and is cleared).
+std::vector<uint8_t> accept(uint32_t block, const uint8_t* record, uint32_t size,
+                            const std::vector<uint8_t>& stored);
+// Moves work in progress on after the GUI has read the block (formatting advances a
+// quarter per look, so the progress runs without a clock of its own); true when `bytes`
+// changed and the GUI should hear "parameter changed".
+bool advance(uint32_t block, std::vector<uint8_t>& bytes);
+
 } // namespace SimSettingsBlocks

@@ -10,11 +10,13 @@
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/DeviceInfoPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
 #include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsWindow.h"
+#include "ui/settings/StoragePage.h"
 
 namespace {
 
@@ -87,6 +89,13 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case Network:
         pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
         pages.push_back({TextId::Settings::RemoteAccess, &makePage<RemoteAccessPage>});
+        break;
+    case Storage:
+        if (profile.maxDiskNum > 0)
+            pages.push_back({TextId::Settings::Storage, &makePage<StoragePage>});
+        break;
+    case System:
+        pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
         break;
     default:
         break;

@@ -77,7 +77,7 @@ TEST_F(SettingsWindowTest, ACategoryOpensOnItsFirstPageWithOnlyThatPagesBlocks) 
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{RecordScheduleBlock::kBlockNumber,
                                                 RecordScheduleBlock::kBlockNumber}));
     EXPECT_EQ(manager->currentPage(), w->page());
-    EXPECT_FALSE(w->openCategory(SettingsManager::Storage)); // no storage page yet
+    EXPECT_FALSE(w->openCategory(SettingsManager::Storage)); // no disks on this model
 }
 
 TEST_F(SettingsWindowTest, UnsavedChangesAreAskedAboutBeforeTheyAreLeft) {
@@ -124,15 +124,18 @@ TEST_F(SettingsWindowTest, EscapeLeavesAPageWhoseBlocksAppHasNotAnswered) {
 }
 
 TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
+    using M = SettingsManager;
     SettingsWindow* w = manager->openWindow();
-    // No alarm inputs: no alarm-input page, and no alarm tile for want of any alarm page.
-    EXPECT_EQ(tileCategories(), (std::set<int>{SettingsManager::Record, SettingsManager::Network}));
+    // No alarm inputs and no disks: neither the alarm-input page nor the storage page, and
+    // no tile for a category left without pages.
+    EXPECT_EQ(tileCategories(), (std::set<int>{M::Record, M::Network, M::System}));
     delete w;
     DeviceProfile::current().alarmInputNum = 3;
+    DeviceProfile::current().maxDiskNum = 2;
     w = manager->openWindow();
-    EXPECT_EQ(tileCategories(), (std::set<int>{SettingsManager::Record, SettingsManager::Alarm,
-                                               SettingsManager::Network}));
-    ASSERT_TRUE(w->openCategory(SettingsManager::Alarm));
+    EXPECT_EQ(tileCategories(),
+              (std::set<int>{M::Record, M::Alarm, M::Network, M::Storage, M::System}));
+    ASSERT_TRUE(w->openCategory(M::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
 }
 
