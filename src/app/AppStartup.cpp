@@ -9,6 +9,7 @@
 #include "app/ResourcesOverride.h"
 #include "app/ScaledTimerSource.h"
 #include "ipc/IpcClient.h"
+#include "model/DeviceProfile.h"
 #include "model/IpcRecorderLink.h"
 #include "model/KeyManagerLink.h"
 #include "model/ParamAccess.h"
@@ -112,6 +113,10 @@ int AppStartup::run(int argc, char** argv) {
         CustomConfigSender config(CustomConfigSender::ipcLink(ipc));
         const VyString configPath = VyResources::path(kCustomConfigFile);
         config.configureAppDefaults(configPath);
+        // What the settings pages offer on this model.
+        DeviceProfile& profile = DeviceProfile::current();
+        profile.readDeviceRecord(config.deviceRecord().data(), config.deviceRecord().size());
+        profile.readRecordSwitches(VyIniSettings(configPath));
     }
     // The exchange allocated and freed about 2 MB of records; give it back to the system
     // rather than keep it in the allocator for a run that never needs it again.
@@ -124,6 +129,7 @@ int AppStartup::run(int argc, char** argv) {
 
     // 15-16. The device description; its display device, if any, is the screen to open.
     ParamAccess::getSystemInfo();
+    DeviceProfile::current().channelCount = SystemInfo::record().channelCount;
     VyApplication::setDisplayDevice(VyString(SystemInfo::record().displayDeviceName()));
 
     // 17. The application opens the display (it exits the process when it cannot) and
