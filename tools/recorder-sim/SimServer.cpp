@@ -15,12 +15,16 @@ std::mutex g_logMutex; // keeps the one-line log entries of several threads whol
 
 void simLog(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 void simLog(const char* fmt, ...) {
-    std::lock_guard<std::mutex> lock(g_logMutex);
+    // One stdio call per line: the recorder's own lines come from other threads, and a
+    // reader of the log takes it line by line.
+    char line[1024];
     va_list args;
     va_start(args, fmt);
-    std::vprintf(fmt, args);
+    std::vsnprintf(line, sizeof line - 1, fmt, args);
     va_end(args);
-    std::fputc('\n', stdout);
+    std::strcat(line, "\n");
+    std::lock_guard<std::mutex> lock(g_logMutex);
+    std::fputs(line, stdout);
     std::fflush(stdout);
 }
 

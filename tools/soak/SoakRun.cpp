@@ -103,7 +103,8 @@ public:
             close(m_listenFd);
         if (m_controlFd >= 0)
             close(m_controlFd);
-        if (!m_dir.empty() && std::getenv("VY_SOAK_KEEP") == nullptr)
+        // A failed run keeps its logs: the failure line names the folder.
+        if (!m_dir.empty() && m_report.failure.empty() && std::getenv("VY_SOAK_KEEP") == nullptr)
             std::system(("rm -rf '" + m_dir + "'").c_str());
     }
 
@@ -233,12 +234,17 @@ bool SoakDriver::startGui() {
     // The first screen: the main view shown, with whatever start-up put over it.
     const auto deadline = Clock::now() + std::chrono::seconds(m_options.answerTimeoutSec);
     GuiState state;
-    do {
+    for (;;) {
         if (!probe(&state))
             return false;
+        if (state.windows.find("MainViewWindow") != std::string::npos)
+            break;
         if (Clock::now() > deadline)
             return fail("the main view did not appear (windows " + state.windows + ")");
-    } while (state.windows.find("MainViewWindow") == std::string::npos);
+        // Start-up takes seconds; asking again at once would only fill the log.
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait_for(lock, std::chrono::milliseconds(50));
+    }
     m_startWindows = state.windows;
     return true;
 }
