@@ -5,6 +5,7 @@
 #include "protocol/StartupHello.h"
 #include "protocol/SubType.h"
 
+#include "app/ControlChannel.h"
 #include "app/CustomConfigSender.h"
 #include "app/ResourcesOverride.h"
 #include "app/ScaledTimerSource.h"
@@ -162,6 +163,10 @@ int AppStartup::run(int argc, char** argv) {
     // Kept past the loop: its thread may still see a late signal.
     static SignalQuitter* quitter = new SignalQuitter;
     quitter->start(quitSignals);
+    // Drivers that run the GUI from outside (the soak) talk to it here; unset on a device.
+    // Kept past the loop for the same reason as the quitter.
+    static ControlChannel* control = new ControlChannel;
+    control->startFromEnvironment();
 
     // 20. The loop; its result is the exit code.
     const int code = app->exec();

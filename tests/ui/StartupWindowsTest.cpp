@@ -180,10 +180,12 @@ TEST_F(StartupWindowsTest, OpenDialogFetchesItsTextsAgainWhenTheLanguageChanges)
     dialog.done(ResolutionConfirmDialog::kRevert);
 }
 
-TEST_F(StartupWindowsTest, ADialogDeletedBehindTheShellsBackIsNotDeletedAgain) {
+TEST_F(StartupWindowsTest,
+       ARepeatedNoticeKeepsOneBoxAndADialogDeletedBehindTheShellsBackIsNotDeletedAgain) {
     WindowShell shell;
     shell.showMessage(TextId::SystemNotice::ShuttingDown);
-    shell.showMessage(TextId::SystemNotice::ShuttingDown);
+    shell.showMessage(TextId::SystemNotice::DeviceBusy);
+    shell.showMessage(TextId::SystemNotice::DeviceBusy);
     settle();
     ASSERT_EQ(shell.openDialogCount(), 2);
     VyWidget* newest = app->activeModalWidget();
