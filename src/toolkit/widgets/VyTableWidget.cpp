@@ -28,8 +28,8 @@ int frameWidth() {
 
 // Numbers compare as numbers, so "Channel 10" follows "Channel 9" and a size column sorts.
 bool lessText(const VyString& a, const VyString& b) {
-    const std::string sa = a.toStdString();
-    const std::string sb = b.toStdString();
+    const std::string& sa = a.toStdString();
+    const std::string& sb = b.toStdString();
     char* endA = nullptr;
     char* endB = nullptr;
     const double na = std::strtod(sa.c_str(), &endA);
