@@ -201,6 +201,9 @@ void VyDateEdit::calendarClosed() {
         return;
     if (cal->isVisible())
         cal->hide();
+    // The calendar is inside its own signal here: it goes later, and no longer with this
+    // field, which that signal's slots may delete.
+    cal->setParent(nullptr);
     cal->deleteLater();
     if (isVisible() && isEnabled())
         setFocus(4);
