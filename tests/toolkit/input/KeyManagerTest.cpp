@@ -397,7 +397,7 @@ TEST_F(KeyManagerTest, SerialPtzAndPointOfSaleReachTheRecorder) {
     library->pushPosText("RECEIPT 12");
     keys->pollOnce();
     ASSERT_EQ(link.posTexts.size(), 1u);
-    EXPECT_EQ(link.posTexts[0], std::string("RECEIPT 12", 11)); // the terminator counted
+    EXPECT_EQ(link.posTexts[0], std::string("RECEIPT 12") + '\0'); // the terminator counted
 }
 
 TEST_F(KeyManagerTest, AKeyHidesTheCursorUntilTheMouseMoves) {
