@@ -15,6 +15,7 @@
 #include "toolkit/widgets/ProxyButton.h"
 #include "toolkit/widgets/VyGroupBox.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VySlider.h"
 #include "toolkit/widgets/VySpinBox.h"
 
 #include <cstdlib>
@@ -417,4 +418,35 @@ TEST_F(KeyManagerTest, TheKeyFocusIsForgottenWhenItDiesWithItsSignalsBlocked) {
     EXPECT_EQ(keys->keyFocusWidget(), nullptr);
     press(27); // nothing focusable left: the key finds no focus and does nothing
     EXPECT_EQ(keys->keyFocusWidget(), nullptr);
+}
+
+TEST_F(KeyManagerTest, ASliderKeepsTheArrowsAlongItsGrooveUntilItsEnd) {
+    auto* slider = add(new VySlider(window), 20, 20, 200, 30);
+    slider->setRange(0, 2);
+    slider->setValue(1);
+    auto* below = add(new VyPushButton("b", window), 20, 100);
+    auto* right = add(new VyPushButton("r", window), 300, 20);
+    keys->setKeyFocusWidget(slider);
+    press(27);
+    EXPECT_EQ(keys->keyFocusWidget(), slider);
+    EXPECT_EQ(slider->value(), 2);
+    press(27); // at its end: the key moves the focus on
+    EXPECT_EQ(keys->keyFocusWidget(), right);
+    keys->setKeyFocusWidget(slider);
+    press(25); // across the groove
+    EXPECT_EQ(keys->keyFocusWidget(), below);
+    EXPECT_EQ(slider->value(), 2);
+}
+
+TEST_F(KeyManagerTest, TheSearchLeavesACheckableGroupBoxThroughItsEmptyParts) {
+    auto* box = add(new VyGroupBox("box", window), 10, 10, 400, 200);
+    box->setCheckable(true);
+    auto* a = add(new VyPushButton("a", box), 20, 40);
+    auto* b = add(new VyPushButton("b", box), 250, 40);
+    auto* plain = add(new VyGroupBox("plain", window), 10, 250, 400, 100);
+    EXPECT_TRUE(VyKeyManager::isFocusable(box));
+    EXPECT_FALSE(VyKeyManager::isFocusable(plain)) << "it takes no focus, it could not show it";
+    keys->setKeyFocusWidget(a);
+    press(27);
+    EXPECT_EQ(keys->keyFocusWidget(), b);
 }
