@@ -2,6 +2,7 @@
 // application's queue, as a front-panel key does.
 #include "toolkit/widgets/ControlTestApp.h"
 
+#include "platform/keys/VyQueuedKeyLibrary.h"
 #include "platform/keys/VyScriptedKeyLibrary.h"
 #include "protocol/IpcMsgHeader.h"
 #include "protocol/ServiceKeyNotice.h"
@@ -33,7 +34,7 @@ public:
     FakeLink() { std::memset(&device, 0, sizeof device); }
     Features features() const override { return feature; }
     int channelCount() const override { return channels; }
-    SerialKeyboardBlock serialKeyboard() override { return SerialKeyboardBlock{}; }
+    SerialKeyboardBlock serialKeyboard() override { return serial; }
     DeviceParamBlock deviceParams() override { return device; }
     void storeDeviceParams(const DeviceParamBlock& block) override {
         device = block;
@@ -45,6 +46,7 @@ public:
     void sendPtzCommand(const PTZ_keyvaluet& command) override { ptz.push_back(command.command); }
 
     Features feature;
+    SerialKeyboardBlock serial{};
     int channels = 16;
     DeviceParamBlock device;
     int stores = 0;
@@ -449,4 +451,45 @@ TEST_F(KeyManagerTest, TheSearchLeavesACheckableGroupBoxThroughItsEmptyParts) {
     keys->setKeyFocusWidget(a);
     press(27);
     EXPECT_EQ(keys->keyFocusWidget(), b);
+}
+
+TEST_F(KeyManagerTest, TheSerialKeyboardIsSetUpFromItsBlock) {
+    link.feature = {true, true, true, true};
+    link.serial.baudIndex = 4;
+    link.serial.parity = 2;
+    link.serial.stopBits = 1;
+    link.serial.keyMux = 1;
+    link.device.deviceId = 7;
+    makeManager();
+    const VyQueuedKeyLibrary::Settings set = library->settings();
+    EXPECT_TRUE(set.initialised);
+    EXPECT_EQ(set.name, VyKeyManager::kLibraryName);
+    EXPECT_TRUE(set.posSelected);
+    EXPECT_EQ(set.mux, 0) << "a stored 1 selects the key board";
+    EXPECT_TRUE(set.baudSet);
+    EXPECT_EQ(set.serial.baudIndex, 4);
+    EXPECT_EQ(set.serial.stopBits, 1);
+    EXPECT_EQ(set.serial.parity, 2);
+    EXPECT_EQ(set.deviceId, 7u);
+}
+
+// Stands for the live view's PTZ panel: the focus search may reach 40 pixels beyond it.
+class VyPtzWidget : public VyWidget {
+    VY_OBJECT(VyPtzWidget, VyWidget)
+public:
+    using VyWidget::VyWidget;
+};
+
+TEST_F(KeyManagerTest, InsideAPtzPanelTheSearchReachesJustBeyondIt) {
+    auto* panel = add(new VyPtzWidget(window), 100, 100, 200, 200);
+    auto* inside = add(new VyPushButton("in", panel), 10, 10);
+    auto* near = add(new VyPushButton("near", window), 320, 100);
+    auto* far = add(new VyPushButton("far", window), 400, 300, 200, 100);
+    keys->setKeyFocusWidget(inside);
+    press(27);
+    EXPECT_EQ(keys->keyFocusWidget(), near);
+    keys->setKeyFocusWidget(inside);
+    press(25); // the far button below lies outside the widened panel: Down wraps to the near one
+    EXPECT_EQ(keys->keyFocusWidget(), near);
+    EXPECT_NE(keys->keyFocusWidget(), far);
 }
