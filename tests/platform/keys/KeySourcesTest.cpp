@@ -72,11 +72,6 @@ TEST(KeyMap, MalformedLinesAreLoggedAndTheRestIsUsed) {
     EXPECT_EQ(map.rejectedLines(), 8); // the text line, four keys, two lamps, [Other]
 }
 
-TEST(KeyMap, FileNamesFollowTheDeviceName) {
-    EXPECT_EQ(VyKeyMap::fileNameFor("gpio_ir_recv"), "keymap/gpio_ir_recv.ini");
-    EXPECT_EQ(VyKeyMap::fileNameFor("Front Panel/Keys"), "keymap/Front_Panel_Keys.ini");
-}
-
 TEST(LampOutput, NamedLedsAreWrittenOthersGoNowhere) {
     std::vector<std::pair<std::string, int>> writes;
     VyLampOutput lamps([&](const VyString& path, int value) {
