@@ -342,11 +342,11 @@ void VyKeyManager::customEvent(VyEvent* e) {
     const ServiceKeyNotice notice = ServiceKeyNotice::decode(bytes + kIpcHeaderSize, h.dataLen);
     const uint32_t key = serviceKeyToDeviceKey(h.msgValue);
     if (key == 0) {
-        VY_DEBUG("keys", "service key %u ignored\n", h.msgValue);
+        VY_DEBUG("keys", "service key %u ignored", h.msgValue);
         return;
     }
     dispatch(key, notice.origin);
-    VY_DEBUG("keys", "service key %u: device key %u origin %u handled\n", h.msgValue, key,
+    VY_DEBUG("keys", "service key %u: device key %u origin %u handled", h.msgValue, key,
              notice.origin);
 }
 
