@@ -493,3 +493,13 @@ TEST_F(KeyManagerTest, InsideAPtzPanelTheSearchReachesJustBeyondIt) {
     EXPECT_EQ(keys->keyFocusWidget(), near);
     EXPECT_NE(keys->keyFocusWidget(), far);
 }
+
+TEST_F(KeyManagerTest, AManagerMadeOnDemandHandsItsTargetsToTheNextOne) {
+    keys.reset();
+    VyKeyManager::instance()->setKeyTarget(VyKeyTarget::MainView, &mainView);
+    mainView.window = window;
+    makeManager();
+    EXPECT_EQ(VyKeyManager::instance(), keys.get());
+    press(29);
+    EXPECT_EQ(mainView.actions, Keys{29});
+}
