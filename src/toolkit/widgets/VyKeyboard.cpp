@@ -541,10 +541,9 @@ void VyKeyboard::paintEvent(VyPaintEvent*) {
         VyStyle::fontSize(VyStyle::instance()->option().get<VyPushButtonOption>().font, 0);
     // The first row shows what is being typed: the pinyin in Chinese mode, else the field's text.
     if (!m_keys.empty()) {
-        const VyRect& first = m_keys.front().rect;
         const int pad = VyStyle::instance()->scaled(kPaddingDesign);
-        const VyRect row(pad, pad, width() - 2 * pad,
-                         first.top >= pad + first.height() ? first.height() : first.top - pad);
+        // Row 0, as layoutKeys divides the height (candidate keys may share it).
+        const VyRect row(pad, pad, width() - 2 * pad, std::max(1, (height() - 2 * pad) / kRows));
         VyString shown = m_pinyin;
         if (shown.isEmpty() && m_target)
             shown = m_target->displayText();
