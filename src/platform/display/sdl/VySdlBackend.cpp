@@ -1,6 +1,6 @@
 #include "platform/display/sdl/VySdlBackend.h"
 
-#include <SDL.h>
+#include "platform/display/sdl/VySdlLibrary.h"
 
 #include "platform/display/VyWindowFit.h"
 #include "runtime/VyLog.h"
@@ -30,47 +30,50 @@ VySdlBackend::VySdlBackend(int width, int height)
 
 VySdlBackend::~VySdlBackend() {
     if (m_texture)
-        SDL_DestroyTexture(m_texture);
+        m_sdl->DestroyTexture(m_texture);
     if (m_renderer)
-        SDL_DestroyRenderer(m_renderer);
+        m_sdl->DestroyRenderer(m_renderer);
     if (m_window)
-        SDL_DestroyWindow(m_window);
+        m_sdl->DestroyWindow(m_window);
     if (m_sdlStarted)
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        m_sdl->QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 bool VySdlBackend::open() {
     if (m_window)
         return m_texture != nullptr;
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+    m_sdl = VySdlLibrary::get();
+    if (!m_sdl)
+        return false;
+    if (m_sdl->InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
     m_sdlStarted = true;
     VySize size(m_width, m_height);
     SDL_Rect usable;
-    if (SDL_GetDisplayUsableBounds(0, &usable) == 0)
+    if (m_sdl->GetDisplayUsableBounds(0, &usable) == 0)
         size = VyWindowFit::windowSize(size, VySize(usable.w, usable.h));
-    m_window = SDL_CreateWindow("dvrgui", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                size.width, size.height, SDL_WINDOW_RESIZABLE);
+    m_window = m_sdl->CreateWindow("dvrgui", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                   size.width, size.height, SDL_WINDOW_RESIZABLE);
     if (!m_window) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
-    m_renderer = SDL_CreateRenderer(m_window, -1, 0);
+    m_renderer = m_sdl->CreateRenderer(m_window, -1, 0);
     if (!m_renderer) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
     // Bit 15 is the overlay's alpha bit on the device; on the desktop every pixel is shown.
-    m_texture = SDL_CreateTexture(m_renderer, SDL_PIXELFORMAT_RGB555, SDL_TEXTUREACCESS_STREAMING,
-                                  m_width, m_height);
+    m_texture = m_sdl->CreateTexture(m_renderer, SDL_PIXELFORMAT_RGB555,
+                                     SDL_TEXTUREACCESS_STREAMING, m_width, m_height);
     if (!m_texture) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
     // The software cursor drawn into the framebuffer is the pointer the user sees.
-    SDL_ShowCursor(SDL_DISABLE);
+    m_sdl->ShowCursor(SDL_DISABLE);
     m_memory.assign(static_cast<size_t>(m_width) * m_height, 0);
     m_pixels = reinterpret_cast<uint8_t*>(m_memory.data());
     present(nullptr, 0);
@@ -82,7 +85,7 @@ void VySdlBackend::present(const VyRect* rects, int count) {
         return;
     const int pitch = lineLength();
     if (count <= 0) {
-        SDL_UpdateTexture(m_texture, nullptr, m_pixels, pitch);
+        m_sdl->UpdateTexture(m_texture, nullptr, m_pixels, pitch);
     } else {
         for (int i = 0; i < count; ++i) {
             const VyRect r = rects[i].intersected(VyRect(0, 0, m_width, m_height));
@@ -90,7 +93,7 @@ void VySdlBackend::present(const VyRect* rects, int count) {
                 continue;
             SDL_Rect area = {r.left, r.top, r.width(), r.height()};
             const uint8_t* first = m_pixels + static_cast<size_t>(r.top) * pitch + r.left * 2;
-            SDL_UpdateTexture(m_texture, &area, first, pitch);
+            m_sdl->UpdateTexture(m_texture, &area, first, pitch);
         }
     }
     render();
@@ -100,13 +103,13 @@ void VySdlBackend::present(const VyRect* rects, int count) {
 void VySdlBackend::render() {
     int w = 0;
     int h = 0;
-    SDL_GetWindowSize(m_window, &w, &h);
+    m_sdl->GetWindowSize(m_window, &w, &h);
     const VyRect r = VyWindowFit::picture(VySize(m_width, m_height), VySize(w, h));
     const SDL_Rect target = {r.left, r.top, r.width(), r.height()};
-    SDL_SetRenderDrawColor(m_renderer, 0, 0, 0, 255);
-    SDL_RenderClear(m_renderer);
-    SDL_RenderCopy(m_renderer, m_texture, nullptr, &target);
-    SDL_RenderPresent(m_renderer);
+    m_sdl->SetRenderDrawColor(m_renderer, 0, 0, 0, 255);
+    m_sdl->RenderClear(m_renderer);
+    m_sdl->RenderCopy(m_renderer, m_texture, nullptr, &target);
+    m_sdl->RenderPresent(m_renderer);
 }
 
 void VySdlBackend::pumpEvents() {
@@ -115,12 +118,12 @@ void VySdlBackend::pumpEvents() {
     SDL_Event event;
     int w = 0;
     int h = 0;
-    SDL_GetWindowSize(m_window, &w, &h);
+    m_sdl->GetWindowSize(m_window, &w, &h);
     const VySize fb(m_width, m_height);
     auto toFb = [&](int x, int y) {
         return VyWindowFit::toFramebuffer(VyPoint(x, y), fb, VySize(w, h));
     };
-    while (SDL_PollEvent(&event)) {
+    while (m_sdl->PollEvent(&event)) {
         switch (event.type) {
         case SDL_QUIT:
             m_closeRequested = true;
@@ -128,7 +131,7 @@ void VySdlBackend::pumpEvents() {
         case SDL_WINDOWEVENT:
             if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED ||
                 event.window.event == SDL_WINDOWEVENT_EXPOSED) {
-                SDL_GetWindowSize(m_window, &w, &h);
+                m_sdl->GetWindowSize(m_window, &w, &h);
                 if (m_texture)
                     render();
             }
@@ -155,7 +158,7 @@ void VySdlBackend::pumpEvents() {
         case SDL_MOUSEWHEEL: {
             int x = 0;
             int y = 0;
-            SDL_GetMouseState(&x, &y);
+            m_sdl->GetMouseState(&x, &y);
             const VyPoint p = toFb(x, y);
             const int notches =
                 event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.wheel.y : event.wheel.y;

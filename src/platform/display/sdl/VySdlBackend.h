@@ -12,6 +12,7 @@
 struct SDL_Window;
 struct SDL_Renderer;
 struct SDL_Texture;
+struct VySdlLibrary;
 
 class VySdlBackend : public VyDisplayBackend {
 public:
@@ -41,6 +42,7 @@ private:
     int m_height;
     std::vector<uint16_t> m_memory;
     uint8_t* m_pixels = nullptr;
+    const VySdlLibrary* m_sdl = nullptr; // loaded by open()
     bool m_sdlStarted = false;
     SDL_Window* m_window = nullptr;
     SDL_Renderer* m_renderer = nullptr;
