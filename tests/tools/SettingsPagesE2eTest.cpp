@@ -13,9 +13,11 @@
 #include "model/UiManager.h"
 #include "model/UiModels.h"
 #include "protocol/AlarmInputBlock.h"
+#include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/DiskGroupBlock.h"
 #include "protocol/MainType.h"
+#include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
@@ -33,9 +35,14 @@
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VySlider.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/BitMaskChecks.h"
+#include "ui/settings/CameraPage.h"
+#include "ui/settings/ImagePage.h"
+#include "ui/settings/MotionAreaGrid.h"
+#include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/QrCodeView.h"
 #include "ui/settings/RecScheduleFrame.h"
@@ -383,6 +390,62 @@ TEST_F(SettingsPagesE2e, FormattingAsksFirstThenFollowsTheRecordersProgress) {
     EXPECT_EQ(got.disks[1].freeMB, got.disks[1].capacityMB);
     EXPECT_EQ(got.disks[0].freeMB, got.disks[0].capacityMB / 5 * 2); // not formatted
     EXPECT_FALSE(page->hasUnsavedChanges());
+}
+
+TEST_F(SettingsPagesE2e, CameraNameOsdAndImageReachTheRecorder) {
+    auto* camera = openPage<CameraPage>();
+    EXPECT_EQ(paramMessages() - beforeOpen, kChannels);
+    camera->selector()->setValue(2);
+    EXPECT_EQ(camera->nameEdit()->text(), "CH2");
+    camera->nameEdit()->setText("Gate östlich"); // 13 characters, 14 bytes
+    click(camera->showTimeBox(), 2, 2);
+    key(camera->nameXBox(), VyKeyEvent::KeyUp);
+    int before = paramMessages();
+    EXPECT_EQ(camera->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    CameraBlock expected = stored<CameraBlock>(0); // channel 1's, for the untouched fields
+    expected.channel = 1;
+    std::memset(expected.name, 0, sizeof expected.name);
+    std::memcpy(expected.name, "Gate \xc3\xb6stlich", 14);
+    expected.showTime = 0;
+    expected.nameX = 6;
+    CameraBlock got = stored<CameraBlock>(1);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+
+    settings->setCurrentPage(nullptr);
+    delete camera;
+    auto* image = openPage<ImagePage>();
+    key(image->slider(0), VyKeyEvent::KeyRight); // brightness of channel 1
+    before = paramMessages();
+    EXPECT_EQ(image->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    EXPECT_GT(stored<CameraBlock>(0).brightness, CameraBlock::kDefaultImageValue);
+    EXPECT_EQ(stored<CameraBlock>(0).contrast, CameraBlock::kDefaultImageValue);
+}
+
+TEST_F(SettingsPagesE2e, MotionAreaDrawnOverThePictureReachesTheRecorder) {
+    auto* page = openPage<MotionPage>();
+    MotionAreaGrid* grid = page->grid();
+    // The factory area is the whole picture: a drag from a watched cell clears the top-left
+    // quarter-ish rectangle of 4 x 3 cells.
+    const int cw = grid->width() / MotionBlock::kColumns, ch = grid->height() / MotionBlock::kRows;
+    drag(grid, VyPoint(cw / 2, ch / 2), VyPoint(cw * 3 + cw / 2, ch * 2 + ch / 2));
+    click(page->enabledBox(), 2, 2);
+    key(page->sensitivityBox(), VyKeyEvent::KeyUp);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    const MotionBlock got = stored<MotionBlock>(0);
+    EXPECT_EQ(got.enabled, 1);
+    EXPECT_EQ(got.sensitivity, 5);
+    int cleared = 0;
+    for (int r = 0; r < MotionBlock::kRows; ++r)
+        for (int c = 0; c < MotionBlock::kColumns; ++c) {
+            const bool inside = c < 4 && r < 3;
+            EXPECT_EQ(got.cell(c, r), !inside) << c << "," << r;
+            cleared += !got.cell(c, r);
+        }
+    EXPECT_EQ(cleared, 12);
 }
 
 } // namespace

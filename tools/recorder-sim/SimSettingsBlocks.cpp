@@ -1,9 +1,11 @@
 #include "SimSettingsBlocks.h"
 
 #include "protocol/AlarmInputBlock.h"
+#include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/DiskGroupBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
+#include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
@@ -37,7 +39,8 @@ namespace SimSettingsBlocks {
 
 bool isPerChannel(uint32_t block) {
     return block == RecordScheduleBlock::kBlockNumber || block == RecordParamBlock::kBlockNumber ||
-           block == AlarmInputBlock::kBlockNumber;
+           block == AlarmInputBlock::kBlockNumber || block == CameraBlock::kBlockNumber ||
+           block == MotionBlock::kBlockNumber;
 }
 
 uint32_t storeKey(uint32_t block, uint8_t channel) {
@@ -87,6 +90,27 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         b.deviceId = kSimDeviceId;
         std::snprintf(b.remoteAddress, sizeof b.remoteAddress, "remote.example.net");
         b.remotePort = 8800;
+        return bytesOf(b);
+    }
+    if (block == CameraBlock::kBlockNumber) {
+        CameraBlock b{};
+        b.channel = channel;
+        b.showName = b.showTime = 1;
+        std::snprintf(b.name, sizeof b.name, "CH%d", channel + 1);
+        b.nameX = 5;
+        b.nameY = 90;
+        b.timeX = 60;
+        b.timeY = 5;
+        b.brightness = b.contrast = b.saturation = b.hue = CameraBlock::kDefaultImageValue;
+        return bytesOf(b);
+    }
+    if (block == MotionBlock::kBlockNumber) {
+        MotionBlock b{};
+        b.channel = channel;
+        b.sensitivity = 4;
+        std::memset(b.area, 0xFF, sizeof b.area); // the whole picture
+        b.area[MotionBlock::kAreaBytes - 1] &=
+            uint8_t((1u << (MotionBlock::kColumns * MotionBlock::kRows % 8)) - 1);
         return bytesOf(b);
     }
     if (block == DiskGroupBlock::kBlockNumber) {
@@ -222,6 +246,37 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
                 return outOfRange("port", port, NetworkBlock::kFirstUserPort, 65535);
         if (b.httpPort == b.serverPort)
             return "httpPort and serverPort are the same";
+        return {};
+    }
+    if (block == CameraBlock::kBlockNumber) {
+        if (size != sizeof(CameraBlock))
+            return "size " + std::to_string(size);
+        CameraBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.channel >= config.channels)
+            return outOfRange("channel", b.channel, 0, config.channels - 1);
+        if (b.showName > 1 || b.showTime > 1)
+            return "showName or showTime above 1";
+        if (std::memchr(b.name, 0, sizeof b.name) == nullptr)
+            return "name without its terminating NUL";
+        for (uint16_t v : {b.nameX, b.nameY, b.timeX, b.timeY})
+            if (v > CameraBlock::kMaxPosition)
+                return outOfRange("position", v, 0, CameraBlock::kMaxPosition);
+        return {};
+    }
+    if (block == MotionBlock::kBlockNumber) {
+        if (size != sizeof(MotionBlock))
+            return "size " + std::to_string(size);
+        MotionBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.channel >= config.channels)
+            return outOfRange("channel", b.channel, 0, config.channels - 1);
+        if (b.enabled > 1)
+            return outOfRange("enabled", b.enabled, 0, 1);
+        if (b.sensitivity < MotionBlock::kMinSensitivity ||
+            b.sensitivity > MotionBlock::kMaxSensitivity)
+            return outOfRange("sensitivity", b.sensitivity, MotionBlock::kMinSensitivity,
+                              MotionBlock::kMaxSensitivity);
         return {};
     }
     if (block == DiskGroupBlock::kBlockNumber) {

@@ -106,6 +106,19 @@ constexpr uint32_t HealthWarning = 105074;    // Warning
 constexpr uint32_t HealthFailing = 105075;    // Failing
 constexpr uint32_t CapacityFree = 105076;     // %1 GB, %2 GB free
 constexpr uint32_t NoDisk = 105077;           // No disk
+constexpr uint32_t ChannelName = 105078;      // Channel name
+constexpr uint32_t ShowName = 105079;         // Show name
+constexpr uint32_t NameX = 105080;            // Name position X (%)
+constexpr uint32_t NameY = 105081;            // Name position Y (%)
+constexpr uint32_t ShowTime = 105082;         // Show time
+constexpr uint32_t TimeX = 105083;            // Time position X (%)
+constexpr uint32_t TimeY = 105084;            // Time position Y (%)
+constexpr uint32_t Image = 105085;            // Image
+constexpr uint32_t Brightness = 105086;       // Brightness
+constexpr uint32_t Contrast = 105087;         // Contrast
+constexpr uint32_t Saturation = 105088;       // Saturation
+constexpr uint32_t Hue = 105089;              // Hue
+constexpr uint32_t Sensitivity = 105090;      // Sensitivity
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -198,6 +211,19 @@ constexpr uint32_t kAll[] = {
     Settings::HealthFailing,
     Settings::CapacityFree,
     Settings::NoDisk,
+    Settings::ChannelName,
+    Settings::ShowName,
+    Settings::NameX,
+    Settings::NameY,
+    Settings::ShowTime,
+    Settings::TimeX,
+    Settings::TimeY,
+    Settings::Image,
+    Settings::Brightness,
+    Settings::Contrast,
+    Settings::Saturation,
+    Settings::Hue,
+    Settings::Sensitivity,
 };
 } // namespace TextId
 // clang-format on

@@ -10,7 +10,10 @@
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/CameraPage.h"
 #include "ui/settings/DeviceInfoPage.h"
+#include "ui/settings/ImagePage.h"
+#include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
@@ -76,6 +79,13 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
                                                                  const DeviceProfile& profile) {
     std::vector<PageEntry> pages;
     switch (category) {
+    case Camera:
+        if (profile.channelCount > 0) {
+            pages.push_back({TextId::Settings::Camera, &makePage<CameraPage>});
+            pages.push_back({TextId::Settings::Image, &makePage<ImagePage>});
+            pages.push_back({TextId::Settings::TypeMotion, &makePage<MotionPage>});
+        }
+        break;
     case Record:
         if (profile.enableNormalRecord || profile.enableMotionRecord || profile.enablePirRecord ||
             profile.alarmInputNum > 0)
