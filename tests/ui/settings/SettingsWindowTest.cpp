@@ -128,13 +128,13 @@ TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
     SettingsWindow* w = manager->openWindow();
     // No alarm inputs and no disks: neither the alarm-input page nor the storage page, and
     // no tile for a category left without pages.
-    EXPECT_EQ(tileCategories(), (std::set<int>{M::Record, M::Network, M::System}));
+    EXPECT_EQ(tileCategories(), (std::set<int>{M::Camera, M::Record, M::Network, M::System}));
     delete w;
     DeviceProfile::current().alarmInputNum = 3;
     DeviceProfile::current().maxDiskNum = 2;
     w = manager->openWindow();
     EXPECT_EQ(tileCategories(),
-              (std::set<int>{M::Record, M::Alarm, M::Network, M::Storage, M::System}));
+              (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::Storage, M::System}));
     ASSERT_TRUE(w->openCategory(M::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
 }
