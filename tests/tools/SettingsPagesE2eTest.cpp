@@ -377,7 +377,7 @@ TEST_F(SettingsPagesE2e, FormattingAsksFirstThenFollowsTheRecordersProgress) {
     click(page->overwriteBox(), 2, 2);    // stop recording when full, sent with the request
     EXPECT_FALSE(page->formatSelected()); // declined
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(paramMessages(), before);
+    EXPECT_EQ(settledParamMessages(), before);
 
     answer = true; // the tick stayed
     click(page->formatButton(), 2, 2);
