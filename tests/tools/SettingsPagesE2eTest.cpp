@@ -16,6 +16,8 @@
 #include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/DiskGroupBlock.h"
+#include "protocol/EmailBlock.h"
+#include "protocol/EmailScheduleBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
@@ -40,6 +42,9 @@
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/BitMaskChecks.h"
 #include "ui/settings/CameraPage.h"
+#include "ui/settings/EmailPage.h"
+#include "ui/settings/EmailScheduleFrame.h"
+#include "ui/settings/EmailSchedulePage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionAreaGrid.h"
 #include "ui/settings/MotionPage.h"
@@ -100,6 +105,7 @@ protected:
         p.enableNormalRecord = p.enableMotionRecord = true;
         p.alarmInputNum = 2;
         p.alarmOutputNum = 1;
+        p.emailTestEnable = p.emailScheduleEnable = true;
         p.audioNum = 1;
         settings = std::make_unique<SettingsManager>();
         window = std::make_unique<VyWidget>();
@@ -452,6 +458,48 @@ TEST_F(SettingsPagesE2e, MotionAreaDrawnOverThePictureReachesTheRecorder) {
             cleared += !got.cell(c, r);
         }
     EXPECT_EQ(cleared, 12);
+}
+
+TEST_F(SettingsPagesE2e, EmailTestAndScheduleReachTheRecorder) {
+    auto* page = openPage<EmailPage>();
+    ASSERT_NE(page->testButton(), nullptr);
+    page->serverEdit()->setText("smtp.example.net");
+    page->receiverEdit()->setText("guard");
+    EXPECT_EQ(page->apply(), -1); // not an address: nothing sent
+    page->receiverEdit()->setText("guard@example.net");
+    click(page->sslBox(), 2, 2);
+    click(page->testButton(), 2, 2);
+    ASSERT_TRUE(
+        runUntil([&] { return page->testResultLabel()->text() == "The test e-mail was sent."; }));
+    EmailBlock expected{};
+    expected.ssl = 1;
+    expected.port = EmailBlock::kDefaultPort;
+    expected.testResult = EmailBlock::TestSent;
+    std::strcpy(expected.server, "smtp.example.net");
+    std::strcpy(expected.receiver, "guard@example.net");
+    const EmailBlock got = stored<EmailBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+    EXPECT_FALSE(page->hasUnsavedChanges());
+
+    settings->setCurrentPage(nullptr);
+    delete page;
+    auto* schedule = openPage<EmailSchedulePage>();
+    ScheduleBoard* board = schedule->frame()->board();
+    click(schedule->typeButton(2), 2, 2); // exception, with the keys: Sunday 00:00-01:30
+    key(board, VyKeyEvent::KeyOk);
+    key(board, VyKeyEvent::KeyRight);
+    key(board, VyKeyEvent::KeyRight);
+    key(board, VyKeyEvent::KeyOk);
+    const int before = settledParamMessages();
+    EXPECT_EQ(schedule->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    EmailScheduleBlock week{};
+    std::memset(week.schedule, ScheduleGrid::kEmailMotion | ScheduleGrid::kEmailAlarm,
+                sizeof week.schedule);
+    for (int c = 0; c < 3; ++c)
+        week.schedule[c] |= ScheduleGrid::kEmailException;
+    const EmailScheduleBlock gotWeek = stored<EmailScheduleBlock>(0);
+    EXPECT_EQ(std::memcmp(&gotWeek, &week, sizeof week), 0);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/DiskGroupBlock.h"
+#include "protocol/EmailBlock.h"
+#include "protocol/EmailScheduleBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
@@ -11,6 +13,7 @@
 #include "protocol/RecordScheduleBlock.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 
@@ -113,6 +116,17 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
             uint8_t((1u << (MotionBlock::kColumns * MotionBlock::kRows % 8)) - 1);
         return bytesOf(b);
     }
+    if (block == EmailBlock::kBlockNumber) {
+        EmailBlock b{};
+        b.port = EmailBlock::kDefaultPort;
+        return bytesOf(b);
+    }
+    if (block == EmailScheduleBlock::kBlockNumber) {
+        EmailScheduleBlock b{};
+        std::memset(b.schedule, ScheduleGrid::kEmailMotion | ScheduleGrid::kEmailAlarm,
+                    sizeof b.schedule);
+        return bytesOf(b);
+    }
     if (block == DiskGroupBlock::kBlockNumber) {
         DiskGroupBlock b{};
         b.diskCount = uint8_t(std::min<int>(config.disks, DiskGroupBlock::kMaxDisks));
@@ -133,6 +147,17 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
 
 std::vector<uint8_t> accept(uint32_t block, const uint8_t* record, uint32_t size,
                             const std::vector<uint8_t>& stored) {
+    if (block == EmailBlock::kBlockNumber && size == sizeof(EmailBlock)) {
+        EmailBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.testRequest) {
+            // The simulated mail goes out when there is a server and an address to send to.
+            const bool sendable = b.server[0] != 0 && std::strchr(b.receiver, '@') != nullptr;
+            b.testResult = sendable ? EmailBlock::TestSent : EmailBlock::TestFailed;
+            b.testRequest = 0;
+        }
+        return bytesOf(b);
+    }
     if (block != DiskGroupBlock::kBlockNumber || stored.size() != sizeof(DiskGroupBlock) ||
         size != sizeof(DiskGroupBlock))
         return std::vector<uint8_t>(record, record + size);
@@ -277,6 +302,31 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
             b.sensitivity > MotionBlock::kMaxSensitivity)
             return outOfRange("sensitivity", b.sensitivity, MotionBlock::kMinSensitivity,
                               MotionBlock::kMaxSensitivity);
+        return {};
+    }
+    if (block == EmailBlock::kBlockNumber) {
+        if (size != sizeof(EmailBlock))
+            return "size " + std::to_string(size);
+        EmailBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.enabled > 1 || b.ssl > 1 || b.testRequest > 1)
+            return "a switch above 1";
+        if (b.port == 0)
+            return outOfRange("port", 0, 1, 65535);
+        for (const char* text : {b.server, b.sender, b.receiver})
+            if (std::memchr(text, 0, 64) == nullptr)
+                return "a text without its terminating NUL";
+        if (std::memchr(b.user, 0, sizeof b.user) == nullptr ||
+            std::memchr(b.password, 0, sizeof b.password) == nullptr)
+            return "a text without its terminating NUL";
+        return {};
+    }
+    if (block == EmailScheduleBlock::kBlockNumber) {
+        if (size != sizeof(EmailScheduleBlock))
+            return "size " + std::to_string(size);
+        for (int i = 0; i < ScheduleGrid::kBytes; ++i)
+            if (record[offsetof(EmailScheduleBlock, schedule) + size_t(i)] > 0x1F)
+                return "schedule cell above 0x1f";
         return {};
     }
     if (block == DiskGroupBlock::kBlockNumber) {

@@ -119,6 +119,19 @@ constexpr uint32_t Contrast = 105087;         // Contrast
 constexpr uint32_t Saturation = 105088;       // Saturation
 constexpr uint32_t Hue = 105089;              // Hue
 constexpr uint32_t Sensitivity = 105090;      // Sensitivity
+constexpr uint32_t SmtpServer = 105091;       // SMTP server
+constexpr uint32_t Port = 105092;             // Port
+constexpr uint32_t Ssl = 105093;              // SSL/TLS
+constexpr uint32_t Sender = 105094;           // Sender
+constexpr uint32_t Receiver = 105095;         // Receiver
+constexpr uint32_t UserName = 105096;         // User name
+constexpr uint32_t Password = 105097;         // Password
+constexpr uint32_t Test = 105098;             // Send test e-mail
+constexpr uint32_t TestSent = 105099;         // The test e-mail was sent.
+constexpr uint32_t TestFailed = 105100;       // The test e-mail could not be sent.
+constexpr uint32_t EmailSchedule = 105101;    // E-mail schedule
+constexpr uint32_t TypeException = 105102;    // Exception
+constexpr uint32_t TypeIntelligent = 105103;  // Intelligent
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -224,6 +237,19 @@ constexpr uint32_t kAll[] = {
     Settings::Saturation,
     Settings::Hue,
     Settings::Sensitivity,
+    Settings::SmtpServer,
+    Settings::Port,
+    Settings::Ssl,
+    Settings::Sender,
+    Settings::Receiver,
+    Settings::UserName,
+    Settings::Password,
+    Settings::Test,
+    Settings::TestSent,
+    Settings::TestFailed,
+    Settings::EmailSchedule,
+    Settings::TypeException,
+    Settings::TypeIntelligent,
 };
 } // namespace TextId
 // clang-format on

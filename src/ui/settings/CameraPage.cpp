@@ -47,7 +47,7 @@ CameraPage::CameraPage(VyWidget* parent)
 
 void CameraPage::showItem(int index) {
     const auto& b = item<CameraBlock>(index);
-    const VyString name(std::string(b.name, strnlen(b.name, sizeof b.name)));
+    const VyString name = fieldText(b.name, sizeof b.name);
     if (m_name->text() != name)
         m_name->setText(name);
     m_showName->setChecked(b.showName != 0);
@@ -61,17 +61,10 @@ void CameraPage::showItem(int index) {
 void CameraPage::collectItem(int index) {
     auto& b = item<CameraBlock>(index);
     const auto& saved = savedItem<CameraBlock>(index);
-    const std::string name = m_name->text().toStdString();
-    if (name != std::string(saved.name, strnlen(saved.name, sizeof saved.name))) {
-        // Cut at a character boundary so that the field never ends inside a UTF-8 sequence.
-        size_t n = std::min(name.size(), sizeof b.name - 1);
-        while (n > 0 && n < name.size() && (uint8_t(name[n]) & 0xC0) == 0x80)
-            --n;
-        std::memset(b.name, 0, sizeof b.name);
-        std::memcpy(b.name, name.data(), n);
-    } else {
+    if (m_name->text() != fieldText(saved.name, sizeof saved.name))
+        storeText(b.name, sizeof b.name, m_name->text());
+    else
         std::memcpy(b.name, saved.name, sizeof b.name);
-    }
     b.showName = m_showName->isChecked() ? 1 : 0;
     b.showTime = m_showTime->isChecked() ? 1 : 0;
     const int hi = CameraBlock::kMaxPosition;

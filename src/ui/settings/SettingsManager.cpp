@@ -12,6 +12,8 @@
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/CameraPage.h"
 #include "ui/settings/DeviceInfoPage.h"
+#include "ui/settings/EmailPage.h"
+#include "ui/settings/EmailSchedulePage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
@@ -95,6 +97,9 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case Alarm:
         if (profile.alarmInputNum > 0)
             pages.push_back({TextId::Settings::AlarmInput, &makePage<AlarmInputPage>});
+        pages.push_back({TextId::Settings::Email, &makePage<EmailPage>});
+        if (profile.emailScheduleEnable)
+            pages.push_back({TextId::Settings::EmailSchedule, &makePage<EmailSchedulePage>});
         break;
     case Network:
         pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
