@@ -6,6 +6,7 @@
 #include "model/RecorderLink.h"
 #include "protocol/ParamRequest.h"
 #include "protocol/RecordScheduleBlock.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/SettingsManager.h"
@@ -123,18 +124,31 @@ TEST_F(SettingsWindowTest, EscapeLeavesAPageWhoseBlocksAppHasNotAnswered) {
     EXPECT_EQ(manager->window(), nullptr);
 }
 
+std::vector<uint32_t> pageTitles(int category) {
+    std::vector<uint32_t> out;
+    for (const auto& e : SettingsManager::pagesOf(category, DeviceProfile::current()))
+        out.push_back(e.titleId);
+    return out;
+}
+
 TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
     using M = SettingsManager;
     SettingsWindow* w = manager->openWindow();
-    // No alarm inputs and no disks: neither the alarm-input page nor the storage page, and
-    // no tile for a category left without pages.
-    EXPECT_EQ(tileCategories(), (std::set<int>{M::Camera, M::Record, M::Network, M::System}));
+    // No alarm inputs, no disks, no e-mail schedule: no alarm-input page, no storage tile.
+    EXPECT_EQ(tileCategories(),
+              (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::System}));
+    EXPECT_EQ(pageTitles(M::Alarm), (std::vector<uint32_t>{TextId::Settings::Email}));
     delete w;
-    DeviceProfile::current().alarmInputNum = 3;
-    DeviceProfile::current().maxDiskNum = 2;
+    DeviceProfile& p = DeviceProfile::current();
+    p.alarmInputNum = 3;
+    p.maxDiskNum = 2;
+    p.emailScheduleEnable = true;
     w = manager->openWindow();
     EXPECT_EQ(tileCategories(),
               (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::Storage, M::System}));
+    EXPECT_EQ(pageTitles(M::Alarm),
+              (std::vector<uint32_t>{TextId::Settings::AlarmInput, TextId::Settings::Email,
+                                     TextId::Settings::EmailSchedule}));
     ASSERT_TRUE(w->openCategory(M::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
 }
