@@ -18,6 +18,7 @@
 #include "protocol/DiskGroupBlock.h"
 #include "protocol/EmailBlock.h"
 #include "protocol/EmailScheduleBlock.h"
+#include "protocol/FtpBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
@@ -45,6 +46,9 @@
 #include "ui/settings/EmailPage.h"
 #include "ui/settings/EmailScheduleFrame.h"
 #include "ui/settings/EmailSchedulePage.h"
+#include "ui/settings/FTPScheduleFrame.h"
+#include "ui/settings/FtpPage.h"
+#include "ui/settings/FtpSchedulePage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionAreaGrid.h"
 #include "ui/settings/MotionPage.h"
@@ -105,7 +109,7 @@ protected:
         p.enableNormalRecord = p.enableMotionRecord = true;
         p.alarmInputNum = 2;
         p.alarmOutputNum = 1;
-        p.emailTestEnable = p.emailScheduleEnable = true;
+        p.emailTestEnable = p.emailScheduleEnable = p.ftpEnable = true;
         p.audioNum = 1;
         settings = std::make_unique<SettingsManager>();
         window = std::make_unique<VyWidget>();
@@ -500,6 +504,37 @@ TEST_F(SettingsPagesE2e, EmailTestAndScheduleReachTheRecorder) {
         week.schedule[c] |= ScheduleGrid::kEmailException;
     const EmailScheduleBlock gotWeek = stored<EmailScheduleBlock>(0);
     EXPECT_EQ(std::memcmp(&gotWeek, &week, sizeof week), 0);
+}
+
+TEST_F(SettingsPagesE2e, FtpAccountAndUploadScheduleReachTheRecorder) {
+    auto* page = openPage<FtpPage>();
+    click(page->enabledBox(), 2, 2);
+    page->serverEdit()->setText("ftp.example.net");
+    page->folderEdit()->setText("/cams");
+    key(page->portBox(), VyKeyEvent::KeyUp);
+    int before = settledParamMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    FtpBlock expected = stored<FtpBlock>(0);
+    EXPECT_EQ(expected.enabled, 1);
+    EXPECT_EQ(expected.port, 22);
+    EXPECT_STREQ(expected.server, "ftp.example.net");
+    EXPECT_STREQ(expected.folder, "/cams");
+
+    settings->setCurrentPage(nullptr);
+    delete page;
+    auto* schedule = openPage<FtpSchedulePage>();
+    ScheduleBoard* board = schedule->frame()->board();
+    click(schedule->typeButton(4), 2, 2); // intelligent, bit 4, all Saturday by its label
+    const int dayY = schedule->frame()->hourLabelHeight() + int(board->cellHeight() * 6.5f);
+    click(schedule->frame(), 2, dayY);
+    before = settledParamMessages();
+    EXPECT_EQ(schedule->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    for (int c = 0; c < 48; ++c)
+        expected.schedule[6 * 48 + c] |= ScheduleGrid::kFtpIntelligent;
+    const FtpBlock got = stored<FtpBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "protocol/DiskGroupBlock.h"
 #include "protocol/EmailBlock.h"
 #include "protocol/EmailScheduleBlock.h"
+#include "protocol/FtpBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
@@ -125,6 +126,13 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         EmailScheduleBlock b{};
         std::memset(b.schedule, ScheduleGrid::kEmailMotion | ScheduleGrid::kEmailAlarm,
                     sizeof b.schedule);
+        return bytesOf(b);
+    }
+    if (block == FtpBlock::kBlockNumber) {
+        FtpBlock b{};
+        b.port = FtpBlock::kDefaultPort;
+        std::snprintf(b.folder, sizeof b.folder, "/recorder");
+        std::memset(b.schedule, ScheduleGrid::kFtpAlarm, sizeof b.schedule);
         return bytesOf(b);
     }
     if (block == DiskGroupBlock::kBlockNumber) {
@@ -327,6 +335,25 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
         for (int i = 0; i < ScheduleGrid::kBytes; ++i)
             if (record[offsetof(EmailScheduleBlock, schedule) + size_t(i)] > 0x1F)
                 return "schedule cell above 0x1f";
+        return {};
+    }
+    if (block == FtpBlock::kBlockNumber) {
+        if (size != sizeof(FtpBlock))
+            return "size " + std::to_string(size);
+        FtpBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.enabled > 1)
+            return outOfRange("enabled", b.enabled, 0, 1);
+        if (b.port == 0)
+            return outOfRange("port", 0, 1, 65535);
+        if (std::memchr(b.server, 0, sizeof b.server) == nullptr ||
+            std::memchr(b.user, 0, sizeof b.user) == nullptr ||
+            std::memchr(b.password, 0, sizeof b.password) == nullptr ||
+            std::memchr(b.folder, 0, sizeof b.folder) == nullptr)
+            return "a text without its terminating NUL";
+        for (uint8_t cell : b.schedule)
+            if (cell > 0x1F)
+                return outOfRange("schedule cell", cell, 0, 0x1F);
         return {};
     }
     if (block == DiskGroupBlock::kBlockNumber) {

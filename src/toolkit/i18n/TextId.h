@@ -132,6 +132,10 @@ constexpr uint32_t TestFailed = 105100;       // The test e-mail could not be se
 constexpr uint32_t EmailSchedule = 105101;    // E-mail schedule
 constexpr uint32_t TypeException = 105102;    // Exception
 constexpr uint32_t TypeIntelligent = 105103;  // Intelligent
+constexpr uint32_t Ftp = 105104;              // FTP
+constexpr uint32_t FtpSchedule = 105105;      // FTP schedule
+constexpr uint32_t Server = 105106;           // Server
+constexpr uint32_t RemoteFolder = 105107;     // Remote folder
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -250,6 +254,10 @@ constexpr uint32_t kAll[] = {
     Settings::EmailSchedule,
     Settings::TypeException,
     Settings::TypeIntelligent,
+    Settings::Ftp,
+    Settings::FtpSchedule,
+    Settings::Server,
+    Settings::RemoteFolder,
 };
 } // namespace TextId
 // clang-format on

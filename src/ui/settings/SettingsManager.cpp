@@ -14,6 +14,8 @@
 #include "ui/settings/DeviceInfoPage.h"
 #include "ui/settings/EmailPage.h"
 #include "ui/settings/EmailSchedulePage.h"
+#include "ui/settings/FtpPage.h"
+#include "ui/settings/FtpSchedulePage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
@@ -104,6 +106,10 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case Network:
         pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
         pages.push_back({TextId::Settings::RemoteAccess, &makePage<RemoteAccessPage>});
+        if (profile.ftpEnable) {
+            pages.push_back({TextId::Settings::Ftp, &makePage<FtpPage>});
+            pages.push_back({TextId::Settings::FtpSchedule, &makePage<FtpSchedulePage>});
+        }
         break;
     case Storage:
         if (profile.maxDiskNum > 0)
