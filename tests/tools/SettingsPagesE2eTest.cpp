@@ -18,6 +18,7 @@
 #include "protocol/DiskGroupBlock.h"
 #include "protocol/EmailBlock.h"
 #include "protocol/EmailScheduleBlock.h"
+#include "protocol/ExceptionBlock.h"
 #include "protocol/FtpBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/MotionBlock.h"
@@ -46,6 +47,7 @@
 #include "ui/settings/EmailPage.h"
 #include "ui/settings/EmailScheduleFrame.h"
 #include "ui/settings/EmailSchedulePage.h"
+#include "ui/settings/ExceptionPage.h"
 #include "ui/settings/FTPScheduleFrame.h"
 #include "ui/settings/FtpPage.h"
 #include "ui/settings/FtpSchedulePage.h"
@@ -534,6 +536,25 @@ TEST_F(SettingsPagesE2e, FtpAccountAndUploadScheduleReachTheRecorder) {
     for (int c = 0; c < 48; ++c)
         expected.schedule[6 * 48 + c] |= ScheduleGrid::kFtpIntelligent;
     const FtpBlock got = stored<FtpBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, ExceptionActionsReachTheRecorder) {
+    auto* page = openPage<ExceptionPage>();
+    ASSERT_NE(page->row(ExceptionBlock::VideoLoss).outputs, nullptr);
+    click(page->row(ExceptionBlock::DiskFull).email, 2, 2);
+    click(page->row(ExceptionBlock::VideoLoss).popup, 2, 2); // on by default: now off
+    click(page->row(ExceptionBlock::VideoLoss).outputs->box(0), 2, 2);
+    const int before = settledParamMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    ExceptionBlock expected{};
+    for (ExceptionBlock::Actions& a : expected.actions)
+        a.buzzer = a.popup = 1;
+    expected.actions[ExceptionBlock::DiskFull].email = 1;
+    expected.actions[ExceptionBlock::VideoLoss].popup = 0;
+    expected.actions[ExceptionBlock::VideoLoss].alarmOutputs = 1;
+    const ExceptionBlock got = stored<ExceptionBlock>(0);
     EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
 }
 

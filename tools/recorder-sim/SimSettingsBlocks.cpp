@@ -6,6 +6,7 @@
 #include "protocol/DiskGroupBlock.h"
 #include "protocol/EmailBlock.h"
 #include "protocol/EmailScheduleBlock.h"
+#include "protocol/ExceptionBlock.h"
 #include "protocol/FtpBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/MotionBlock.h"
@@ -133,6 +134,12 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         b.port = FtpBlock::kDefaultPort;
         std::snprintf(b.folder, sizeof b.folder, "/recorder");
         std::memset(b.schedule, ScheduleGrid::kFtpAlarm, sizeof b.schedule);
+        return bytesOf(b);
+    }
+    if (block == ExceptionBlock::kBlockNumber) {
+        ExceptionBlock b{};
+        for (ExceptionBlock::Actions& a : b.actions)
+            a.buzzer = a.popup = 1;
         return bytesOf(b);
     }
     if (block == DiskGroupBlock::kBlockNumber) {
@@ -354,6 +361,20 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
         for (uint8_t cell : b.schedule)
             if (cell > 0x1F)
                 return outOfRange("schedule cell", cell, 0, 0x1F);
+        return {};
+    }
+    if (block == ExceptionBlock::kBlockNumber) {
+        if (size != sizeof(ExceptionBlock))
+            return "size " + std::to_string(size);
+        ExceptionBlock b;
+        std::memcpy(&b, record, sizeof b);
+        for (const ExceptionBlock::Actions& a : b.actions) {
+            if (a.buzzer > 1 || a.popup > 1 || a.email > 1)
+                return "an action switch above 1";
+            if (config.alarmOutputs < 8 && (a.alarmOutputs >> config.alarmOutputs) != 0)
+                return outOfRange("alarmOutputs", a.alarmOutputs, 0,
+                                  (1L << config.alarmOutputs) - 1);
+        }
         return {};
     }
     if (block == DiskGroupBlock::kBlockNumber) {

@@ -136,6 +136,9 @@ constexpr uint32_t Ftp = 105104;              // FTP
 constexpr uint32_t FtpSchedule = 105105;      // FTP schedule
 constexpr uint32_t Server = 105106;           // Server
 constexpr uint32_t RemoteFolder = 105107;     // Remote folder
+constexpr uint32_t DiskFull = 105108;         // Disk full
+constexpr uint32_t DiskError = 105109;        // Disk error
+constexpr uint32_t VideoLoss = 105110;        // Video loss
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -258,6 +261,9 @@ constexpr uint32_t kAll[] = {
     Settings::FtpSchedule,
     Settings::Server,
     Settings::RemoteFolder,
+    Settings::DiskFull,
+    Settings::DiskError,
+    Settings::VideoLoss,
 };
 } // namespace TextId
 // clang-format on

@@ -14,6 +14,7 @@
 #include "ui/settings/DeviceInfoPage.h"
 #include "ui/settings/EmailPage.h"
 #include "ui/settings/EmailSchedulePage.h"
+#include "ui/settings/ExceptionPage.h"
 #include "ui/settings/FtpPage.h"
 #include "ui/settings/FtpSchedulePage.h"
 #include "ui/settings/ImagePage.h"
@@ -99,6 +100,7 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case Alarm:
         if (profile.alarmInputNum > 0)
             pages.push_back({TextId::Settings::AlarmInput, &makePage<AlarmInputPage>});
+        pages.push_back({TextId::Settings::TypeException, &makePage<ExceptionPage>});
         pages.push_back({TextId::Settings::Email, &makePage<EmailPage>});
         if (profile.emailScheduleEnable)
             pages.push_back({TextId::Settings::EmailSchedule, &makePage<EmailSchedulePage>});

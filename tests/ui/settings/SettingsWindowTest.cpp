@@ -165,7 +165,8 @@ TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
     // No alarm inputs, no disks, no e-mail schedule: no alarm-input page, no storage tile.
     EXPECT_EQ(tileCategories(),
               (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::System}));
-    EXPECT_EQ(pageTitles(M::Alarm), (std::vector<uint32_t>{TextId::Settings::Email}));
+    EXPECT_EQ(pageTitles(M::Alarm),
+              (std::vector<uint32_t>{TextId::Settings::TypeException, TextId::Settings::Email}));
     delete w;
     DeviceProfile& p = DeviceProfile::current();
     p.alarmInputNum = 3;
@@ -175,8 +176,8 @@ TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
     EXPECT_EQ(tileCategories(),
               (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::Storage, M::System}));
     EXPECT_EQ(pageTitles(M::Alarm),
-              (std::vector<uint32_t>{TextId::Settings::AlarmInput, TextId::Settings::Email,
-                                     TextId::Settings::EmailSchedule}));
+              (std::vector<uint32_t>{TextId::Settings::AlarmInput, TextId::Settings::TypeException,
+                                     TextId::Settings::Email, TextId::Settings::EmailSchedule}));
     ASSERT_TRUE(w->openCategory(M::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
 }
