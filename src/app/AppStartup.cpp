@@ -1,15 +1,18 @@
 #include "app/AppStartup.h"
+#include "app/KeySources.h"
 #include "protocol/DeviceDefaultRecord.h"
 #include "protocol/MainType.h"
 #include "protocol/StartupHello.h"
 #include "protocol/SubType.h"
 
+#include "app/ControlChannel.h"
 #include "app/CustomConfigSender.h"
 #include "app/ResourcesOverride.h"
 #include "app/ScaledTimerSource.h"
 #include "ipc/IpcClient.h"
 #include "model/DeviceProfile.h"
 #include "model/IpcRecorderLink.h"
+#include "model/KeyManagerLink.h"
 #include "model/ParamAccess.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
@@ -135,6 +138,17 @@ int AppStartup::run(int argc, char** argv) {
     VyMouseWatcher::install();
     auto* app = new VyApplication(argc, argv);
 
+    // The key sources, handed to the key manager that the models make next. The serial
+    // keyboard is a feature of the device's customisation.
+    static KeyManagerLink keyLink;
+    {
+        VyKeyRecorderLink::Features features;
+        const VyIniSettings config(VyResources::path(kCustomConfigFile));
+        features.serialKeyboard = config.intValue("CustomFuncs/KeyBoardEnble") != 0;
+        keyLink.setFeatures(features);
+    }
+    KeySources::install(app, &keyLink);
+
     // 18. The UiManager and the models it creates live to the end of the process.
     static ScaledTimerSource timers;
     static WindowShell shell;
@@ -149,6 +163,10 @@ int AppStartup::run(int argc, char** argv) {
     // Kept past the loop: its thread may still see a late signal.
     static SignalQuitter* quitter = new SignalQuitter;
     quitter->start(quitSignals);
+    // Drivers that run the GUI from outside (the soak) talk to it here; unset on a device.
+    // Kept past the loop for the same reason as the quitter.
+    static ControlChannel* control = new ControlChannel;
+    control->startFromEnvironment();
 
     // 20. The loop; its result is the exit code.
     const int code = app->exec();

@@ -1,6 +1,7 @@
 #include "SimHandlers.h"
 
 #include "SimCommands.h"
+#include "SimPlayback.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
 
@@ -26,6 +27,9 @@ void registerDefaultHandlers(SimServer& server) {
         config.storePath = store;
     static SimRecorder* recorder = new SimRecorder(config);
     recorder->attach(server);
+    static SimPlayback* playback = new SimPlayback(config);
+    playback->attach(server);
+    playback->startTicking(SimPlayback::kTickMs);
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {

@@ -126,6 +126,19 @@ bool SimRecorder::notify(uint16_t mainType, uint16_t subType, uint32_t value,
                             uint32_t(body.size()));
 }
 
+void SimRecorder::dropConnection() {
+    if (m_server != nullptr)
+        m_server->dropClient();
+}
+
+bool SimRecorder::writeRaw(const std::vector<uint8_t>& bytes) {
+    if (m_server == nullptr || !m_server->hasClient()) {
+        simRecorderLog("sim: no GUI connected, raw bytes not sent");
+        return false;
+    }
+    return m_server->writeRaw(bytes.data(), bytes.size());
+}
+
 bool SimRecorder::timeZone(const std::string& tz, uint32_t index) {
     TimeZoneNotice n{};
     if (tz.size() >= sizeof n.tz) {

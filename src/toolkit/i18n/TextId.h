@@ -13,6 +13,11 @@ constexpr uint32_t Close = 100002;       // Close
 constexpr uint32_t Keep = 100003;        // Keep
 constexpr uint32_t Revert = 100004;      // Revert
 constexpr uint32_t Information = 100005; // Information
+constexpr uint32_t Cancel = 100006;      // Cancel
+constexpr uint32_t Yes = 100007;         // Yes
+constexpr uint32_t No = 100008;          // No
+constexpr uint32_t Question = 100009;    // Question
+constexpr uint32_t Warning = 100010;     // Warning
 } // namespace Common
 namespace SystemNotice {
 constexpr uint32_t ShuttingDown = 101001; // NVR is shutting Down......
@@ -28,8 +33,19 @@ constexpr uint32_t Title = 102101;   // Start-up Wizard
 constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through the first settings.
 } // namespace Wizard
 namespace LiveView {
-constexpr uint32_t SplitLayout = 103508; // %1 Split
+constexpr uint32_t SplitLayout = 103508;   // %1 Split
+constexpr uint32_t ChannelName = 103509;   // Channel %1
+constexpr uint32_t SnapshotSaved = 103510; // Snapshot saved
 } // namespace LiveView
+namespace Playback {
+constexpr uint32_t Search = 104001;          // Search
+constexpr uint32_t Exporting = 104002;       // Exporting the clip: %1%
+constexpr uint32_t Exported = 104003;        // The clip was exported.
+constexpr uint32_t NoUsbDevice = 104004;     // No USB device found.
+constexpr uint32_t UsbFull = 104005;         // Not enough free space on the USB device.
+constexpr uint32_t ExportCancelled = 104006; // The export was cancelled.
+constexpr uint32_t CancelExport = 104007;    // Cancel
+} // namespace Playback
 namespace Settings {
 constexpr uint32_t Sunday = 105001;           // Sun
 constexpr uint32_t Monday = 105002;           // Mon
@@ -148,6 +164,11 @@ constexpr uint32_t kAll[] = {
     Common::Keep,
     Common::Revert,
     Common::Information,
+    Common::Cancel,
+    Common::Yes,
+    Common::No,
+    Common::Question,
+    Common::Warning,
     SystemNotice::ShuttingDown,
     SystemNotice::DeviceBusy,
     Resolution::Title,
@@ -156,6 +177,15 @@ constexpr uint32_t kAll[] = {
     Wizard::Title,
     Wizard::Welcome,
     LiveView::SplitLayout,
+    LiveView::ChannelName,
+    LiveView::SnapshotSaved,
+    Playback::Search,
+    Playback::Exporting,
+    Playback::Exported,
+    Playback::NoUsbDevice,
+    Playback::UsbFull,
+    Playback::ExportCancelled,
+    Playback::CancelExport,
     Settings::Sunday,
     Settings::Monday,
     Settings::Tuesday,
