@@ -1,6 +1,6 @@
 #include "app/ControlChannel.h"
 
-#include "model/VyKeyManager.h"
+#include "toolkit/input/VyKeyManager.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyPostedEventQueue.h"

@@ -3,7 +3,8 @@
 // $VY_CONTROL_FIFO names a FIFO, each line written to it is one command, run on the GUI
 // thread in the order written. Nothing is opened unless the variable is set.
 //
-//   key N     the device key N, posted as a key source posts it
+//   key N     the device key N, posted to the key manager as its poll thread posts a key
+//             (without the poll's one key per 150 ms, so a driver can press keys fast)
 //   state     prints one line "state: seq=S windows=A,B modal=M focus=F queue=Q peak=P"
 //             (the shown windows bottom to top by class, the modal depth, the focus
 //             widget's class, the events waiting now and the most that ever waited)

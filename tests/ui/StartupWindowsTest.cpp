@@ -15,6 +15,7 @@
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/UiLook.h"
 #include "ui/WindowShell.h"
+#include "ui/WizardWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -197,4 +198,15 @@ TEST_F(StartupWindowsTest,
     shell.closeAll();
     EXPECT_EQ(shell.openDialogCount(), 0);
     EXPECT_EQ(app->activeModalWidget(), nullptr);
+}
+
+TEST_F(StartupWindowsTest, EachStartupDialogKeepsItsOwnDesignSize) {
+    // Design sizes at 1920x1080 on this 640x360 screen (a third of each).
+    ResolutionConfirmDialog resolution("720p", true);
+    EXPECT_EQ(resolution.width(), 620 / 3);
+    EXPECT_EQ(resolution.height(), 260 / 3);
+    std::unique_ptr<WizardWindow> wizard(WizardWindow::open());
+    EXPECT_EQ(wizard->width(), 1000 / 3);
+    EXPECT_EQ(wizard->height(), 640 / 3);
+    wizard->done(0);
 }

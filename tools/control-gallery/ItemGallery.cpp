@@ -8,7 +8,10 @@
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/style/VyStyleDefaults.h"
 #include "toolkit/style/VyStyleSlot.h"
+#include "toolkit/style/VyTextLayout.h"
+#include "toolkit/widgets/VyCalendarWidget.h"
 #include "toolkit/widgets/VyComboBox.h"
+#include "toolkit/widgets/VyDateEdit.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyListWidget.h"
 #include "toolkit/widgets/VyMenu.h"
@@ -18,6 +21,7 @@
 #include "toolkit/widgets/VyTableWidget.h"
 #include "toolkit/widgets/VyTableWidgetHHeader.h"
 #include "toolkit/widgets/VyTableWidgetViewPort.h"
+#include "toolkit/widgets/VyTimeEdit.h"
 
 namespace {
 
@@ -112,6 +116,13 @@ void ItemGallery::buildStateRows() {
     const Row rows[] = {
         {"VyComboBox", [style](VyCanvas* c, const VyRect& r,
                                int slot) { style->drawComboBox(c, r, slot, "1080P"); }},
+        {"VyDateEdit",
+         [style](VyCanvas* c, const VyRect& r, int slot) {
+             // The focus look highlights the section being edited.
+             const int px = VyStyle::fontSize(style->option().get<VyDateEditOption>().font, slot);
+             const int to = slot == VyStyleFocus ? VyTextLayout::width("2026", px) : 0;
+             style->drawDateEdit(c, r, slot, "2026-11-23", 0, to, true);
+         }},
     };
     int top = 125;
     for (const Row& row : rows) {
@@ -206,6 +217,22 @@ void ItemGallery::buildViews() {
     layouts->addAction("9 screens", 12);
     layouts->setItemEnabled(2, false);
     m_menu->addAction("Lock", 3);
+
+    auto* date = new VyDateEdit(this);
+    date->setDateFormat(VyDateEdit::YearMonthDay);
+    date->setDate(VyDate(2026, 11, 23));
+    date->setGeometry(sx(1460), sy(260), sx(240), sy(kCellHeight));
+    auto* time = new VyTimeEdit(this);
+    time->setHour12(true);
+    time->setTime(VyTime(20, 15, 30));
+    time->setGeometry(sx(1720), sy(260), sx(160), sy(kCellHeight));
+    auto* calendar = new VyCalendarWidget(this);
+    calendar->setToday(VyDate(2026, 11, 23));
+    calendar->setSelectedDate(VyDate(2026, 11, 18));
+    calendar->setMarkedDays({VyDate(2026, 11, 2), VyDate(2026, 11, 3), VyDate(2026, 11, 9),
+                             VyDate(2026, 11, 18), VyDate(2026, 11, 20)});
+    const VySize cs = calendar->sizeHint();
+    calendar->setGeometry(sx(1460), sy(320), cs.width, cs.height);
 
     m_box =
         new VyMessageBox(VyMessageBox::Question, "Format the disk? Every recording on it is lost.",

@@ -377,18 +377,21 @@ void SoakDriver::randomNotification() {
     ++m_report.notifications;
     const int kind = m_random.range(0, 99);
     std::ostringstream cmd;
+    auto randomBody = [this](std::ostringstream& out) {
+        if (!m_random.chance(50))
+            return;
+        std::vector<uint8_t> body(static_cast<size_t>(m_random.range(1, 700)));
+        for (uint8_t& b : body)
+            b = static_cast<uint8_t>(m_random.chance(50) ? 0 : m_random.range(0, 255));
+        out << " " << hex(body);
+    };
     if (kind < 55) { // a system notification of any routed SubType, body of any size
         int sub = m_random.range(8, 308);
         if (sub == kShutdownSubType)
             sub = 116;
         cmd << "notify 1000 " << sub << " "
             << (m_random.chance(80) ? m_random.range(0, 70) : m_random.range(0, 0x7FFFFFFF));
-        if (m_random.chance(50)) {
-            std::vector<uint8_t> body(static_cast<size_t>(m_random.range(1, 700)));
-            for (uint8_t& b : body)
-                b = static_cast<uint8_t>(m_random.chance(50) ? 0 : m_random.range(0, 255));
-            cmd << " " << hex(body);
-        }
+        randomBody(cmd);
     } else if (kind < 63) {
         cmd << "changed " << m_random.range(0, 64);
     } else if (kind < 68) {
@@ -400,10 +403,11 @@ void SoakDriver::randomNotification() {
         cmd << "net " << m_random.range(0, 4);
     } else if (kind < 80) {
         cmd << "led " << m_random.range(0, 8);
-    } else if (kind < 88) { // another family, unknown SubTypes included
+    } else if (kind < 88) { // another family (preview, playback, parameters, unknown)
         static const int families[] = {100, 300, 600, 2000, 0, 65535};
-        cmd << "notify " << families[m_random.range(0, 5)] << " " << m_random.range(0, 400) << " "
-            << m_random.range(0, 100);
+        cmd << "notify " << families[m_random.range(0, 5)] << " " << m_random.range(0, 400)
+            << " " << m_random.range(0, 100);
+        randomBody(cmd);
     } else { // a broken frame
         ++m_report.malformed;
         // A header marked invalid (dropped, as App's own are), or one whose length no

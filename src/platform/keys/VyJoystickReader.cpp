@@ -116,7 +116,11 @@ void VyJoystickReader::handleEvent(uint8_t type, uint8_t number, int16_t value) 
             return;
         std::snprintf(code, sizeof code, "button%u", unsigned(number));
     } else if (type == kJsAxis && number < kMaxAxes) {
-        const int8_t end = value <= -kAxisThreshold ? -1 : (value >= kAxisThreshold ? 1 : 0);
+        int8_t end = 0;
+        if (value <= -kAxisThreshold)
+            end = -1;
+        else if (value >= kAxisThreshold)
+            end = 1;
         const int8_t before = m_axisState[number];
         m_axisState[number] = end;
         if (end == 0 || end == before)

@@ -43,13 +43,13 @@ void VyLampOutput::drive(int command, int fallbackBrightness, bool withData, uns
     }
     if (lamp.led.isEmpty()) {
         if (withData)
-            VY_DEBUG("lamps", "lamp command %d data %u\n", command, data);
+            VY_DEBUG("lamps", "lamp command %d data %u", command, data);
         else
-            VY_DEBUG("lamps", "lamp command %d\n", command);
+            VY_DEBUG("lamps", "lamp command %d", command);
         return;
     }
     const int brightness = lamp.brightness >= 0 ? lamp.brightness : fallbackBrightness;
     const VyString path = VyString(kLedRoot) + "/" + lamp.led + "/brightness";
     if (!m_writer(path, brightness))
-        VY_DEBUG("lamps", "lamp command %d: cannot write %s\n", command, path.c_str());
+        VY_DEBUG("lamps", "lamp command %d: cannot write %s", command, path.c_str());
 }

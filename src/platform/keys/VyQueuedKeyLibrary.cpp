@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 void VyQueuedKeyLibrary::InitVersionAndFrontBoard(KeyBoardparam_t* param, KeyCallback) {
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -24,7 +25,8 @@ int VyQueuedKeyLibrary::GetAllKeyValue_StringLen(char* text) {
     const std::string next = std::move(m_posTexts.front());
     m_posTexts.pop_front();
     const size_t n = std::min(next.size(), size_t(kMaxPosText));
-    std::memcpy(text, next.data(), n);
+    // A text, not a string: the caller gets the length, no terminator.
+    std::copy_n(next.data(), n, text);
     return int(n);
 }
 

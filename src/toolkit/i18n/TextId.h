@@ -8,16 +8,23 @@
 // clang-format off
 namespace TextId {
 namespace Common {
-constexpr uint32_t Ok = 100001;          // OK
-constexpr uint32_t Close = 100002;       // Close
-constexpr uint32_t Keep = 100003;        // Keep
-constexpr uint32_t Revert = 100004;      // Revert
-constexpr uint32_t Information = 100005; // Information
-constexpr uint32_t Cancel = 100006;      // Cancel
-constexpr uint32_t Yes = 100007;         // Yes
-constexpr uint32_t No = 100008;          // No
-constexpr uint32_t Question = 100009;    // Question
-constexpr uint32_t Warning = 100010;     // Warning
+constexpr uint32_t Ok = 100001;             // OK
+constexpr uint32_t Close = 100002;          // Close
+constexpr uint32_t Keep = 100003;           // Keep
+constexpr uint32_t Revert = 100004;         // Revert
+constexpr uint32_t Information = 100005;    // Information
+constexpr uint32_t Cancel = 100006;         // Cancel
+constexpr uint32_t Yes = 100007;            // Yes
+constexpr uint32_t No = 100008;             // No
+constexpr uint32_t Question = 100009;       // Question
+constexpr uint32_t Warning = 100010;        // Warning
+constexpr uint32_t SundayShort = 100011;    // Sun
+constexpr uint32_t MondayShort = 100012;    // Mon
+constexpr uint32_t TuesdayShort = 100013;   // Tue
+constexpr uint32_t WednesdayShort = 100014; // Wed
+constexpr uint32_t ThursdayShort = 100015;  // Thu
+constexpr uint32_t FridayShort = 100016;    // Fri
+constexpr uint32_t SaturdayShort = 100017;  // Sat
 } // namespace Common
 namespace SystemNotice {
 constexpr uint32_t ShuttingDown = 101001; // NVR is shutting Down......
@@ -169,6 +176,13 @@ constexpr uint32_t kAll[] = {
     Common::No,
     Common::Question,
     Common::Warning,
+    Common::SundayShort,
+    Common::MondayShort,
+    Common::TuesdayShort,
+    Common::WednesdayShort,
+    Common::ThursdayShort,
+    Common::FridayShort,
+    Common::SaturdayShort,
     SystemNotice::ShuttingDown,
     SystemNotice::DeviceBusy,
     Resolution::Title,

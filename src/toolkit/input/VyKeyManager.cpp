@@ -13,12 +13,15 @@
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/input/VyKeyRecorderLink.h"
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstring>
+#include <iterator>
 #include <mutex>
 #include <pthread.h>
+#include <utility>
 
 namespace {
 
@@ -31,6 +34,9 @@ const uint8_t kServiceKeys[ServiceKeyNotice::kLastCode - ServiceKeyNotice::kFirs
 
 VyKeyManager::Setup g_defaultSetup;
 VyKeyManager* g_live = nullptr;
+// The one instance() made because nobody had made one; it gives way to the next manager made
+// explicitly (the models' set, a test), handing it the registered targets.
+VyKeyManager* g_lazy = nullptr;
 std::atomic<bool> g_keyRestriction{false};
 
 // The screens the action table sends keys to.
@@ -162,7 +168,7 @@ void VyKeyManager::setDefaultSetup(const Setup& setup) {
 
 VyKeyManager* VyKeyManager::instance() {
     if (g_live == nullptr)
-        new VyKeyManager(g_defaultSetup); // registers itself; lives to the end of the process
+        g_lazy = new VyKeyManager(g_defaultSetup); // registers itself
     return g_live;
 }
 
@@ -180,7 +186,12 @@ VyKeyManager::VyKeyManager(const Setup& setup)
     , m_channelDigitTimer(nullptr)
     , m_secondKeyTimer(nullptr)
     , m_countedPressTimer(nullptr) {
-    VY_ASSERT(g_live == nullptr); // one key manager at a time
+    if (g_live != nullptr) {
+        VY_ASSERT(g_live == g_lazy); // one key manager at a time, unless made on demand
+        VyKeyManager* lazy = std::exchange(g_lazy, nullptr);
+        std::copy(std::begin(lazy->m_targets), std::end(lazy->m_targets), std::begin(m_targets));
+        delete lazy;
+    }
     g_live = this;
     // 1. State cleared by the member initialisers; the key focus is shown, the search
     // rectangle's position starts at -1.
@@ -262,6 +273,8 @@ VyKeyManager::~VyKeyManager() {
     m_poll->wake.notify_all();
     if (g_live == this)
         g_live = nullptr;
+    if (g_lazy == this)
+        g_lazy = nullptr;
 }
 
 void VyKeyManager::pollOnce() {
@@ -342,11 +355,11 @@ void VyKeyManager::customEvent(VyEvent* e) {
     const ServiceKeyNotice notice = ServiceKeyNotice::decode(bytes + kIpcHeaderSize, h.dataLen);
     const uint32_t key = serviceKeyToDeviceKey(h.msgValue);
     if (key == 0) {
-        VY_DEBUG("keys", "service key %u ignored\n", h.msgValue);
+        VY_DEBUG("keys", "service key %u ignored", h.msgValue);
         return;
     }
     dispatch(key, notice.origin);
-    VY_DEBUG("keys", "service key %u: device key %u origin %u handled\n", h.msgValue, key,
+    VY_DEBUG("keys", "service key %u: device key %u origin %u handled", h.msgValue, key,
              notice.origin);
 }
 

@@ -6,8 +6,9 @@
 // the active window and drive them, and most other keys go to the screens registered as key
 // targets. It also drives the front-panel lamps.
 //
-// One lives per process: instance() makes it on first use with the setup start-up
-// installed; a test makes its own (which instance() then answers) and deletes it.
+// One lives at a time: the models' set makes it at start-up with the setup start-up installed,
+// and instance() answers it; instance() called before that makes one, which gives way (with
+// its registered targets) to the next one made. A test makes its own and deletes it.
 #include <cstdint>
 #include <memory>
 

@@ -12,8 +12,11 @@
 #include "toolkit/widgets/CWidget.h"
 #include "toolkit/widgets/ProxyButton.h"
 #include "toolkit/widgets/VyAbstractButton.h"
+#include "toolkit/widgets/VyAbstractSlider.h"
 #include "toolkit/widgets/VyGroupBox.h"
+#include "toolkit/widgets/VySpinBox.h"
 
+#include <climits>
 #include <cstdio>
 #include <cstring>
 
@@ -54,6 +57,17 @@ VyRect globalRect(const VyWidget* w) {
     return VyRect(g.x, g.y, w->width(), w->height());
 }
 
+constexpr int kNoValue = INT_MIN;
+
+// The value of a control that steps one (slider, spin box), kNoValue for others.
+int valueOf(const VyWidget* w) {
+    if (w->inherits("VyAbstractSlider"))
+        return static_cast<const VyAbstractSlider*>(w)->value();
+    if (w->inherits("VySpinBox"))
+        return static_cast<const VySpinBox*>(w)->value();
+    return kNoValue;
+}
+
 bool isHorizontal(int toolkitKey) {
     return toolkitKey == VyKeyEvent::KeyLeft || toolkitKey == VyKeyEvent::KeyRight;
 }
@@ -84,8 +98,10 @@ VyWidget* VyKeyManager::activeWindow() {
 bool VyKeyManager::isFocusable(const VyWidget* w) {
     if (w == nullptr || !w->isVisibleOnScreen() || !w->isEnabled())
         return false;
+    // A standard control that takes no focus (a group box without a check, a scroll bar)
+    // could never show it: the navigation passes it by.
     if (inheritsAny(w, kFocusableClasses))
-        return true;
+        return w->focusPolicy() != VyWidget::NoFocus;
     return w->inherits("CWidget") && static_cast<const CWidget*>(w)->acceptsKeyFocus();
 }
 
@@ -179,7 +195,12 @@ VyWidget* VyKeyManager::probe(VyWidget* window, const VyRect& area, int x, int y
     if (x < area.left + kEdgeMargin || x > area.right - kEdgeMargin)
         return nullptr;
     VyWidget* w = focusableAt(window, VyPoint(x, y));
-    return w != m_keyFocus.data() ? w : nullptr;
+    // The focus widget's own container (a checkable group box around it) is where the
+    // search starts from, not where it goes.
+    for (const VyWidget* f = m_keyFocus.data(); w != nullptr && f != nullptr; f = f->parentWidget())
+        if (f == w)
+            return nullptr;
+    return w;
 }
 
 VyWidget* VyKeyManager::probeRow(VyWidget* window, const VyRect& area, int x, int y) const {
@@ -267,9 +288,20 @@ bool VyKeyManager::giveArrow(int toolkitKey) {
         horizontal ? inheritsAny(focus, kKeepsLeftRight) : inheritsAny(focus, kKeepsUpDown);
     if (!keeps)
         return false;
+    // A slider keeps the arrows along its groove only; the other two move the focus.
+    if (focus->inherits("VyAbstractSlider") &&
+        (static_cast<VyAbstractSlider*>(focus)->orientation() == VyAbstractSlider::Horizontal) !=
+            horizontal)
+        return false;
+    const int before = valueOf(focus);
+    const VyPointer<VyWidget> guard(focus);
     VyKeyEvent e(VyEvent::KeyPress, toolkitKey);
     VyApplication::sendEvent(focus, &e);
-    return true;
+    // A control that did nothing with the key (a spin box or slider at the end of its range)
+    // lets the focus move on, so that no control holds the arrows for good.
+    if (!e.isAccepted() || guard.isNull())
+        return guard.isNull();
+    return before == kNoValue || valueOf(focus) != before;
 }
 
 void VyKeyManager::arrow(Direction direction, int toolkitKey) {

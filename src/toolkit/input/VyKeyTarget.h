@@ -12,7 +12,8 @@
 //     };
 //     VyKeyManager::instance()->setKeyTarget(VyKeyTarget::MainView, this);
 //
-// A target unregisters itself when it is destroyed.
+// A target unregisters itself when it is destroyed. Registering through instance() is
+// safe before the models exist: the manager it makes hands its targets on.
 #include <cstdint>
 
 class VyWidget;

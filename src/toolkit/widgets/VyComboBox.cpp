@@ -115,7 +115,9 @@ void VyComboBox::closePopup() {
     m_popup.reset(nullptr);
     if (list->isVisible())
         list->hide();
-    // The popup is inside its own signal here.
+    // The popup is inside its own signal here: it goes later, and no longer with this combo
+    // box, which that signal's slots may delete.
+    list->setParent(nullptr);
     list->deleteLater();
     if (isVisible() && isEnabled())
         setFocus(4);
@@ -125,8 +127,11 @@ void VyComboBox::closePopup() {
 
 void VyComboBox::popupChosen() {
     const int row = m_popup ? m_popup->chosenRow() : -1;
+    // A slot of popupClosed may delete the combo box.
+    VyPointer<VyComboBox> self(this);
     closePopup();
-    userChose(row);
+    if (self)
+        userChose(row);
 }
 
 void VyComboBox::popupCancelled() {
@@ -136,8 +141,10 @@ void VyComboBox::popupCancelled() {
 void VyComboBox::userChose(int index) {
     if (index < 0 || index >= count())
         return;
+    VyPointer<VyComboBox> self(this);
     setCurrentIndex(index);
-    emitSignal(this, &activated);
+    if (self)
+        emitSignal(this, &activated);
 }
 
 int VyComboBox::styleSlot() const {

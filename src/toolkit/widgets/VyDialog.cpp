@@ -74,8 +74,10 @@ void VyDialog::place(int designWidth, int designHeight) {
     if (!screen)
         return;
     // The screen's own factors: a dialog may be placed before the style follows the screen.
-    const int w = std::max(1, static_cast<int>(designWidth * screen->horizontalScale()));
-    const int h = std::max(1, static_cast<int>(designHeight * screen->verticalScale()));
+    const int w =
+        std::max(1, static_cast<int>(static_cast<float>(designWidth) * screen->horizontalScale()));
+    const int h =
+        std::max(1, static_cast<int>(static_cast<float>(designHeight) * screen->verticalScale()));
     const int sw = screen->width();
     const int sh = screen->height();
     setGeometry((sw - w) / 2, (sh - h) / 2, w, h);

@@ -50,19 +50,22 @@ void VyListWidget::removeItem(int row) {
     if (!validRow(row))
         return;
     const bool wasSelected = m_items[row].selected;
+    const bool wasCurrent = m_current == row;
     m_items.erase(m_items.begin() + row);
-    if (m_current == row) {
+    if (wasCurrent) {
         m_current = std::min(row, count() - 1);
         if (m_current >= 0 && m_mode == SingleSelection)
             m_items[m_current].selected = true;
-        emitSignal(this, &currentRowChanged);
     } else if (m_current > row) {
         --m_current;
     }
     setTop(m_top);
     syncScrollBar();
     update();
-    if (wasSelected)
+    VyPointer<VyListWidget> self(this);
+    if (wasCurrent)
+        emitSignal(this, &currentRowChanged);
+    if (self && wasSelected)
         emitSignal(this, &itemSelectionChanged);
 }
 
@@ -255,8 +258,13 @@ void VyListWidget::moveCurrent(int row) {
     if (validRow(row)) {
         scrollToRow(row);
         update(rowRect(row));
-        if (m_mode == SingleSelection)
+        if (m_mode == SingleSelection) {
+            // The selection's own signal may delete the list.
+            VyPointer<VyListWidget> self(this);
             setSelected(row, true);
+            if (!self)
+                return;
+        }
     }
     emitSignal(this, &currentRowChanged);
 }
@@ -318,17 +326,21 @@ void VyListWidget::keyPressEvent(VyKeyEvent* e) {
     case VyKeyEvent::KeyRight:
         moveCurrent(std::min(count() - 1, cur + page));
         break;
-    case VyKeyEvent::KeyOk:
+    case VyKeyEvent::KeyOk: {
         if (!validRow(m_current)) {
             e->ignore();
             return;
         }
+        // The change's own signal may delete the list.
+        VyPointer<VyListWidget> self(this);
         if (m_items[m_current].checkable)
             toggleCheck(m_current);
         else if (m_mode == MultiSelection)
             setSelected(m_current, !m_items[m_current].selected);
-        emitSignal(this, &activated);
+        if (self)
+            emitSignal(this, &activated);
         break;
+    }
     default:
         e->ignore();
         return;
@@ -357,7 +369,10 @@ void VyListWidget::mousePressEvent(VyMouseEvent* e) {
     const int row = rowAt(e->pos());
     if (row < 0)
         return;
+    VyPointer<VyListWidget> self(this);
     moveCurrent(row);
+    if (!self)
+        return;
     if (m_items[row].checkable &&
         e->pos().x < viewRect().left + VyStyle::instance()->listCheckWidth()) {
         toggleCheck(row);
@@ -373,13 +388,15 @@ void VyListWidget::mouseDoubleClickEvent(VyMouseEvent* e) {
         return;
     }
     e->accept();
+    VyPointer<VyListWidget> self(this);
     moveCurrent(rowAt(e->pos()));
-    emitSignal(this, &activated);
+    if (self)
+        emitSignal(this, &activated);
 }
 
 void VyListWidget::focusInEvent(VyFocusEvent*) {
-    if (m_current < 0 && count() > 0)
-        moveCurrent(0);
+    // No current row is made here: a focus change must not emit the list's signals (their
+    // slots could delete the list inside the focus change). The first arrow picks row 0.
     update();
 }
 

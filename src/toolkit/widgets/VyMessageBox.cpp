@@ -68,7 +68,7 @@ VyMessageBox::VyMessageBox(Icon icon, const VyString& text, int buttons, VyWidge
     for (const ButtonText& b : kStandardButtons)
         if (buttons & b.button)
             addButton(b.textId, b.button);
-    place(kDesignWidth, kDesignHeight);
+    place(kDefaultDesignWidth, kDefaultDesignHeight);
 }
 
 VyMessageBox::~VyMessageBox() = default;

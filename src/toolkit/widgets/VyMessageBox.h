@@ -17,8 +17,8 @@ class VyMessageBox : public VyDialog {
 public:
     enum Icon { NoIcon, Information, Question, Warning };
     enum StandardButton { NoButton = 0, Ok = 1, Cancel = 2, Yes = 4, No = 8 };
-    static constexpr int kDesignWidth = 560; // pixels at 1920x1080
-    static constexpr int kDesignHeight = 260;
+    static constexpr int kDefaultDesignWidth = 560; // pixels at 1920x1080
+    static constexpr int kDefaultDesignHeight = 260;
 
     // `buttons` is an OR of StandardButton, shown in the order Yes, No, Ok, Cancel.
     VyMessageBox(Icon icon, const VyString& text, int buttons = Ok, VyWidget* parent = nullptr);

@@ -28,8 +28,8 @@ int frameWidth() {
 
 // Numbers compare as numbers, so "Channel 10" follows "Channel 9" and a size column sorts.
 bool lessText(const VyString& a, const VyString& b) {
-    const std::string sa = a.toStdString();
-    const std::string sb = b.toStdString();
+    const std::string& sa = a.toStdString();
+    const std::string& sb = b.toStdString();
     char* endA = nullptr;
     char* endB = nullptr;
     const double na = std::strtod(sa.c_str(), &endA);
@@ -84,6 +84,8 @@ void VyTableWidget::setRowCount(int rows) {
     m_rows = std::max(0, rows);
     m_vHeader->setSectionCount(m_rows);
     m_selected.erase(m_selected.lower_bound(m_rows), m_selected.end());
+    layoutChildren();
+    m_viewport->update();
     if (m_currentRow >= m_rows) {
         m_currentRow = m_rows - 1;
         if (m_currentRow < 0)
@@ -92,8 +94,6 @@ void VyTableWidget::setRowCount(int rows) {
             m_selected.insert(m_currentRow);
         emitSignal(this, &currentCellChanged);
     }
-    layoutChildren();
-    m_viewport->update();
 }
 
 void VyTableWidget::setCellSource(CellSource source) {
@@ -274,8 +274,13 @@ void VyTableWidget::moveCurrent(int row, int column) {
     if (row >= 0) {
         scrollToRow(row);
         updateRow(row);
-        if (m_mode == SingleSelection)
+        if (m_mode == SingleSelection) {
+            // The selection's own signal may delete the table.
+            VyPointer<VyTableWidget> self(this);
             setRowSelected(row, true);
+            if (!self)
+                return;
+        }
     }
     emitSignal(this, &currentCellChanged);
 }
@@ -502,8 +507,9 @@ void VyTableWidget::mousePressEvent(VyMouseEvent* e) {
     const int column = columnAt(e->pos());
     if (row < 0 || column < 0)
         return;
+    VyPointer<VyTableWidget> self(this);
     moveCurrent(row, column);
-    if (m_mode == MultiSelection)
+    if (self && m_mode == MultiSelection)
         setRowSelected(row, !isRowSelected(row));
 }
 
@@ -517,8 +523,8 @@ void VyTableWidget::mouseDoubleClickEvent(VyMouseEvent* e) {
 }
 
 void VyTableWidget::focusInEvent(VyFocusEvent*) {
-    if (m_currentRow < 0 && m_rows > 0 && m_columns > 0)
-        moveCurrent(0, 0);
+    // No current cell is made here: a focus change must not emit the table's signals (their
+    // slots could delete the table inside the focus change). The first arrow picks row 0.
     update();
     m_viewport->update();
 }

@@ -9,6 +9,8 @@
 #include "platform/keys/VyWindowKeyLibrary.h"
 #include "runtime/VyResources.h"
 
+#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -18,6 +20,7 @@
 #include <string>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -67,11 +70,6 @@ TEST(KeyMap, MalformedLinesAreLoggedAndTheRestIsUsed) {
     EXPECT_EQ(map.lamp(18), nullptr);
     EXPECT_EQ(map.lamp(21), nullptr);
     EXPECT_EQ(map.rejectedLines(), 8); // the text line, four keys, two lamps, [Other]
-}
-
-TEST(KeyMap, FileNamesFollowTheDeviceName) {
-    EXPECT_EQ(VyKeyMap::fileNameFor("gpio_ir_recv"), "keymap/gpio_ir_recv.ini");
-    EXPECT_EQ(VyKeyMap::fileNameFor("Front Panel/Keys"), "keymap/Front_Panel_Keys.ini");
 }
 
 TEST(LampOutput, NamedLedsAreWrittenOthersGoNowhere) {
@@ -243,4 +241,26 @@ TEST_F(InputDevices, AReceiverPluggedInLaterIsPickedUp) {
     EXPECT_EQ(keys.openDeviceCount(), 1);
     send("event3", EV_KEY, 103, 1);
     EXPECT_EQ(keys.GetAllKeyValue_keytype(), 24u);
+}
+
+TEST(Joystick, TheReaderThreadMapsEventsAndSurvivesAReadError) {
+    int pipeEnds[2];
+    ASSERT_EQ(pipe(pipeEnds), 0);
+    std::atomic<int> opens{0};
+    std::atomic<uint32_t> lastKey{0};
+    VyJoystickReader reader(
+        mapOf("[Keys]\nbutton0=28\n"), [&](uint32_t key) { lastKey = key; }, "js-test",
+        [&](const char*) { return opens++ == 0 ? pipeEnds[0] : -1; });
+    reader.start();
+    const uint8_t press[8] = {0, 0, 0, 0, 1, 0, 1, 0}; // time, value 1, button 0
+    ASSERT_EQ(::write(pipeEnds[1], press, sizeof press), 8);
+    ::close(pipeEnds[1]); // the device goes away: the next read fails
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while ((lastKey.load() == 0 || reader.readErrors() == 0) &&
+           std::chrono::steady_clock::now() < deadline)
+        std::this_thread::yield();
+    EXPECT_EQ(lastKey.load(), 28u);
+    EXPECT_EQ(reader.readErrors(), 1);
+    EXPECT_EQ(reader.openCount(), 1);
+    reader.stop(); // wakes the retry wait at once
 }

@@ -2,6 +2,7 @@
 // application's queue, as a front-panel key does.
 #include "toolkit/widgets/ControlTestApp.h"
 
+#include "platform/keys/VyQueuedKeyLibrary.h"
 #include "platform/keys/VyScriptedKeyLibrary.h"
 #include "protocol/IpcMsgHeader.h"
 #include "protocol/ServiceKeyNotice.h"
@@ -15,6 +16,7 @@
 #include "toolkit/widgets/ProxyButton.h"
 #include "toolkit/widgets/VyGroupBox.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VySlider.h"
 #include "toolkit/widgets/VySpinBox.h"
 
 #include <cstdlib>
@@ -32,7 +34,7 @@ public:
     FakeLink() { std::memset(&device, 0, sizeof device); }
     Features features() const override { return feature; }
     int channelCount() const override { return channels; }
-    SerialKeyboardBlock serialKeyboard() override { return SerialKeyboardBlock{}; }
+    SerialKeyboardBlock serialKeyboard() override { return serial; }
     DeviceParamBlock deviceParams() override { return device; }
     void storeDeviceParams(const DeviceParamBlock& block) override {
         device = block;
@@ -44,6 +46,7 @@ public:
     void sendPtzCommand(const PTZ_keyvaluet& command) override { ptz.push_back(command.command); }
 
     Features feature;
+    SerialKeyboardBlock serial{};
     int channels = 16;
     DeviceParamBlock device;
     int stores = 0;
@@ -397,7 +400,7 @@ TEST_F(KeyManagerTest, SerialPtzAndPointOfSaleReachTheRecorder) {
     library->pushPosText("RECEIPT 12");
     keys->pollOnce();
     ASSERT_EQ(link.posTexts.size(), 1u);
-    EXPECT_EQ(link.posTexts[0], std::string("RECEIPT 12", 11)); // the terminator counted
+    EXPECT_EQ(link.posTexts[0], std::string("RECEIPT 12") + '\0'); // the terminator counted
 }
 
 TEST_F(KeyManagerTest, AKeyHidesTheCursorUntilTheMouseMoves) {
@@ -417,4 +420,86 @@ TEST_F(KeyManagerTest, TheKeyFocusIsForgottenWhenItDiesWithItsSignalsBlocked) {
     EXPECT_EQ(keys->keyFocusWidget(), nullptr);
     press(27); // nothing focusable left: the key finds no focus and does nothing
     EXPECT_EQ(keys->keyFocusWidget(), nullptr);
+}
+
+TEST_F(KeyManagerTest, ASliderKeepsTheArrowsAlongItsGrooveUntilItsEnd) {
+    auto* slider = add(new VySlider(window), 20, 20, 200, 30);
+    slider->setRange(0, 2);
+    slider->setValue(1);
+    auto* below = add(new VyPushButton("b", window), 20, 100);
+    auto* right = add(new VyPushButton("r", window), 300, 20);
+    keys->setKeyFocusWidget(slider);
+    press(27);
+    EXPECT_EQ(keys->keyFocusWidget(), slider);
+    EXPECT_EQ(slider->value(), 2);
+    press(27); // at its end: the key moves the focus on
+    EXPECT_EQ(keys->keyFocusWidget(), right);
+    keys->setKeyFocusWidget(slider);
+    press(25); // across the groove
+    EXPECT_EQ(keys->keyFocusWidget(), below);
+    EXPECT_EQ(slider->value(), 2);
+}
+
+TEST_F(KeyManagerTest, TheSearchLeavesACheckableGroupBoxThroughItsEmptyParts) {
+    auto* box = add(new VyGroupBox("box", window), 10, 10, 400, 200);
+    box->setCheckable(true);
+    auto* a = add(new VyPushButton("a", box), 20, 40);
+    auto* b = add(new VyPushButton("b", box), 250, 40);
+    auto* plain = add(new VyGroupBox("plain", window), 10, 250, 400, 100);
+    EXPECT_TRUE(VyKeyManager::isFocusable(box));
+    EXPECT_FALSE(VyKeyManager::isFocusable(plain)) << "it takes no focus, it could not show it";
+    keys->setKeyFocusWidget(a);
+    press(27);
+    EXPECT_EQ(keys->keyFocusWidget(), b);
+}
+
+TEST_F(KeyManagerTest, TheSerialKeyboardIsSetUpFromItsBlock) {
+    link.feature = {true, true, true, true};
+    link.serial.baudIndex = 4;
+    link.serial.parity = 2;
+    link.serial.stopBits = 1;
+    link.serial.keyMux = 1;
+    link.device.deviceId = 7;
+    makeManager();
+    const VyQueuedKeyLibrary::Settings set = library->settings();
+    EXPECT_TRUE(set.initialised);
+    EXPECT_EQ(set.name, VyKeyManager::kLibraryName);
+    EXPECT_TRUE(set.posSelected);
+    EXPECT_EQ(set.mux, 0) << "a stored 1 selects the key board";
+    EXPECT_TRUE(set.baudSet);
+    EXPECT_EQ(set.serial.baudIndex, 4);
+    EXPECT_EQ(set.serial.stopBits, 1);
+    EXPECT_EQ(set.serial.parity, 2);
+    EXPECT_EQ(set.deviceId, 7u);
+}
+
+// Stands for the live view's PTZ panel: the focus search may reach 40 pixels beyond it.
+class VyPtzWidget : public VyWidget {
+    VY_OBJECT(VyPtzWidget, VyWidget)
+public:
+    using VyWidget::VyWidget;
+};
+
+TEST_F(KeyManagerTest, InsideAPtzPanelTheSearchReachesJustBeyondIt) {
+    auto* panel = add(new VyPtzWidget(window), 100, 100, 200, 200);
+    auto* inside = add(new VyPushButton("in", panel), 10, 10);
+    auto* near = add(new VyPushButton("near", window), 320, 100);
+    auto* far = add(new VyPushButton("far", window), 400, 300, 200, 100);
+    keys->setKeyFocusWidget(inside);
+    press(27);
+    EXPECT_EQ(keys->keyFocusWidget(), near);
+    keys->setKeyFocusWidget(inside);
+    press(25); // the far button below lies outside the widened panel: Down wraps to the near one
+    EXPECT_EQ(keys->keyFocusWidget(), near);
+    EXPECT_NE(keys->keyFocusWidget(), far);
+}
+
+TEST_F(KeyManagerTest, AManagerMadeOnDemandHandsItsTargetsToTheNextOne) {
+    keys.reset();
+    VyKeyManager::instance()->setKeyTarget(VyKeyTarget::MainView, &mainView);
+    mainView.window = window;
+    makeManager();
+    EXPECT_EQ(VyKeyManager::instance(), keys.get());
+    press(29);
+    EXPECT_EQ(mainView.actions, Keys{29});
 }

@@ -119,6 +119,8 @@ TEST_F(ListWidget, SingleSelectionFollowsTheKeysAndMultipleSelectionTogglesOnOk)
     for (int i = 0; i < 20; ++i)
         list->addItem(VyString("Camera ") + VyString::number(i + 1));
     list->setFocus();
+    EXPECT_EQ(list->currentRow(), -1);
+    EXPECT_TRUE(key(list, VyKeyEvent::KeyDown)); // the first arrow picks the first row
     EXPECT_EQ(list->currentRow(), 0);
     EXPECT_TRUE(key(list, VyKeyEvent::KeyDown));
     EXPECT_TRUE(key(list, VyKeyEvent::KeyDown));
@@ -258,6 +260,7 @@ TEST_F(TableWidget, KeysAndMouseMoveTheCurrentCellAndSelectRows) {
         table->setColumnWidth(c, 150);
     table->show();
     table->setFocus();
+    key(table, VyKeyEvent::KeyUp);
     EXPECT_EQ(table->currentRow(), 0);
     table->setSelectionBehavior(VyTableWidget::SelectItems);
     EXPECT_TRUE(key(table, VyKeyEvent::KeyRight));
