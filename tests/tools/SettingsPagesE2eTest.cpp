@@ -20,6 +20,7 @@
 #include "protocol/EmailScheduleBlock.h"
 #include "protocol/ExceptionBlock.h"
 #include "protocol/FtpBlock.h"
+#include "protocol/GeneralSettingsBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
@@ -33,8 +34,10 @@
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyProgressBar.h"
@@ -51,6 +54,7 @@
 #include "ui/settings/FTPScheduleFrame.h"
 #include "ui/settings/FtpPage.h"
 #include "ui/settings/FtpSchedulePage.h"
+#include "ui/settings/GeneralPage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionAreaGrid.h"
 #include "ui/settings/MotionPage.h"
@@ -556,6 +560,28 @@ TEST_F(SettingsPagesE2e, ExceptionActionsReachTheRecorder) {
     expected.actions[ExceptionBlock::VideoLoss].alarmOutputs = 1;
     const ExceptionBlock got = stored<ExceptionBlock>(0);
     EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, GeneralSettingsChangeTheLanguageOfTheWholeInterface) {
+    auto* page = openPage<GeneralPage>();
+    VyComboBox* language = page->languageBox();
+    EXPECT_EQ(language->count(), GeneralSettingsBlock::kLanguageCount); // every file is here
+    EXPECT_EQ(language->currentText(), "English");
+    language->setCurrentIndex(language->findData(7)); // Deutsch
+    page->dateFormatBox()->setCurrentIndex(1);
+    click(page->hour12Box(), 2, 2);
+    key(page->menuTimeoutBox(), VyKeyEvent::KeyUp);
+    GeneralSettingsBlock expected = stored<GeneralSettingsBlock>(0);
+    expected.languageIndex = 7;
+    expected.dateFormat = 1;
+    expected.hour12 = 1;
+    expected.menuTimeout = uint8_t(expected.menuTimeout + 1);
+    EXPECT_EQ(page->apply(), 1);
+    // App's "parameter changed" for block 21 switches the interface to German.
+    ASSERT_TRUE(runUntil([&] { return VyTranslation::instance()->language() == 7; }));
+    const GeneralSettingsBlock got = stored<GeneralSettingsBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+    EXPECT_EQ(VyTranslation::tr(TextId::Settings::Apply), "Übernehmen");
 }
 
 } // namespace

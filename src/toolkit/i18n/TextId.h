@@ -162,6 +162,41 @@ constexpr uint32_t RemoteFolder = 105107;     // Remote folder
 constexpr uint32_t DiskFull = 105108;         // Disk full
 constexpr uint32_t DiskError = 105109;        // Disk error
 constexpr uint32_t VideoLoss = 105110;        // Video loss
+constexpr uint32_t DontSave = 105111;         // Don't save
+constexpr uint32_t LanguageName0 = 105200;    // 简体中文
+constexpr uint32_t LanguageName1 = 105201;    // 繁體中文
+constexpr uint32_t LanguageName2 = 105202;    // Čeština
+constexpr uint32_t LanguageName3 = 105203;    // Dansk
+constexpr uint32_t LanguageName4 = 105204;    // English
+constexpr uint32_t LanguageName5 = 105205;    // Suomi
+constexpr uint32_t LanguageName6 = 105206;    // Français
+constexpr uint32_t LanguageName7 = 105207;    // Deutsch
+constexpr uint32_t LanguageName8 = 105208;    // Ελληνικά
+constexpr uint32_t LanguageName9 = 105209;    // עברית
+constexpr uint32_t LanguageName10 = 105210;   // Magyar
+constexpr uint32_t LanguageName11 = 105211;   // Italiano
+constexpr uint32_t LanguageName12 = 105212;   // 日本語
+constexpr uint32_t LanguageName13 = 105213;   // Polski
+constexpr uint32_t LanguageName14 = 105214;   // Português
+constexpr uint32_t LanguageName15 = 105215;   // Русский
+constexpr uint32_t LanguageName16 = 105216;   // Español
+constexpr uint32_t LanguageName17 = 105217;   // ไทย
+constexpr uint32_t LanguageName18 = 105218;   // Slovenščina
+constexpr uint32_t LanguageName19 = 105219;   // Română
+constexpr uint32_t LanguageName20 = 105220;   // Български
+constexpr uint32_t LanguageName21 = 105221;   // العربية
+constexpr uint32_t LanguageName22 = 105222;   // हिन्दी
+constexpr uint32_t LanguageName23 = 105223;   // Tiếng Việt
+constexpr uint32_t LanguageName24 = 105224;   // Nederlands
+constexpr uint32_t LanguageName25 = 105225;   // Türkçe
+constexpr uint32_t LanguageName26 = 105226;   // فارسی
+constexpr uint32_t LanguageName27 = 105227;   // Svenska
+constexpr uint32_t LanguageName28 = 105228;   // 한국어
+constexpr uint32_t LanguageName29 = 105229;   // Bahasa Indonesia
+constexpr uint32_t LanguageName30 = 105230;   // Português (Brasil)
+constexpr uint32_t LanguageName31 = 105231;   // Vlaams
+constexpr uint32_t LanguageName32 = 105232;   // Українська
+constexpr uint32_t LanguageName33 = 105233;   // Slovenčina
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -308,6 +343,41 @@ constexpr uint32_t kAll[] = {
     Settings::DiskFull,
     Settings::DiskError,
     Settings::VideoLoss,
+    Settings::DontSave,
+    Settings::LanguageName0,
+    Settings::LanguageName1,
+    Settings::LanguageName2,
+    Settings::LanguageName3,
+    Settings::LanguageName4,
+    Settings::LanguageName5,
+    Settings::LanguageName6,
+    Settings::LanguageName7,
+    Settings::LanguageName8,
+    Settings::LanguageName9,
+    Settings::LanguageName10,
+    Settings::LanguageName11,
+    Settings::LanguageName12,
+    Settings::LanguageName13,
+    Settings::LanguageName14,
+    Settings::LanguageName15,
+    Settings::LanguageName16,
+    Settings::LanguageName17,
+    Settings::LanguageName18,
+    Settings::LanguageName19,
+    Settings::LanguageName20,
+    Settings::LanguageName21,
+    Settings::LanguageName22,
+    Settings::LanguageName23,
+    Settings::LanguageName24,
+    Settings::LanguageName25,
+    Settings::LanguageName26,
+    Settings::LanguageName27,
+    Settings::LanguageName28,
+    Settings::LanguageName29,
+    Settings::LanguageName30,
+    Settings::LanguageName31,
+    Settings::LanguageName32,
+    Settings::LanguageName33,
 };
 } // namespace TextId
 // clang-format on

@@ -17,6 +17,7 @@
 #include "ui/settings/ExceptionPage.h"
 #include "ui/settings/FtpPage.h"
 #include "ui/settings/FtpSchedulePage.h"
+#include "ui/settings/GeneralPage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
@@ -118,6 +119,7 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
             pages.push_back({TextId::Settings::Storage, &makePage<StoragePage>});
         break;
     case System:
+        pages.push_back({TextId::Settings::General, &makePage<GeneralPage>});
         pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
         break;
     default:
