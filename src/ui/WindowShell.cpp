@@ -10,6 +10,7 @@
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
+#include "ui/settings/SettingsManager.h"
 
 #include <algorithm>
 #include <vector>
@@ -46,7 +47,15 @@ void WindowShell::closeAll() {
     for (auto w = m_open.rbegin(); w != m_open.rend(); ++w)
         delete w->data();
     m_open.clear();
+    m_settings.reset();
     m_mainView.reset();
+}
+
+void WindowShell::openSettings() {
+    if (!m_settings)
+        m_settings = std::make_unique<SettingsManager>();
+    m_settings->openWindow();
+    VY_GUI_LOG("settings window opened\n");
 }
 
 void WindowShell::showMessage(uint32_t textId) {

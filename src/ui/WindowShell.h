@@ -11,6 +11,7 @@
 #include <vector>
 
 class MainViewWindow;
+class SettingsManager;
 class VyWidget;
 
 class WindowShell : public UiShell {
@@ -27,6 +28,9 @@ public:
     // Shortens the dialogs' countdowns by this factor (test runs); 1 on the device.
     void setTimeScale(double scale) { m_timeScale = scale > 0 ? scale : 1.0; }
     MainViewWindow* mainView() const { return m_mainView.get(); }
+    // Opens the settings window (the start menu's entry); the manager lives with the shell.
+    void openSettings();
+    SettingsManager* settings() const { return m_settings.get(); }
     // Dialogs shown and not yet dismissed (they delete themselves when dismissed).
     int openDialogCount() const;
     // Deletes every window still open; start-up calls it after the loop, before the
@@ -38,6 +42,7 @@ private:
     void forgetClosed();
 
     std::unique_ptr<MainViewWindow> m_mainView; // top-level: no parent owns it
+    std::unique_ptr<SettingsManager> m_settings; // made on first use; owns its window
     // The self-deleting dialogs still open: not owned while open, since each deletes
     // itself when dismissed; whatever is left at the end goes with the shell's windows.
     std::vector<VyPointer<VyWidget>> m_open;

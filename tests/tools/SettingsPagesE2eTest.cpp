@@ -13,9 +13,16 @@
 #include "model/UiManager.h"
 #include "model/UiModels.h"
 #include "protocol/AlarmInputBlock.h"
+#include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/DiskGroupBlock.h"
+#include "protocol/EmailBlock.h"
+#include "protocol/EmailScheduleBlock.h"
+#include "protocol/ExceptionBlock.h"
+#include "protocol/FtpBlock.h"
+#include "protocol/GeneralSettingsBlock.h"
 #include "protocol/MainType.h"
+#include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
@@ -27,15 +34,30 @@
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VySlider.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/BitMaskChecks.h"
+#include "ui/settings/CameraPage.h"
+#include "ui/settings/EmailPage.h"
+#include "ui/settings/EmailScheduleFrame.h"
+#include "ui/settings/EmailSchedulePage.h"
+#include "ui/settings/ExceptionPage.h"
+#include "ui/settings/FTPScheduleFrame.h"
+#include "ui/settings/FtpPage.h"
+#include "ui/settings/FtpSchedulePage.h"
+#include "ui/settings/GeneralPage.h"
+#include "ui/settings/ImagePage.h"
+#include "ui/settings/MotionAreaGrid.h"
+#include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/QrCodeView.h"
 #include "ui/settings/RecScheduleFrame.h"
@@ -93,6 +115,7 @@ protected:
         p.enableNormalRecord = p.enableMotionRecord = true;
         p.alarmInputNum = 2;
         p.alarmOutputNum = 1;
+        p.emailTestEnable = p.emailScheduleEnable = p.ftpEnable = true;
         p.audioNum = 1;
         settings = std::make_unique<SettingsManager>();
         window = std::make_unique<VyWidget>();
@@ -121,6 +144,12 @@ protected:
         return done();
     }
     int paramMessages() { return recorder->receivedCount(MainType::Param, ParamSubType::Access); }
+    // The recorder counts a message once its handler is done, after the reply is out; a
+    // round trip of another kind makes sure every earlier parameter message is counted.
+    int settledParamMessages() {
+        ParamAccess::requestPair(0);
+        return paramMessages();
+    }
     template <typename Record>
     Record stored(uint8_t channel) {
         Record r{};
@@ -154,7 +183,7 @@ protected:
         page->setGeometry(0, 0, 1280, 720);
         page->show();
         settings->setCurrentPage(page);
-        beforeOpen = paramMessages();
+        beforeOpen = settledParamMessages();
         page->open();
         return page;
     }
@@ -178,7 +207,7 @@ private:
 TEST_F(SettingsPagesE2e, RecordScheduleEditedWithMouseKeysAndCopyReachesTheRecorder) {
     auto* page = openPage<RecordSchedulePage>();
     // Block 16 of each channel and nothing else.
-    EXPECT_EQ(paramMessages() - beforeOpen, kChannels);
+    EXPECT_EQ(settledParamMessages() - beforeOpen, kChannels);
     EXPECT_EQ(page->blocks().fetchCount(), kChannels);
     ASSERT_EQ(page->typeButton(3), nullptr); // no PIR recording on this model
 
@@ -200,7 +229,7 @@ TEST_F(SettingsPagesE2e, RecordScheduleEditedWithMouseKeysAndCopyReachesTheRecor
     click(page->copyButton(), 2, 2); // this week onto every channel
     EXPECT_TRUE(page->hasUnsavedChanges());
 
-    const int before = paramMessages();
+    const int before = settledParamMessages();
     EXPECT_EQ(page->apply(), kChannels);
     ASSERT_TRUE(runUntil([&] { return paramMessages() >= before + kChannels; }));
     RecordScheduleBlock expected{};
@@ -220,7 +249,7 @@ TEST_F(SettingsPagesE2e, RecordScheduleEditedWithMouseKeysAndCopyReachesTheRecor
 
 TEST_F(SettingsPagesE2e, RecordParametersApplyCancelAndTheRecordersRangeCheck) {
     auto* page = openPage<RecordParamPage>();
-    EXPECT_EQ(paramMessages() - beforeOpen, kChannels);
+    EXPECT_EQ(settledParamMessages() - beforeOpen, kChannels);
     EXPECT_EQ(page->preRecordBox()->value(), 5);
     // Channel 3: pre-record up three steps with the keys, post-record typed, audio on.
     page->channelBox()->setValue(3);
@@ -229,7 +258,7 @@ TEST_F(SettingsPagesE2e, RecordParametersApplyCancelAndTheRecordersRangeCheck) {
     key(page->preRecordBox(), VyKeyEvent::KeyUp);
     page->postRecordBox()->setValue(120);
     click(page->audioBox(), 2, 2);
-    const int before = paramMessages();
+    const int before = settledParamMessages();
     EXPECT_EQ(page->apply(), 1); // one channel changed, one block sent
     ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
     RecordParamBlock expected{};
@@ -272,8 +301,8 @@ TEST_F(SettingsPagesE2e, AChangeMadeElsewhereRefreshesTheOpenPageAndKeepsTheUser
 
 TEST_F(SettingsPagesE2e, AlarmInputActionsReachTheRecorder) {
     auto* page = openPage<AlarmInputPage>();
-    EXPECT_EQ(paramMessages() - beforeOpen, 2); // block 11 of both inputs
-    ASSERT_NE(page->alarmOutputs(), nullptr);   // one relay output in the simulator
+    EXPECT_EQ(settledParamMessages() - beforeOpen, 2); // block 11 of both inputs
+    ASSERT_NE(page->alarmOutputs(), nullptr);          // one relay output in the simulator
     page->inputBox()->setValue(2);
     click(page->enabledBox(), 2, 2);
     click(page->normallyClosedBox(), 2, 2);
@@ -281,7 +310,7 @@ TEST_F(SettingsPagesE2e, AlarmInputActionsReachTheRecorder) {
     click(page->alarmOutputs()->box(0), 2, 2);
     click(page->buzzerBox(), 2, 2); // on by default: now off
     key(page->holdBox(), VyKeyEvent::KeyDown);
-    const int before = paramMessages();
+    const int before = settledParamMessages();
     EXPECT_EQ(page->apply(), 1);
     ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
     AlarmInputBlock expected{};
@@ -298,16 +327,16 @@ TEST_F(SettingsPagesE2e, AlarmInputActionsReachTheRecorder) {
 
 TEST_F(SettingsPagesE2e, StaticAddressesAreCheckedAndReachTheRecorder) {
     auto* page = openPage<NetworkPage>();
-    EXPECT_EQ(paramMessages() - beforeOpen, 1);
+    EXPECT_EQ(settledParamMessages() - beforeOpen, 1);
     EXPECT_EQ(page->addressEdit()->text(), "192.168.1.100");
     click(page->dhcpBox(), 2, 2); // static from now on
     page->addressEdit()->setText("10.0.0.7");
     page->gatewayEdit()->setText("10.0.0.1");
     page->netmaskEdit()->setText("255.0.255.0"); // not contiguous
     key(page->serverPortBox(), VyKeyEvent::KeyUp);
-    const int before = paramMessages();
+    const int before = settledParamMessages();
     EXPECT_EQ(page->apply(), -1);
-    EXPECT_EQ(recorder->receivedCount(MainType::Param, ParamSubType::Access), before);
+    EXPECT_EQ(settledParamMessages(), before);
     page->netmaskEdit()->setText("255.0.0.0");
     EXPECT_EQ(page->apply(), 1);
     ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
@@ -333,7 +362,7 @@ TEST_F(SettingsPagesE2e, RemoteAccessShowsTheDeviceIdAsAQrCodeAndSetsTheSwitch) 
         EXPECT_TRUE(qr->isDark(x, y)) << x << "," << y;
     EXPECT_FALSE(qr->isDark(7, 7)); // the separator around the top-left finder
     click(page->enabledBox(), 2, 2);
-    const int before = paramMessages();
+    const int before = settledParamMessages();
     EXPECT_EQ(page->apply(), 1);
     ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
     EXPECT_EQ(stored<DeviceParamBlock>(0).remoteAccessEnabled, 1u);
@@ -358,13 +387,13 @@ TEST_F(SettingsPagesE2e, FormattingAsksFirstThenFollowsTheRecordersProgress) {
         ++asked;
         return answer;
     });
-    const int before = paramMessages();
+    const int before = settledParamMessages();
     EXPECT_FALSE(page->formatSelected()); // nothing ticked: nothing asked
     click(page->diskRow(1).select, 2, 2);
     click(page->overwriteBox(), 2, 2);    // stop recording when full, sent with the request
     EXPECT_FALSE(page->formatSelected()); // declined
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(paramMessages(), before);
+    EXPECT_EQ(settledParamMessages(), before);
 
     answer = true; // the tick stayed
     click(page->formatButton(), 2, 2);
@@ -383,6 +412,176 @@ TEST_F(SettingsPagesE2e, FormattingAsksFirstThenFollowsTheRecordersProgress) {
     EXPECT_EQ(got.disks[1].freeMB, got.disks[1].capacityMB);
     EXPECT_EQ(got.disks[0].freeMB, got.disks[0].capacityMB / 5 * 2); // not formatted
     EXPECT_FALSE(page->hasUnsavedChanges());
+}
+
+TEST_F(SettingsPagesE2e, CameraNameOsdAndImageReachTheRecorder) {
+    auto* camera = openPage<CameraPage>();
+    EXPECT_EQ(settledParamMessages() - beforeOpen, kChannels);
+    camera->selector()->setValue(2);
+    EXPECT_EQ(camera->nameEdit()->text(), "CH2");
+    camera->nameEdit()->setText("Gate östlich"); // 13 characters, 14 bytes
+    click(camera->showTimeBox(), 2, 2);
+    key(camera->nameXBox(), VyKeyEvent::KeyUp);
+    int before = settledParamMessages();
+    EXPECT_EQ(camera->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    CameraBlock expected = stored<CameraBlock>(0); // channel 1's, for the untouched fields
+    expected.channel = 1;
+    std::memset(expected.name, 0, sizeof expected.name);
+    std::memcpy(expected.name, "Gate \xc3\xb6stlich", 14);
+    expected.showTime = 0;
+    expected.nameX = 6;
+    CameraBlock got = stored<CameraBlock>(1);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+
+    settings->setCurrentPage(nullptr);
+    delete camera;
+    auto* image = openPage<ImagePage>();
+    key(image->slider(0), VyKeyEvent::KeyRight); // brightness of channel 1
+    before = settledParamMessages();
+    EXPECT_EQ(image->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    EXPECT_GT(stored<CameraBlock>(0).brightness, CameraBlock::kDefaultImageValue);
+    EXPECT_EQ(stored<CameraBlock>(0).contrast, CameraBlock::kDefaultImageValue);
+}
+
+TEST_F(SettingsPagesE2e, MotionAreaDrawnOverThePictureReachesTheRecorder) {
+    auto* page = openPage<MotionPage>();
+    MotionAreaGrid* grid = page->grid();
+    // The factory area is the whole picture: a drag from a watched cell clears the top-left
+    // quarter-ish rectangle of 4 x 3 cells.
+    const int cw = grid->width() / MotionBlock::kColumns, ch = grid->height() / MotionBlock::kRows;
+    drag(grid, VyPoint(cw / 2, ch / 2), VyPoint(cw * 3 + cw / 2, ch * 2 + ch / 2));
+    click(page->enabledBox(), 2, 2);
+    key(page->sensitivityBox(), VyKeyEvent::KeyUp);
+    const int before = settledParamMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    const MotionBlock got = stored<MotionBlock>(0);
+    EXPECT_EQ(got.enabled, 1);
+    EXPECT_EQ(got.sensitivity, 5);
+    int cleared = 0;
+    for (int r = 0; r < MotionBlock::kRows; ++r)
+        for (int c = 0; c < MotionBlock::kColumns; ++c) {
+            const bool inside = c < 4 && r < 3;
+            EXPECT_EQ(got.cell(c, r), !inside) << c << "," << r;
+            cleared += !got.cell(c, r);
+        }
+    EXPECT_EQ(cleared, 12);
+}
+
+TEST_F(SettingsPagesE2e, EmailTestAndScheduleReachTheRecorder) {
+    auto* page = openPage<EmailPage>();
+    ASSERT_NE(page->testButton(), nullptr);
+    page->serverEdit()->setText("smtp.example.net");
+    page->receiverEdit()->setText("guard");
+    EXPECT_EQ(page->apply(), -1); // not an address: nothing sent
+    page->receiverEdit()->setText("guard@example.net");
+    click(page->sslBox(), 2, 2);
+    click(page->testButton(), 2, 2);
+    ASSERT_TRUE(
+        runUntil([&] { return page->testResultLabel()->text() == "The test e-mail was sent."; }));
+    EmailBlock expected{};
+    expected.ssl = 1;
+    expected.port = EmailBlock::kDefaultPort;
+    expected.testResult = EmailBlock::TestSent;
+    std::strcpy(expected.server, "smtp.example.net");
+    std::strcpy(expected.receiver, "guard@example.net");
+    const EmailBlock got = stored<EmailBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+    EXPECT_FALSE(page->hasUnsavedChanges());
+
+    settings->setCurrentPage(nullptr);
+    delete page;
+    auto* schedule = openPage<EmailSchedulePage>();
+    ScheduleBoard* board = schedule->frame()->board();
+    click(schedule->typeButton(2), 2, 2); // exception, with the keys: Sunday 00:00-01:30
+    key(board, VyKeyEvent::KeyOk);
+    key(board, VyKeyEvent::KeyRight);
+    key(board, VyKeyEvent::KeyRight);
+    key(board, VyKeyEvent::KeyOk);
+    const int before = settledParamMessages();
+    EXPECT_EQ(schedule->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    EmailScheduleBlock week{};
+    std::memset(week.schedule, ScheduleGrid::kEmailMotion | ScheduleGrid::kEmailAlarm,
+                sizeof week.schedule);
+    for (int c = 0; c < 3; ++c)
+        week.schedule[c] |= ScheduleGrid::kEmailException;
+    const EmailScheduleBlock gotWeek = stored<EmailScheduleBlock>(0);
+    EXPECT_EQ(std::memcmp(&gotWeek, &week, sizeof week), 0);
+}
+
+TEST_F(SettingsPagesE2e, FtpAccountAndUploadScheduleReachTheRecorder) {
+    auto* page = openPage<FtpPage>();
+    click(page->enabledBox(), 2, 2);
+    page->serverEdit()->setText("ftp.example.net");
+    page->folderEdit()->setText("/cams");
+    key(page->portBox(), VyKeyEvent::KeyUp);
+    int before = settledParamMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    FtpBlock expected = stored<FtpBlock>(0);
+    EXPECT_EQ(expected.enabled, 1);
+    EXPECT_EQ(expected.port, 22);
+    EXPECT_STREQ(expected.server, "ftp.example.net");
+    EXPECT_STREQ(expected.folder, "/cams");
+
+    settings->setCurrentPage(nullptr);
+    delete page;
+    auto* schedule = openPage<FtpSchedulePage>();
+    ScheduleBoard* board = schedule->frame()->board();
+    click(schedule->typeButton(4), 2, 2); // intelligent, bit 4, all Saturday by its label
+    const int dayY = schedule->frame()->hourLabelHeight() + int(board->cellHeight() * 6.5f);
+    click(schedule->frame(), 2, dayY);
+    before = settledParamMessages();
+    EXPECT_EQ(schedule->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    for (int c = 0; c < 48; ++c)
+        expected.schedule[6 * 48 + c] |= ScheduleGrid::kFtpIntelligent;
+    const FtpBlock got = stored<FtpBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, ExceptionActionsReachTheRecorder) {
+    auto* page = openPage<ExceptionPage>();
+    ASSERT_NE(page->row(ExceptionBlock::VideoLoss).outputs, nullptr);
+    click(page->row(ExceptionBlock::DiskFull).email, 2, 2);
+    click(page->row(ExceptionBlock::VideoLoss).popup, 2, 2); // on by default: now off
+    click(page->row(ExceptionBlock::VideoLoss).outputs->box(0), 2, 2);
+    const int before = settledParamMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    ExceptionBlock expected{};
+    for (ExceptionBlock::Actions& a : expected.actions)
+        a.buzzer = a.popup = 1;
+    expected.actions[ExceptionBlock::DiskFull].email = 1;
+    expected.actions[ExceptionBlock::VideoLoss].popup = 0;
+    expected.actions[ExceptionBlock::VideoLoss].alarmOutputs = 1;
+    const ExceptionBlock got = stored<ExceptionBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, GeneralSettingsChangeTheLanguageOfTheWholeInterface) {
+    auto* page = openPage<GeneralPage>();
+    VyComboBox* language = page->languageBox();
+    EXPECT_EQ(language->count(), GeneralSettingsBlock::kLanguageCount); // every file is here
+    EXPECT_EQ(language->currentText(), "English");
+    language->setCurrentIndex(language->findData(7)); // Deutsch
+    page->dateFormatBox()->setCurrentIndex(1);
+    click(page->hour12Box(), 2, 2);
+    key(page->menuTimeoutBox(), VyKeyEvent::KeyUp);
+    GeneralSettingsBlock expected = stored<GeneralSettingsBlock>(0);
+    expected.languageIndex = 7;
+    expected.dateFormat = 1;
+    expected.hour12 = 1;
+    expected.menuTimeout = uint8_t(expected.menuTimeout + 1);
+    EXPECT_EQ(page->apply(), 1);
+    // App's "parameter changed" for block 21 switches the interface to German.
+    ASSERT_TRUE(runUntil([&] { return VyTranslation::instance()->language() == 7; }));
+    const GeneralSettingsBlock got = stored<GeneralSettingsBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+    EXPECT_EQ(VyTranslation::tr(TextId::Settings::Apply), "Übernehmen");
 }
 
 } // namespace

@@ -1,14 +1,21 @@
 #include "SimSettingsBlocks.h"
 
 #include "protocol/AlarmInputBlock.h"
+#include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/DiskGroupBlock.h"
+#include "protocol/EmailBlock.h"
+#include "protocol/EmailScheduleBlock.h"
+#include "protocol/ExceptionBlock.h"
+#include "protocol/FtpBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
+#include "protocol/MotionBlock.h"
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 
@@ -37,7 +44,8 @@ namespace SimSettingsBlocks {
 
 bool isPerChannel(uint32_t block) {
     return block == RecordScheduleBlock::kBlockNumber || block == RecordParamBlock::kBlockNumber ||
-           block == AlarmInputBlock::kBlockNumber;
+           block == AlarmInputBlock::kBlockNumber || block == CameraBlock::kBlockNumber ||
+           block == MotionBlock::kBlockNumber;
 }
 
 uint32_t storeKey(uint32_t block, uint8_t channel) {
@@ -89,6 +97,51 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
         b.remotePort = 8800;
         return bytesOf(b);
     }
+    if (block == CameraBlock::kBlockNumber) {
+        CameraBlock b{};
+        b.channel = channel;
+        b.showName = b.showTime = 1;
+        std::snprintf(b.name, sizeof b.name, "CH%d", channel + 1);
+        b.nameX = 5;
+        b.nameY = 90;
+        b.timeX = 60;
+        b.timeY = 5;
+        b.brightness = b.contrast = b.saturation = b.hue = CameraBlock::kDefaultImageValue;
+        return bytesOf(b);
+    }
+    if (block == MotionBlock::kBlockNumber) {
+        MotionBlock b{};
+        b.channel = channel;
+        b.sensitivity = 4;
+        std::memset(b.area, 0xFF, sizeof b.area); // the whole picture
+        b.area[MotionBlock::kAreaBytes - 1] &=
+            uint8_t((1u << (MotionBlock::kColumns * MotionBlock::kRows % 8)) - 1);
+        return bytesOf(b);
+    }
+    if (block == EmailBlock::kBlockNumber) {
+        EmailBlock b{};
+        b.port = EmailBlock::kDefaultPort;
+        return bytesOf(b);
+    }
+    if (block == EmailScheduleBlock::kBlockNumber) {
+        EmailScheduleBlock b{};
+        std::memset(b.schedule, ScheduleGrid::kEmailMotion | ScheduleGrid::kEmailAlarm,
+                    sizeof b.schedule);
+        return bytesOf(b);
+    }
+    if (block == FtpBlock::kBlockNumber) {
+        FtpBlock b{};
+        b.port = FtpBlock::kDefaultPort;
+        std::snprintf(b.folder, sizeof b.folder, "/recorder");
+        std::memset(b.schedule, ScheduleGrid::kFtpAlarm, sizeof b.schedule);
+        return bytesOf(b);
+    }
+    if (block == ExceptionBlock::kBlockNumber) {
+        ExceptionBlock b{};
+        for (ExceptionBlock::Actions& a : b.actions)
+            a.buzzer = a.popup = 1;
+        return bytesOf(b);
+    }
     if (block == DiskGroupBlock::kBlockNumber) {
         DiskGroupBlock b{};
         b.diskCount = uint8_t(std::min<int>(config.disks, DiskGroupBlock::kMaxDisks));
@@ -109,6 +162,17 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
 
 std::vector<uint8_t> accept(uint32_t block, const uint8_t* record, uint32_t size,
                             const std::vector<uint8_t>& stored) {
+    if (block == EmailBlock::kBlockNumber && size == sizeof(EmailBlock)) {
+        EmailBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.testRequest) {
+            // The simulated mail goes out when there is a server and an address to send to.
+            const bool sendable = b.server[0] != 0 && std::strchr(b.receiver, '@') != nullptr;
+            b.testResult = sendable ? EmailBlock::TestSent : EmailBlock::TestFailed;
+            b.testRequest = 0;
+        }
+        return bytesOf(b);
+    }
     if (block != DiskGroupBlock::kBlockNumber || stored.size() != sizeof(DiskGroupBlock) ||
         size != sizeof(DiskGroupBlock))
         return std::vector<uint8_t>(record, record + size);
@@ -222,6 +286,95 @@ std::string check(uint32_t block, const uint8_t* record, uint32_t size,
                 return outOfRange("port", port, NetworkBlock::kFirstUserPort, 65535);
         if (b.httpPort == b.serverPort)
             return "httpPort and serverPort are the same";
+        return {};
+    }
+    if (block == CameraBlock::kBlockNumber) {
+        if (size != sizeof(CameraBlock))
+            return "size " + std::to_string(size);
+        CameraBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.channel >= config.channels)
+            return outOfRange("channel", b.channel, 0, config.channels - 1);
+        if (b.showName > 1 || b.showTime > 1)
+            return "showName or showTime above 1";
+        if (std::memchr(b.name, 0, sizeof b.name) == nullptr)
+            return "name without its terminating NUL";
+        for (uint16_t v : {b.nameX, b.nameY, b.timeX, b.timeY})
+            if (v > CameraBlock::kMaxPosition)
+                return outOfRange("position", v, 0, CameraBlock::kMaxPosition);
+        return {};
+    }
+    if (block == MotionBlock::kBlockNumber) {
+        if (size != sizeof(MotionBlock))
+            return "size " + std::to_string(size);
+        MotionBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.channel >= config.channels)
+            return outOfRange("channel", b.channel, 0, config.channels - 1);
+        if (b.enabled > 1)
+            return outOfRange("enabled", b.enabled, 0, 1);
+        if (b.sensitivity < MotionBlock::kMinSensitivity ||
+            b.sensitivity > MotionBlock::kMaxSensitivity)
+            return outOfRange("sensitivity", b.sensitivity, MotionBlock::kMinSensitivity,
+                              MotionBlock::kMaxSensitivity);
+        return {};
+    }
+    if (block == EmailBlock::kBlockNumber) {
+        if (size != sizeof(EmailBlock))
+            return "size " + std::to_string(size);
+        EmailBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.enabled > 1 || b.ssl > 1 || b.testRequest > 1)
+            return "a switch above 1";
+        if (b.port == 0)
+            return outOfRange("port", 0, 1, 65535);
+        for (const char* text : {b.server, b.sender, b.receiver})
+            if (std::memchr(text, 0, 64) == nullptr)
+                return "a text without its terminating NUL";
+        if (std::memchr(b.user, 0, sizeof b.user) == nullptr ||
+            std::memchr(b.password, 0, sizeof b.password) == nullptr)
+            return "a text without its terminating NUL";
+        return {};
+    }
+    if (block == EmailScheduleBlock::kBlockNumber) {
+        if (size != sizeof(EmailScheduleBlock))
+            return "size " + std::to_string(size);
+        for (int i = 0; i < ScheduleGrid::kBytes; ++i)
+            if (record[offsetof(EmailScheduleBlock, schedule) + size_t(i)] > 0x1F)
+                return "schedule cell above 0x1f";
+        return {};
+    }
+    if (block == FtpBlock::kBlockNumber) {
+        if (size != sizeof(FtpBlock))
+            return "size " + std::to_string(size);
+        FtpBlock b;
+        std::memcpy(&b, record, sizeof b);
+        if (b.enabled > 1)
+            return outOfRange("enabled", b.enabled, 0, 1);
+        if (b.port == 0)
+            return outOfRange("port", 0, 1, 65535);
+        if (std::memchr(b.server, 0, sizeof b.server) == nullptr ||
+            std::memchr(b.user, 0, sizeof b.user) == nullptr ||
+            std::memchr(b.password, 0, sizeof b.password) == nullptr ||
+            std::memchr(b.folder, 0, sizeof b.folder) == nullptr)
+            return "a text without its terminating NUL";
+        for (uint8_t cell : b.schedule)
+            if (cell > 0x1F)
+                return outOfRange("schedule cell", cell, 0, 0x1F);
+        return {};
+    }
+    if (block == ExceptionBlock::kBlockNumber) {
+        if (size != sizeof(ExceptionBlock))
+            return "size " + std::to_string(size);
+        ExceptionBlock b;
+        std::memcpy(&b, record, sizeof b);
+        for (const ExceptionBlock::Actions& a : b.actions) {
+            if (a.buzzer > 1 || a.popup > 1 || a.email > 1)
+                return "an action switch above 1";
+            if (config.alarmOutputs < 8 && (a.alarmOutputs >> config.alarmOutputs) != 0)
+                return outOfRange("alarmOutputs", a.alarmOutputs, 0,
+                                  (1L << config.alarmOutputs) - 1);
+        }
         return {};
     }
     if (block == DiskGroupBlock::kBlockNumber) {

@@ -129,6 +129,74 @@ constexpr uint32_t HealthWarning = 105074;    // Warning
 constexpr uint32_t HealthFailing = 105075;    // Failing
 constexpr uint32_t CapacityFree = 105076;     // %1 GB, %2 GB free
 constexpr uint32_t NoDisk = 105077;           // No disk
+constexpr uint32_t ChannelName = 105078;      // Channel name
+constexpr uint32_t ShowName = 105079;         // Show name
+constexpr uint32_t NameX = 105080;            // Name position X (%)
+constexpr uint32_t NameY = 105081;            // Name position Y (%)
+constexpr uint32_t ShowTime = 105082;         // Show time
+constexpr uint32_t TimeX = 105083;            // Time position X (%)
+constexpr uint32_t TimeY = 105084;            // Time position Y (%)
+constexpr uint32_t Image = 105085;            // Image
+constexpr uint32_t Brightness = 105086;       // Brightness
+constexpr uint32_t Contrast = 105087;         // Contrast
+constexpr uint32_t Saturation = 105088;       // Saturation
+constexpr uint32_t Hue = 105089;              // Hue
+constexpr uint32_t Sensitivity = 105090;      // Sensitivity
+constexpr uint32_t SmtpServer = 105091;       // SMTP server
+constexpr uint32_t Port = 105092;             // Port
+constexpr uint32_t Ssl = 105093;              // SSL/TLS
+constexpr uint32_t Sender = 105094;           // Sender
+constexpr uint32_t Receiver = 105095;         // Receiver
+constexpr uint32_t UserName = 105096;         // User name
+constexpr uint32_t Password = 105097;         // Password
+constexpr uint32_t Test = 105098;             // Send test e-mail
+constexpr uint32_t TestSent = 105099;         // The test e-mail was sent.
+constexpr uint32_t TestFailed = 105100;       // The test e-mail could not be sent.
+constexpr uint32_t EmailSchedule = 105101;    // E-mail schedule
+constexpr uint32_t TypeException = 105102;    // Exception
+constexpr uint32_t TypeIntelligent = 105103;  // Intelligent
+constexpr uint32_t Ftp = 105104;              // FTP
+constexpr uint32_t FtpSchedule = 105105;      // FTP schedule
+constexpr uint32_t Server = 105106;           // Server
+constexpr uint32_t RemoteFolder = 105107;     // Remote folder
+constexpr uint32_t DiskFull = 105108;         // Disk full
+constexpr uint32_t DiskError = 105109;        // Disk error
+constexpr uint32_t VideoLoss = 105110;        // Video loss
+constexpr uint32_t DontSave = 105111;         // Don't save
+constexpr uint32_t LanguageName0 = 105200;    // 简体中文
+constexpr uint32_t LanguageName1 = 105201;    // 繁體中文
+constexpr uint32_t LanguageName2 = 105202;    // Čeština
+constexpr uint32_t LanguageName3 = 105203;    // Dansk
+constexpr uint32_t LanguageName4 = 105204;    // English
+constexpr uint32_t LanguageName5 = 105205;    // Suomi
+constexpr uint32_t LanguageName6 = 105206;    // Français
+constexpr uint32_t LanguageName7 = 105207;    // Deutsch
+constexpr uint32_t LanguageName8 = 105208;    // Ελληνικά
+constexpr uint32_t LanguageName9 = 105209;    // עברית
+constexpr uint32_t LanguageName10 = 105210;   // Magyar
+constexpr uint32_t LanguageName11 = 105211;   // Italiano
+constexpr uint32_t LanguageName12 = 105212;   // 日本語
+constexpr uint32_t LanguageName13 = 105213;   // Polski
+constexpr uint32_t LanguageName14 = 105214;   // Português
+constexpr uint32_t LanguageName15 = 105215;   // Русский
+constexpr uint32_t LanguageName16 = 105216;   // Español
+constexpr uint32_t LanguageName17 = 105217;   // ไทย
+constexpr uint32_t LanguageName18 = 105218;   // Slovenščina
+constexpr uint32_t LanguageName19 = 105219;   // Română
+constexpr uint32_t LanguageName20 = 105220;   // Български
+constexpr uint32_t LanguageName21 = 105221;   // العربية
+constexpr uint32_t LanguageName22 = 105222;   // हिन्दी
+constexpr uint32_t LanguageName23 = 105223;   // Tiếng Việt
+constexpr uint32_t LanguageName24 = 105224;   // Nederlands
+constexpr uint32_t LanguageName25 = 105225;   // Türkçe
+constexpr uint32_t LanguageName26 = 105226;   // فارسی
+constexpr uint32_t LanguageName27 = 105227;   // Svenska
+constexpr uint32_t LanguageName28 = 105228;   // 한국어
+constexpr uint32_t LanguageName29 = 105229;   // Bahasa Indonesia
+constexpr uint32_t LanguageName30 = 105230;   // Português (Brasil)
+constexpr uint32_t LanguageName31 = 105231;   // Vlaams
+constexpr uint32_t LanguageName32 = 105232;   // Українська
+constexpr uint32_t LanguageName33 = 105233;   // Slovenčina
 } // namespace Settings
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -242,6 +310,74 @@ constexpr uint32_t kAll[] = {
     Settings::HealthFailing,
     Settings::CapacityFree,
     Settings::NoDisk,
+    Settings::ChannelName,
+    Settings::ShowName,
+    Settings::NameX,
+    Settings::NameY,
+    Settings::ShowTime,
+    Settings::TimeX,
+    Settings::TimeY,
+    Settings::Image,
+    Settings::Brightness,
+    Settings::Contrast,
+    Settings::Saturation,
+    Settings::Hue,
+    Settings::Sensitivity,
+    Settings::SmtpServer,
+    Settings::Port,
+    Settings::Ssl,
+    Settings::Sender,
+    Settings::Receiver,
+    Settings::UserName,
+    Settings::Password,
+    Settings::Test,
+    Settings::TestSent,
+    Settings::TestFailed,
+    Settings::EmailSchedule,
+    Settings::TypeException,
+    Settings::TypeIntelligent,
+    Settings::Ftp,
+    Settings::FtpSchedule,
+    Settings::Server,
+    Settings::RemoteFolder,
+    Settings::DiskFull,
+    Settings::DiskError,
+    Settings::VideoLoss,
+    Settings::DontSave,
+    Settings::LanguageName0,
+    Settings::LanguageName1,
+    Settings::LanguageName2,
+    Settings::LanguageName3,
+    Settings::LanguageName4,
+    Settings::LanguageName5,
+    Settings::LanguageName6,
+    Settings::LanguageName7,
+    Settings::LanguageName8,
+    Settings::LanguageName9,
+    Settings::LanguageName10,
+    Settings::LanguageName11,
+    Settings::LanguageName12,
+    Settings::LanguageName13,
+    Settings::LanguageName14,
+    Settings::LanguageName15,
+    Settings::LanguageName16,
+    Settings::LanguageName17,
+    Settings::LanguageName18,
+    Settings::LanguageName19,
+    Settings::LanguageName20,
+    Settings::LanguageName21,
+    Settings::LanguageName22,
+    Settings::LanguageName23,
+    Settings::LanguageName24,
+    Settings::LanguageName25,
+    Settings::LanguageName26,
+    Settings::LanguageName27,
+    Settings::LanguageName28,
+    Settings::LanguageName29,
+    Settings::LanguageName30,
+    Settings::LanguageName31,
+    Settings::LanguageName32,
+    Settings::LanguageName33,
 };
 } // namespace TextId
 // clang-format on

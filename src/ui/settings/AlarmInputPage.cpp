@@ -15,16 +15,10 @@ constexpr uint16_t kDefaultHoldSec = 10;
 } // namespace
 
 AlarmInputPage::AlarmInputPage(VyWidget* parent)
-    : SettingsPage(TextId::Settings::AlarmInput, parent) {
+    : ChannelPage(TextId::Settings::AlarmInput, TextId::Settings::AlarmInput,
+                  AlarmInputBlock::kBlockNumber, AlarmInputBlock::kSize,
+                  DeviceProfile::current().alarmInputNum, parent) {
     const DeviceProfile& profile = DeviceProfile::current();
-    const int inputs = profile.alarmInputNum > 0 ? profile.alarmInputNum : 1;
-    for (int i = 0; i < inputs; ++i)
-        m_slots.push_back(blocks().declare<AlarmInputBlock>(uint8_t(i)));
-
-    m_input = new VySpinBox(this);
-    m_input->setRange(1, inputs);
-    addRow(TextId::Settings::AlarmInput, m_input);
-    VyObject::connect(m_input, &m_input->valueChanged, this, VY_SLOT(AlarmInputPage, inputChosen));
     auto check = [&](uint32_t textId) {
         auto* b = new VyCheckBox(this);
         addRow(textId, b);
@@ -55,9 +49,8 @@ AlarmInputPage::AlarmInputPage(VyWidget* parent)
     watch(m_hold, &m_hold->valueChanged);
 }
 
-void AlarmInputPage::showValues() {
-    m_shown = clampForDisplay(m_input->value() - 1, 0, int(m_slots.size()) - 1, "alarm input");
-    const auto& b = blocks().editAs<AlarmInputBlock>(m_slots[size_t(m_shown)]);
+void AlarmInputPage::showItem(int index) {
+    const auto& b = item<AlarmInputBlock>(index);
     m_enabled->setChecked(b.enabled != 0);
     m_normallyClosed->setChecked(b.normallyClosed != 0);
     m_buzzer->setChecked(b.buzzer != 0);
@@ -70,11 +63,9 @@ void AlarmInputPage::showValues() {
     showSpin(m_hold, clampForDisplay(b.holdSec, 0, AlarmInputBlock::kMaxHoldSec, "hold time"));
 }
 
-void AlarmInputPage::collectValues() {
-    if (!isOpened())
-        return;
-    auto& b = blocks().editAs<AlarmInputBlock>(m_slots[size_t(m_shown)]);
-    const auto& saved = blocks().savedAs<AlarmInputBlock>(m_slots[size_t(m_shown)]);
+void AlarmInputPage::collectItem(int index) {
+    auto& b = item<AlarmInputBlock>(index);
+    const auto& saved = savedItem<AlarmInputBlock>(index);
     auto flag = [](VyCheckBox* box) { return uint8_t(box->isChecked() ? 1 : 0); };
     b.enabled = flag(m_enabled);
     b.normallyClosed = flag(m_normallyClosed);
@@ -94,24 +85,11 @@ void AlarmInputPage::collectValues() {
         uint16_t(fromControl(saved.holdSec, 0, AlarmInputBlock::kMaxHoldSec, m_hold->value()));
 }
 
-void AlarmInputPage::beforeWrite() {
-    for (size_t i = 0; i < m_slots.size(); ++i)
-        if (blocks().isModified(m_slots[i]))
-            blocks().editAs<AlarmInputBlock>(m_slots[i]).input = uint8_t(i);
-}
-
-void AlarmInputPage::inputChosen() {
-    if (!isOpened())
-        return;
-    collectValues();
-    showValues();
-}
-
 void AlarmInputPage::restoreDefaults() {
     if (!isOpened())
         return;
-    for (int slot : m_slots) {
-        auto& b = blocks().editAs<AlarmInputBlock>(slot);
+    for (int i = 0; i < itemCount(); ++i) {
+        auto& b = item<AlarmInputBlock>(i);
         b.enabled = 0;
         b.normallyClosed = 0;
         b.buzzer = 1;

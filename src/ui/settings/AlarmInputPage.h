@@ -3,20 +3,18 @@
 // does: buzzer, pop-up, e-mail, recording channels, PTZ preset, relay outputs
 // (AlarmOutputNum; the row is left out without outputs) and how long it lasts. Holds
 // block 11 once per input.
-#include "ui/settings/SettingsPage.h"
-
-#include <vector>
+#include "ui/settings/ChannelPage.h"
 
 class BitMaskChecks;
 class VyCheckBox;
 class VySpinBox;
 
-class AlarmInputPage : public SettingsPage {
-    VY_OBJECT(AlarmInputPage, SettingsPage)
+class AlarmInputPage : public ChannelPage {
+    VY_OBJECT(AlarmInputPage, ChannelPage)
 public:
     explicit AlarmInputPage(VyWidget* parent = nullptr);
 
-    VySpinBox* inputBox() const { return m_input; }
+    VySpinBox* inputBox() const { return selector(); }
     VyCheckBox* enabledBox() const { return m_enabled; }
     VyCheckBox* normallyClosedBox() const { return m_normallyClosed; }
     VyCheckBox* buzzerBox() const { return m_buzzer; }
@@ -31,16 +29,10 @@ public:
     void restoreDefaults() override;
 
 protected:
-    void showValues() override;
-    void collectValues() override;
-    void beforeWrite() override;
+    void showItem(int index) override;
+    void collectItem(int index) override;
 
 private:
-    void inputChosen();
-
-    std::vector<int> m_slots; // block slot per input
-    int m_shown = 0;
-    VySpinBox* m_input;
     VyCheckBox* m_enabled;
     VyCheckBox* m_normallyClosed;
     VyCheckBox* m_buzzer;

@@ -4,18 +4,6 @@
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/widgets/VyLabel.h"
 
-#include <cstring>
-
-namespace {
-
-// A text field of the record, never read past its end.
-template <size_t N>
-VyString fieldText(const char (&field)[N]) {
-    return VyString(std::string(field, strnlen(field, N)));
-}
-
-} // namespace
-
 DeviceInfoPage::DeviceInfoPage(VyWidget* parent)
     : SettingsPage(TextId::Settings::DeviceInfo, parent) {
     auto row = [&](uint32_t textId) {
@@ -34,10 +22,10 @@ DeviceInfoPage::DeviceInfoPage(VyWidget* parent)
 
 void DeviceInfoPage::showValues() {
     const SystemInfoRecord& r = SystemInfo::record();
-    m_model->setText(fieldText(r.modelName));
-    m_serial->setText(fieldText(r.serialNumber));
-    m_software->setText(fieldText(r.softwareVersion));
-    m_hardware->setText(fieldText(r.hardwareVersion));
+    m_model->setText(fieldText(r.modelName, sizeof r.modelName));
+    m_serial->setText(fieldText(r.serialNumber, sizeof r.serialNumber));
+    m_software->setText(fieldText(r.softwareVersion, sizeof r.softwareVersion));
+    m_hardware->setText(fieldText(r.hardwareVersion, sizeof r.hardwareVersion));
     // Channels as total (analogue + network).
     m_channels->setText(VyString::number(int(r.channelCount)) + " (" +
                         VyString::number(int(r.analogChannelCount)) + " + " +

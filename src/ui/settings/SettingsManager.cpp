@@ -10,7 +10,16 @@
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/CameraPage.h"
 #include "ui/settings/DeviceInfoPage.h"
+#include "ui/settings/EmailPage.h"
+#include "ui/settings/EmailSchedulePage.h"
+#include "ui/settings/ExceptionPage.h"
+#include "ui/settings/FtpPage.h"
+#include "ui/settings/FtpSchedulePage.h"
+#include "ui/settings/GeneralPage.h"
+#include "ui/settings/ImagePage.h"
+#include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
@@ -76,6 +85,13 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
                                                                  const DeviceProfile& profile) {
     std::vector<PageEntry> pages;
     switch (category) {
+    case Camera:
+        if (profile.channelCount > 0) {
+            pages.push_back({TextId::Settings::Camera, &makePage<CameraPage>});
+            pages.push_back({TextId::Settings::Image, &makePage<ImagePage>});
+            pages.push_back({TextId::Settings::TypeMotion, &makePage<MotionPage>});
+        }
+        break;
     case Record:
         if (profile.enableNormalRecord || profile.enableMotionRecord || profile.enablePirRecord ||
             profile.alarmInputNum > 0)
@@ -85,16 +101,25 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case Alarm:
         if (profile.alarmInputNum > 0)
             pages.push_back({TextId::Settings::AlarmInput, &makePage<AlarmInputPage>});
+        pages.push_back({TextId::Settings::TypeException, &makePage<ExceptionPage>});
+        pages.push_back({TextId::Settings::Email, &makePage<EmailPage>});
+        if (profile.emailScheduleEnable)
+            pages.push_back({TextId::Settings::EmailSchedule, &makePage<EmailSchedulePage>});
         break;
     case Network:
         pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
         pages.push_back({TextId::Settings::RemoteAccess, &makePage<RemoteAccessPage>});
+        if (profile.ftpEnable) {
+            pages.push_back({TextId::Settings::Ftp, &makePage<FtpPage>});
+            pages.push_back({TextId::Settings::FtpSchedule, &makePage<FtpSchedulePage>});
+        }
         break;
     case Storage:
         if (profile.maxDiskNum > 0)
             pages.push_back({TextId::Settings::Storage, &makePage<StoragePage>});
         break;
     case System:
+        pages.push_back({TextId::Settings::General, &makePage<GeneralPage>});
         pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
         break;
     default:

@@ -6,6 +6,9 @@
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/UiLook.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 constexpr int kMarginDesign = 24; // pixels at 1920x1080
@@ -78,6 +81,22 @@ int SettingsPage::fromControl(int saved, int lo, int hi, int control) {
     const bool outside = saved < lo || saved > hi;
     const int shown = saved < lo ? lo : (saved > hi ? hi : saved);
     return outside && control == shown ? saved : control;
+}
+
+VyString SettingsPage::fieldText(const char* field, size_t size) {
+    return VyString(std::string(field, strnlen(field, size)));
+}
+
+void SettingsPage::storeText(char* field, size_t size, const VyString& text) {
+    if (size == 0)
+        return;
+    const std::string& s = text.toStdString();
+    size_t n = std::min(s.size(), size - 1);
+    // Never end inside a UTF-8 sequence: step back over continuation bytes.
+    while (n > 0 && n < s.size() && (uint8_t(s[n]) & 0xC0) == 0x80)
+        --n;
+    std::memset(field, 0, size);
+    std::memcpy(field, s.data(), n);
 }
 
 void SettingsPage::showSpin(VySpinBox* box, int value) {

@@ -48,6 +48,11 @@ public:
     // control still shows it clamped (the user left it alone), else the control's.
     static int fromControl(int saved, int lo, int hi, int control);
 
+    // A text field of a record: read never past its end, written cut at a character
+    // boundary and NUL-terminated within `size` bytes.
+    static VyString fieldText(const char* field, size_t size);
+    static void storeText(char* field, size_t size, const VyString& text);
+
     // Emitted when the user changes a control (the window enables Apply on it).
     VySignal edited;
 

@@ -9,8 +9,9 @@
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyMessageBox.h"
 #include "toolkit/widgets/VyPushButton.h"
-#include "ui/MessageBox.h"
+#include "toolkit/widgets/VyTabBar.h"
 #include "ui/UiLook.h"
 #include "ui/settings/SettingsPage.h"
 #include "ui/settings/SettingsTile.h"
@@ -32,7 +33,8 @@ constexpr int kTileColumns = 3;
 
 SettingsWindow::SettingsWindow(SettingsManager* manager)
     : CWidget(nullptr, Window)
-    , m_manager(manager) {
+    , m_manager(manager)
+    , m_ask(&SettingsWindow::askWithMessageBox) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     auto colour = [&](const char* key) { return ini.color(VyString(key)).argb(); };
     m_background = colour("SettingsWindow/Background");
@@ -43,6 +45,8 @@ SettingsWindow::SettingsWindow(SettingsManager* manager)
     m_title = new VyLabel(this);
     m_title->setTextId(TextId::Settings::Title);
     m_title->show();
+    m_tabs = new VyTabBar(this);
+    VyObject::connect(m_tabs, &m_tabs->currentChanged, this, VY_SLOT(SettingsWindow, tabChosen));
     const DeviceProfile& profile = DeviceProfile::current();
     for (int c = 0; c < SettingsManager::CategoryCount; ++c) {
         if (SettingsManager::pagesOf(c, profile).empty())
@@ -79,6 +83,7 @@ void SettingsWindow::showHome(bool home) {
         t->setVisible(home);
     for (VyPushButton* b : {m_default, m_apply, m_save, m_cancel})
         b->setVisible(!home);
+    m_tabs->setVisible(!home);
     m_title->setTextId(home ? TextId::Settings::Title : SettingsManager::categoryTitle(m_category));
     if (home && !m_tiles.empty())
         m_tiles.front()->setFocus();
@@ -103,6 +108,7 @@ bool SettingsWindow::openCategory(int category) {
     m_entries = entries;
     m_pageIndex = -1;
     showHome(false);
+    pagesChanged();
     return showPage(0);
 }
 
@@ -150,7 +156,7 @@ bool SettingsWindow::showPage(int index) {
     m_page.reset(p);
     m_pageIndex = index;
     m_manager->setCurrentPage(p);
-    pagesChanged();
+    syncTab();
     m_opening = true;
     m_abandoned = false;
     p->open(); // runs the event loop until App answers
@@ -184,7 +190,7 @@ bool SettingsWindow::apply() {
         return true;
     if (m_page->apply() >= 0)
         return true;
-    MessageBox::information(TextId::Settings::InvalidValue);
+    VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
     return false;
 }
 
@@ -202,6 +208,42 @@ void SettingsWindow::cancelEdits() {
 void SettingsWindow::restoreDefaults() {
     if (m_page)
         m_page->restoreDefaults();
+}
+
+SettingsWindow::UnsavedAnswer SettingsWindow::askWithMessageBox() {
+    VyMessageBox box(VyMessageBox::Question, VyString(), VyMessageBox::NoButton);
+    box.setTextId(TextId::Settings::UnsavedQuestion);
+    box.addButton(TextId::Settings::Save, SaveChanges);
+    box.addButton(TextId::Settings::DontSave, DiscardChanges);
+    box.addButton(TextId::Settings::Cancel, StayOnPage);
+    box.setEscapeResult(StayOnPage);
+    return UnsavedAnswer(box.exec());
+}
+
+void SettingsWindow::pagesChanged() {
+    // The tabs of the open category, without handing the rebuild back to tabChosen.
+    VyObject::disconnect(m_tabs, &m_tabs->currentChanged, this, VY_SLOT(SettingsWindow, tabChosen));
+    while (m_tabs->count() > 0)
+        m_tabs->removeTab(m_tabs->count() - 1);
+    for (const SettingsManager::PageEntry& e : m_entries)
+        m_tabs->addTab(VyTranslation::tr(e.titleId));
+    if (m_pageIndex >= 0)
+        m_tabs->setCurrentIndex(m_pageIndex);
+    VyObject::connect(m_tabs, &m_tabs->currentChanged, this, VY_SLOT(SettingsWindow, tabChosen));
+}
+
+void SettingsWindow::syncTab() {
+    if (m_pageIndex < 0 || m_tabs->currentIndex() == m_pageIndex)
+        return;
+    VyObject::disconnect(m_tabs, &m_tabs->currentChanged, this, VY_SLOT(SettingsWindow, tabChosen));
+    m_tabs->setCurrentIndex(m_pageIndex);
+    VyObject::connect(m_tabs, &m_tabs->currentChanged, this, VY_SLOT(SettingsWindow, tabChosen));
+}
+
+void SettingsWindow::tabChosen() {
+    const int wanted = m_tabs->currentIndex();
+    if (wanted != m_pageIndex && !showPage(wanted))
+        syncTab(); // stayed: the tab goes back to the page on screen
 }
 
 void SettingsWindow::closeEvent(VyCloseEvent*) {
@@ -241,6 +283,10 @@ void SettingsWindow::resizeEvent(VyResizeEvent*) {
 }
 
 void SettingsWindow::layoutButtons() {
+    const int titleBottom = UiLook::scaledY(kTitleHeightDesign);
+    m_tabs->setGeometry(UiLook::scaledX(kGapDesign), titleBottom + 1,
+                        width() - 2 * UiLook::scaledX(kGapDesign),
+                        UiLook::scaledY(kTabHeightDesign) - 1);
     const int bw = UiLook::scaledX(kButtonWidthDesign), bh = UiLook::scaledY(kButtonHeightDesign);
     const int gap = UiLook::scaledX(kGapDesign);
     const int row = UiLook::scaledY(kButtonRowDesign);

@@ -19,6 +19,7 @@ class SettingsPage;
 class SettingsTile;
 class VyLabel;
 class VyPushButton;
+class VyTabBar;
 
 class SettingsWindow : public CWidget {
     VY_OBJECT(SettingsWindow, CWidget)
@@ -52,6 +53,7 @@ public:
     VyPushButton* saveButton() const { return m_save; }
     VyPushButton* cancelButton() const { return m_cancel; }
     VyPushButton* defaultButton() const { return m_default; }
+    VyTabBar* tabBar() const { return m_tabs; }
 
     // False (and a message) when the page holds a value that cannot be sent.
     bool apply();
@@ -65,14 +67,18 @@ protected:
     void keyPressEvent(VyKeyEvent* e) override;
     void closeEvent(VyCloseEvent* e) override;
 
-    // Where the page of a category goes; the tab strip lies above it.
+    // Where the page of a category goes; the tab bar lies above it.
     VyRect pageArea() const;
-    // Called when the category or page changes, for the page list above the page.
-    virtual void pagesChanged() {}
 
 private:
     void tileClicked(VyObject* sender);
     void applyClicked() { apply(); }
+    void tabChosen();
+    void pagesChanged();
+    void syncTab();
+    // The question asked when no other was set: a message box with Save, Don't save and
+    // Cancel.
+    static UnsavedAnswer askWithMessageBox();
     bool confirmLeavingPage();
     void dropPage();
     void showHome(bool home);
@@ -82,6 +88,7 @@ private:
     UnsavedQuestion m_ask;
     std::vector<SettingsTile*> m_tiles; // children
     VyLabel* m_title;
+    VyTabBar* m_tabs;
     VyPushButton* m_default;
     VyPushButton* m_apply;
     VyPushButton* m_save;

@@ -6,6 +6,7 @@
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyMessageBox.h"
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
@@ -37,6 +38,10 @@ StoragePage::StoragePage(VyWidget* parent)
     m_overwrite = new VyCheckBox(this);
     addRow(TextId::Settings::Overwrite, m_overwrite);
     watch(m_overwrite, &m_overwrite->toggled);
+    m_confirm = [] {
+        return VyMessageBox::question(VyTranslation::tr(TextId::Settings::FormatQuestion)) ==
+               VyMessageBox::Yes;
+    };
     m_format = new VyPushButton(VyTranslation::tr(TextId::Settings::Format), this);
     m_format->show();
     VyObject::connect(m_format, &m_format->clicked, this, VY_SLOT(StoragePage, formatClicked));

@@ -5,7 +5,9 @@
 #include "model/DeviceProfile.h"
 #include "model/RecorderLink.h"
 #include "protocol/ParamRequest.h"
+#include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/SettingsManager.h"
@@ -14,6 +16,7 @@
 #include "ui/settings/SettingsUiTestApp.h"
 
 #include <functional>
+#include <map>
 #include <set>
 
 namespace {
@@ -29,8 +32,11 @@ public:
     void request(uint16_t, uint16_t, const void* body, uint32_t len,
                  std::vector<uint8_t>& reply) override {
         reply.clear();
-        if (auto r = ParamRequest::decode(static_cast<const uint8_t*>(body), len))
+        if (auto r = ParamRequest::decode(static_cast<const uint8_t*>(body), len)) {
             gets.push_back(r->blockNumber);
+            if (replies.count(r->blockNumber))
+                reply = replies[r->blockNumber];
+        }
         if (whileWaiting)
             whileWaiting(); // what happens in the nested loop while App is silent
     }
@@ -38,6 +44,7 @@ public:
     void setEventReceiver(VyObject*) override {}
 
     std::vector<uint32_t> gets, sets;
+    std::map<uint32_t, std::vector<uint8_t>> replies; // by block; zeros otherwise
     std::function<void()> whileWaiting;
 };
 
@@ -123,18 +130,54 @@ TEST_F(SettingsWindowTest, EscapeLeavesAPageWhoseBlocksAppHasNotAnswered) {
     EXPECT_EQ(manager->window(), nullptr);
 }
 
+TEST_F(SettingsWindowTest, ValuesOutOfRangeAreShownClampedAndNotWrittenBackUntouched) {
+    RecordParamBlock garbage{};
+    garbage.preRecordSec = 999;
+    garbage.postRecordSec = 1; // below the minimum
+    const auto* p = reinterpret_cast<const uint8_t*>(&garbage);
+    link.replies[RecordParamBlock::kBlockNumber].assign(p, p + 8); // a short reply, too
+    SettingsWindow* w = manager->openWindow();
+    ASSERT_TRUE(w->openCategory(SettingsManager::Record));
+    ::testing::internal::CaptureStdout();
+    ASSERT_TRUE(w->showPage(1));
+    const std::string log = ::testing::internal::GetCapturedStdout();
+    EXPECT_NE(log.find("pre-record = 999 is out of range 0..30, shown as 30"), std::string::npos)
+        << log;
+    auto* page = static_cast<RecordParamPage*>(w->page());
+    EXPECT_EQ(page->preRecordBox()->value(), 30);
+    EXPECT_EQ(page->postRecordBox()->value(), 5);
+    EXPECT_FALSE(page->hasUnsavedChanges()); // shown clamped, left as App has it
+    page->postRecordBox()->setValue(10);
+    EXPECT_EQ(page->apply(), 1);
+    EXPECT_EQ(page->blocks().savedAs<RecordParamBlock>(0).preRecordSec, 999); // untouched field
+}
+
+std::vector<uint32_t> pageTitles(int category) {
+    std::vector<uint32_t> out;
+    for (const auto& e : SettingsManager::pagesOf(category, DeviceProfile::current()))
+        out.push_back(e.titleId);
+    return out;
+}
+
 TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
     using M = SettingsManager;
     SettingsWindow* w = manager->openWindow();
-    // No alarm inputs and no disks: neither the alarm-input page nor the storage page, and
-    // no tile for a category left without pages.
-    EXPECT_EQ(tileCategories(), (std::set<int>{M::Record, M::Network, M::System}));
+    // No alarm inputs, no disks, no e-mail schedule: no alarm-input page, no storage tile.
+    EXPECT_EQ(tileCategories(),
+              (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::System}));
+    EXPECT_EQ(pageTitles(M::Alarm),
+              (std::vector<uint32_t>{TextId::Settings::TypeException, TextId::Settings::Email}));
     delete w;
-    DeviceProfile::current().alarmInputNum = 3;
-    DeviceProfile::current().maxDiskNum = 2;
+    DeviceProfile& p = DeviceProfile::current();
+    p.alarmInputNum = 3;
+    p.maxDiskNum = 2;
+    p.emailScheduleEnable = true;
     w = manager->openWindow();
     EXPECT_EQ(tileCategories(),
-              (std::set<int>{M::Record, M::Alarm, M::Network, M::Storage, M::System}));
+              (std::set<int>{M::Camera, M::Record, M::Alarm, M::Network, M::Storage, M::System}));
+    EXPECT_EQ(pageTitles(M::Alarm),
+              (std::vector<uint32_t>{TextId::Settings::AlarmInput, TextId::Settings::TypeException,
+                                     TextId::Settings::Email, TextId::Settings::EmailSchedule}));
     ASSERT_TRUE(w->openCategory(M::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
 }
