@@ -153,7 +153,7 @@ void VySdlBackend::pumpEvents() {
             break;
         }
         case SDL_KEYDOWN:
-            notifyKey(SDL_GetKeyName(event.key.keysym.sym));
+            notifyKey(m_sdl->GetKeyName(event.key.keysym.sym));
             break;
         case SDL_MOUSEWHEEL: {
             int x = 0;
@@ -172,5 +172,5 @@ void VySdlBackend::pumpEvents() {
     }
     std::string status;
     if (takeStatus(&status))
-        SDL_SetWindowTitle(m_window, ("dvrgui - " + status).c_str());
+        m_sdl->SetWindowTitle(m_window, ("dvrgui - " + status).c_str());
 }

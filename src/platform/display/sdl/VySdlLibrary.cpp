@@ -49,6 +49,8 @@ bool load(VySdlLibrary* sdl) {
     VY_SDL_RESOLVE(ShowCursor);
     VY_SDL_RESOLVE(PollEvent);
     VY_SDL_RESOLVE(GetMouseState);
+    VY_SDL_RESOLVE(GetKeyName);
+    VY_SDL_RESOLVE(SetWindowTitle);
 #undef VY_SDL_RESOLVE
     return ok;
 }

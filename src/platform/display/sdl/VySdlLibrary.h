@@ -27,4 +27,6 @@ struct VySdlLibrary {
     decltype(&SDL_ShowCursor) ShowCursor;
     decltype(&SDL_PollEvent) PollEvent;
     decltype(&SDL_GetMouseState) GetMouseState;
+    decltype(&SDL_GetKeyName) GetKeyName;
+    decltype(&SDL_SetWindowTitle) SetWindowTitle;
 };
