@@ -130,6 +130,16 @@ constexpr uint32_t HealthFailing = 105075;    // Failing
 constexpr uint32_t CapacityFree = 105076;     // %1 GB, %2 GB free
 constexpr uint32_t NoDisk = 105077;           // No disk
 } // namespace Settings
+namespace User {
+constexpr uint32_t LoginTitle = 110000;      // Log in
+constexpr uint32_t UserName = 110001;        // User
+constexpr uint32_t Password = 110002;        // Password
+constexpr uint32_t WrongPassword = 110003;   // Wrong password. %1 tries left before this user is locked.
+constexpr uint32_t Locked = 110004;          // Too many wrong passwords. This user is locked for %1 seconds.
+constexpr uint32_t PasswordTooLong = 110005; // The password is too long.
+constexpr uint32_t LoginFailed = 110006;     // Login failed. Try again.
+constexpr uint32_t UnlockTitle = 110007;     // Unlock the screen
+} // namespace User
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -242,6 +252,14 @@ constexpr uint32_t kAll[] = {
     Settings::HealthFailing,
     Settings::CapacityFree,
     Settings::NoDisk,
+    User::LoginTitle,
+    User::UserName,
+    User::Password,
+    User::WrongPassword,
+    User::Locked,
+    User::PasswordTooLong,
+    User::LoginFailed,
+    User::UnlockTitle,
 };
 } // namespace TextId
 // clang-format on
