@@ -84,14 +84,15 @@ bool UserAccess::refreshUsers() {
     return true;
 }
 
-UserAccess::LoginResult UserAccess::login(const VyString& name, const VyString& password) {
+UserAccess::LoginResult UserAccess::login(const VyString& name, const VyString& secret,
+                                          uint32_t method) {
     LoginResult result;
     RecorderLink* link = RecorderLink::instance();
     if (link == nullptr)
         return result;
     UserLoginRequest request;
-    if (!request.fill(name.c_str(), size_t(name.size()), password.c_str(), size_t(password.size()),
-                      UserLoginRequest::kPassword)) {
+    if (!request.fill(name.c_str(), size_t(name.size()), secret.c_str(), size_t(secret.size()),
+                      method)) {
         VY_GUI_LOG("login of \"%s\" refused: name or password longer than its field\n",
                    name.c_str());
         result.outcome = Outcome::TooLong;

@@ -10,6 +10,7 @@
 //
 // Locking the screen sets the key manager's key restriction, so only the two escape keys
 // reach the GUI until a user logs in again; the live view keeps running behind it.
+#include "protocol/UserLoginRequest.h"
 #include "protocol/UserRights.h"
 #include "runtime/VyString.h"
 #include "toolkit/core/VyObject.h"
@@ -45,7 +46,9 @@ public:
     const std::vector<User>& users() const { return m_users; }
     bool loginRequired() const { return m_loginRequired; }
 
-    LoginResult login(const VyString& name, const VyString& password);
+    // `method`: UserLoginRequest::kPassword, or kPattern with the dots' digits as `secret`.
+    LoginResult login(const VyString& name, const VyString& secret,
+                      uint32_t method = UserLoginRequest::kPassword);
     void logout();
     bool isLoggedIn() const { return m_loggedIn; }
     // Null when nobody is logged in.

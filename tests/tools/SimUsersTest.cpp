@@ -88,6 +88,21 @@ TEST(SimUsers, WrongPasswordsLockTheUserForAWhileOnTheClockGiven) {
     EXPECT_EQ(a.rights.functions, UserRights::kLiveView | UserRights::kPlayback);
 }
 
+TEST(SimUsers, PatternIsCheckedAgainstItsOwnHashAndCountsTowardsTheLock) {
+    SimUsers users;
+    users.addDefaultUsers();
+    auto pattern = [](const char* name, const char* dots) {
+        UserLoginRequest r;
+        r.fill(name, std::strlen(name), dots, std::strlen(dots), UserLoginRequest::kPattern);
+        return r;
+    };
+    EXPECT_EQ(users.login(pattern(SimUsers::kAdminName, SimUsers::kAdminPattern)).result,
+              UserLoginAnswer::kOk);
+    // The password is not a pattern, and a user without a pattern has none that fits.
+    EXPECT_EQ(users.login(pattern(SimUsers::kAdminName, SimUsers::kAdminPassword)).wrongCount, 1u);
+    EXPECT_EQ(users.login(pattern(SimUsers::kUserName, "")).result, UserLoginAnswer::kWrongSecret);
+}
+
 TEST(SimUsers, FieldWithoutItsZeroByteIsMalformed) {
     SimUsers users;
     users.addDefaultUsers();

@@ -77,8 +77,21 @@ bool SimUsers::addUser(const std::string& name, const std::string& password, boo
     return true;
 }
 
+bool SimUsers::setPattern(const std::string& name, const std::string& pattern) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (Account& a : m_accounts) {
+        if (a.name == name) {
+            a.patternHash = hashOf(a.salt, pattern.data(), pattern.size());
+            a.hasPattern = true;
+            return true;
+        }
+    }
+    return false;
+}
+
 void SimUsers::addDefaultUsers() {
     addUser(kAdminName, kAdminPassword, true, UserRights());
+    setPattern(kAdminName, kAdminPattern);
     UserRights viewer;
     viewer.functions = UserRights::kLiveView | UserRights::kPlayback;
     viewer.liveChannels = viewer.playbackChannels = ~uint64_t(0);
@@ -116,7 +129,11 @@ UserLoginAnswer SimUsers::login(const UserLoginRequest& request) {
         a->lockedUntilMs = 0;
         a->wrongCount = 0;
     }
-    if (hashOf(a->salt, request.secret, secretLen) != a->hash) {
+    // A wrong pattern counts towards the lock like a wrong password; so does a pattern for a
+    // user who has none.
+    const bool pattern = request.method == UserLoginRequest::kPattern;
+    const SimDigest& stored = pattern ? a->patternHash : a->hash;
+    if ((pattern && !a->hasPattern) || hashOf(a->salt, request.secret, secretLen) != stored) {
         answer.wrongCount = ++a->wrongCount;
         answer.result = UserLoginAnswer::kWrongSecret;
         if (a->wrongCount >= kMaxWrong) {

@@ -32,6 +32,7 @@ public:
     static constexpr const char* kAdminPassword = "12345";
     static constexpr const char* kUserName = "user";
     static constexpr const char* kUserPassword = "11111";
+    static constexpr const char* kAdminPattern = "12369"; // dots in the order drawn
 
     // Milliseconds on a monotonic clock.
     using Clock = std::function<long long()>;
@@ -42,8 +43,10 @@ public:
     // False for a name that is empty, too long, already there, or a full list.
     bool addUser(const std::string& name, const std::string& password, bool admin,
                  const UserRights& rights);
-    // The administrator with every right and an ordinary user with live view and playback
-    // of every channel.
+    // The unlock pattern of a user (digits 1-9); false when there is no such user.
+    bool setPattern(const std::string& name, const std::string& pattern);
+    // The administrator (with kAdminPattern) with every right and an ordinary user with live view
+    // and playback of every channel.
     void addDefaultUsers();
 
     // Whether the GUI must ask for a login (told with the user list); off unless set.
@@ -60,6 +63,8 @@ public:
         UserRights rights;
         std::array<uint8_t, kSaltBytes> salt{};
         SimDigest hash{};
+        bool hasPattern = false;
+        SimDigest patternHash{}; // salted like the password
         uint32_t wrongCount = 0;
         long long lockedUntilMs = 0;
     };

@@ -139,6 +139,7 @@ constexpr uint32_t Locked = 110004;          // Too many wrong passwords. This u
 constexpr uint32_t PasswordTooLong = 110005; // The password is too long.
 constexpr uint32_t LoginFailed = 110006;     // Login failed. Try again.
 constexpr uint32_t UnlockTitle = 110007;     // Unlock the screen
+constexpr uint32_t Pattern = 110008;         // Pattern
 } // namespace User
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -260,6 +261,7 @@ constexpr uint32_t kAll[] = {
     User::PasswordTooLong,
     User::LoginFailed,
     User::UnlockTitle,
+    User::Pattern,
 };
 } // namespace TextId
 // clang-format on

@@ -10,6 +10,9 @@
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
+#include "ui/users/PatternWidget.h"
+
+#include <algorithm>
 
 namespace {
 // Design metrics, pixels at 1920x1080.
@@ -28,7 +31,9 @@ UserLoginDialog::UserLoginDialog(UserAccess* access, bool unlock)
     , m_user(new VyComboBox(this))
     , m_password(new VyLineEdit(this))
     , m_ok(new VyPushButton(VyTranslation::tr(TextId::Common::Ok), this))
-    , m_cancel(new VyPushButton(VyTranslation::tr(TextId::Common::Cancel), this)) {
+    , m_cancel(new VyPushButton(VyTranslation::tr(TextId::Common::Cancel), this))
+    , m_method(new VyPushButton(VyTranslation::tr(TextId::User::Pattern), this))
+    , m_pattern(new PatternWidget(this)) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     m_labelColour = ini.color(VyString("UserLoginDialog/Label/Foreground")).argb();
     m_errorColour = ini.color(VyString("UserLoginDialog/Error/Foreground")).argb();
@@ -46,8 +51,11 @@ UserLoginDialog::UserLoginDialog(UserAccess* access, bool unlock)
     m_password->setEchoMode(VyLineEdit::Password);
     m_password->setMaxLength(kPasswordChars);
     for (VyWidget* w : {static_cast<VyWidget*>(m_user), static_cast<VyWidget*>(m_password),
-                        static_cast<VyWidget*>(m_ok), static_cast<VyWidget*>(m_cancel)})
+                        static_cast<VyWidget*>(m_ok), static_cast<VyWidget*>(m_cancel),
+                        static_cast<VyWidget*>(m_method)})
         w->show();
+    connect(m_method, &m_method->clicked, this, VY_SLOT(UserLoginDialog, switchMethod));
+    connect(m_pattern, &m_pattern->entered, this, VY_SLOT(UserLoginDialog, tryPattern));
     connect(m_ok, &m_ok->clicked, this, VY_SLOT(UserLoginDialog, tryLogin));
     connect(m_password, &m_password->returnPressed, this, VY_SLOT(UserLoginDialog, tryLogin));
     connect(m_cancel, &m_cancel->clicked, this, VY_SLOT(VyDialog, reject));
@@ -69,13 +77,41 @@ void UserLoginDialog::install() {
 void UserLoginDialog::tryLogin() {
     if (m_access == nullptr || m_user->currentIndex() < 0)
         return;
-    m_last = m_access->login(m_user->currentText(), m_password->text());
+    const UserAccess::LoginResult result =
+        m_access->login(m_user->currentText(), m_password->text());
     m_password->setText(VyString());
+    showAnswer(result);
+}
+
+void UserLoginDialog::tryPattern() {
+    if (m_access == nullptr || m_user->currentIndex() < 0)
+        return;
+    const UserAccess::LoginResult result = m_access->login(
+        m_user->currentText(), VyString(m_pattern->pattern()), UserLoginRequest::kPattern);
+    m_pattern->clear();
+    showAnswer(result);
+}
+
+void UserLoginDialog::showAnswer(const UserAccess::LoginResult& result) {
+    m_last = result;
     m_tried = true;
     if (m_last.outcome == UserAccess::Outcome::LoggedIn) {
         accept();
         return;
     }
+    update();
+}
+
+void UserLoginDialog::switchMethod() {
+    m_patternMode = !m_patternMode;
+    m_tried = false;
+    m_password->setText(VyString());
+    m_pattern->clear();
+    m_password->setVisible(!m_patternMode);
+    m_pattern->setVisible(m_patternMode);
+    m_method->setText(
+        VyTranslation::tr(m_patternMode ? TextId::User::Password : TextId::User::Pattern));
+    place(kDesignWidth, m_patternMode ? kPatternDesignHeight : kDesignHeight);
     update();
 }
 
@@ -102,6 +138,8 @@ void UserLoginDialog::retranslate() {
     VyDialog::retranslate();
     m_ok->setText(VyTranslation::tr(TextId::Common::Ok));
     m_cancel->setText(VyTranslation::tr(TextId::Common::Cancel));
+    m_method->setText(
+        VyTranslation::tr(m_patternMode ? TextId::User::Password : TextId::User::Pattern));
 }
 
 VyRect UserLoginDialog::rowLabelRect(int row) const {
@@ -119,11 +157,17 @@ void UserLoginDialog::paintEvent(VyPaintEvent* e) {
     const int align = VyCanvas::AlignLeft | VyCanvas::AlignVCenter;
     c->drawText(rowLabelRect(0), align, VyTranslation::tr(TextId::User::UserName), size,
                 m_labelColour);
-    c->drawText(rowLabelRect(1), align, VyTranslation::tr(TextId::User::Password), size,
-                m_labelColour);
+    if (!m_patternMode)
+        c->drawText(rowLabelRect(1), align, VyTranslation::tr(TextId::User::Password), size,
+                    m_labelColour);
     const VyString text = message();
     if (!text.isEmpty()) {
-        VyRect r = rowLabelRect(2);
+        VyRect r = m_patternMode ? m_pattern->geometry() : rowLabelRect(2);
+        if (m_patternMode) {
+            r.top = r.bottom + 1;
+            r.bottom = r.top + rowLabelRect(0).height() - 1;
+        }
+        r.left = rowLabelRect(0).left;
         r.right = contentRect().right - VyStyle::instance()->scaled(kMargin);
         c->drawText(r, align, text, size, m_errorColour);
     }
@@ -147,9 +191,16 @@ void UserLoginDialog::resizeEvent(VyResizeEvent* e) {
     const int y = content.bottom - style->scaledHeight(kMargin) - row + 1;
     m_ok->setGeometry(x, y, bw, row);
     m_cancel->setGeometry(x + bw + gap, y, bw, row);
+    m_method->setGeometry(content.left + margin, y, bw, row);
+    // The dots take a square from the password row down to the message row.
+    const VyRect top = rowLabelRect(1);
+    const int side = std::max(0, y - row - top.top - margin / 2);
+    m_pattern->setGeometry((width() - side) / 2, top.top, side, side);
 }
 
 void UserLoginDialog::showEvent(VyShowEvent* e) {
     VyDialog::showEvent(e);
-    m_password->setFocus();
+    m_pattern->setVisible(m_patternMode);
+    if (!m_patternMode)
+        m_password->setFocus();
 }

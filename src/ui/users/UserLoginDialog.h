@@ -1,6 +1,7 @@
 #pragma once
 // The login: a user chosen from App's list and a password typed in a line edit (with the
-// on-screen keyboard it opens, or the remote's digits). App checks the password; a wrong one
+// on-screen keyboard it opens, or the remote's digits), or, after the pattern button, an
+// unlock pattern drawn on a grid of dots. App checks the password; a wrong one
 // says how many tries are left, a locked user for how long. The password is cleared from
 // the line edit as soon as it went out, whatever the answer.
 //
@@ -10,6 +11,7 @@
 
 #include <cstdint>
 
+class PatternWidget;
 class VyComboBox;
 class VyLineEdit;
 class VyPushButton;
@@ -20,6 +22,7 @@ public:
     static constexpr const char* kStyleFile = "style/userlogindialog.ini";
     static constexpr int kDesignWidth = 760; // pixels at 1920x1080
     static constexpr int kDesignHeight = 330;
+    static constexpr int kPatternDesignHeight = 560; // with the dots instead of the password
 
     // `unlock`: the title says that the screen is locked.
     explicit UserLoginDialog(UserAccess* access, bool unlock = false);
@@ -30,6 +33,10 @@ public:
 
     // Sends the login; accepts on success, else shows why and stays open.
     void tryLogin();
+    // Between the password and the pattern.
+    void switchMethod();
+    bool patternMode() const { return m_patternMode; }
+    PatternWidget* patternWidget() const { return m_pattern; }
 
     VyComboBox* userBox() const { return m_user; }
     VyLineEdit* passwordEdit() const { return m_password; }
@@ -44,13 +51,18 @@ protected:
 
 private:
     VyRect rowLabelRect(int row) const;
+    void tryPattern();
+    void showAnswer(const UserAccess::LoginResult& result);
 
     UserAccess* m_access;
     bool m_unlock;
-    VyComboBox* m_user;     // child
-    VyLineEdit* m_password; // child
-    VyPushButton* m_ok;     // child
-    VyPushButton* m_cancel; // child
+    VyComboBox* m_user;       // child
+    VyLineEdit* m_password;   // child
+    VyPushButton* m_ok;       // child
+    VyPushButton* m_cancel;   // child
+    VyPushButton* m_method;   // child
+    PatternWidget* m_pattern; // child
+    bool m_patternMode = false;
     UserAccess::LoginResult m_last;
     bool m_tried = false;
     vyargb m_labelColour = 0xFFC8CCD2;

@@ -6,6 +6,7 @@
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyLineEdit.h"
+#include "ui/users/PatternWidget.h"
 #include "ui/users/UserLoginDialog.h"
 
 #include <cstdlib>
@@ -28,6 +29,13 @@ protected:
         RecorderLink::setInstance(&link);
         link.addEntry("admin", true, UserRights());
         link.addEntry("oper", false, UserRights());
+    }
+    void shot(const char* name) {
+        if (const char* dir = std::getenv("VY_SHOT_DIR")) {
+            app()->screen()->flush();
+            VyFrameDump::fromRawFile(std::string(dir) + "/userlogin.raw", 960, 540)
+                .savePng(std::string(dir) + "/" + name);
+        }
     }
     void TearDown() override {
         RecorderLink::setInstance(nullptr);
@@ -57,11 +65,7 @@ TEST_F(UserLoginDialogTest, WrongPasswordSaysTriesLeftAndClearsTheFieldThenTheRi
               "Wrong password. 3 tries left before this user is locked.");
     EXPECT_TRUE(dialog.passwordEdit()->text().isEmpty());
     EXPECT_FALSE(dialog.isFinished());
-    if (const char* dir = std::getenv("VY_SHOT_DIR")) {
-        app()->screen()->flush();
-        VyFrameDump::fromRawFile(std::string(dir) + "/userlogin.raw", 960, 540)
-            .savePng(std::string(dir) + "/userlogindialog.png");
-    }
+    shot("userlogindialog.png");
 
     dialog.passwordEdit()->setText("12345");
     dialog.tryLogin();
@@ -83,4 +87,32 @@ TEST_F(UserLoginDialogTest, LockedUserIsToldForHowLong) {
     EXPECT_EQ(dialog.message().toStdString(),
               "Too many wrong passwords. This user is locked for 120 seconds.");
     EXPECT_FALSE(dialog.isFinished());
+}
+
+TEST_F(UserLoginDialogTest, DrawnPatternGoesOutAsThePatternMethodAndGetsIn) {
+    UserAccess access;
+    link.answerOk(true, UserRights());
+    link.password = "12369";
+    UserLoginDialog dialog(&access);
+    dialog.show();
+    dialog.switchMethod();
+    settle();
+    PatternWidget* p = dialog.patternWidget();
+    ASSERT_TRUE(p->isVisible());
+    ASSERT_GT(p->width(), 0);
+    mouse(p, VyEvent::MouseButtonPress, p->dotCentre(1).x, p->dotCentre(1).y);
+    for (int dot : {2, 3, 6, 9})
+        mouse(p, VyEvent::MouseMove, p->dotCentre(dot).x, p->dotCentre(dot).y);
+    settle();
+    shot("userloginpattern.png");
+    mouse(p, VyEvent::MouseButtonRelease, p->dotCentre(9).x, p->dotCentre(9).y);
+
+    ASSERT_FALSE(link.requests.empty());
+    UserLoginRequest sent;
+    ASSERT_EQ(link.requests.back().body.size(), sizeof sent);
+    std::memcpy(&sent, link.requests.back().body.data(), sizeof sent);
+    EXPECT_EQ(sent.method, UserLoginRequest::kPattern);
+    EXPECT_STREQ(sent.secret, "12369");
+    EXPECT_TRUE(dialog.isFinished());
+    EXPECT_TRUE(p->pattern().empty());
 }
