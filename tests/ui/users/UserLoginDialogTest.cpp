@@ -1,20 +1,27 @@
 #include "../../model/UserLinkDouble.h"
 #include "../settings/SettingsUiTestApp.h"
 
+#include "model/DeviceProfile.h"
 #include "platform/display/VyFrameDump.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyLineEdit.h"
+#include "ui/settings/SettingsManager.h"
+#include "ui/settings/SettingsPage.h"
+#include "ui/settings/SettingsTile.h"
+#include "ui/settings/SettingsWindow.h"
 #include "ui/users/PatternWidget.h"
 #include "ui/users/UserLoginDialog.h"
 
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 namespace {
 
-// VY_SHOT_DIR=dir writes the dialog as dir/userlogindialog.png, to look at it.
+// The login dialog, and the settings tiles asking through it. VY_SHOT_DIR=dir writes the
+// dialog's two forms as PNG files there, to look at them.
 class UserLoginDialogTest : public SettingsUiTest {
 protected:
     const char* displayDevice() const override {
@@ -29,6 +36,10 @@ protected:
         RecorderLink::setInstance(&link);
         link.addEntry("admin", true, UserRights());
         link.addEntry("oper", false, UserRights());
+        DeviceProfile& p = DeviceProfile::current();
+        p = DeviceProfile{};
+        p.channelCount = 2;
+        p.enableNormalRecord = true;
     }
     void shot(const char* name) {
         if (const char* dir = std::getenv("VY_SHOT_DIR")) {
@@ -38,7 +49,9 @@ protected:
         }
     }
     void TearDown() override {
+        UserAccess::setLoginPrompt(nullptr);
         RecorderLink::setInstance(nullptr);
+        DeviceProfile::current() = DeviceProfile{};
         SettingsUiTest::TearDown();
     }
     UserLinkDouble link;
@@ -76,19 +89,6 @@ TEST_F(UserLoginDialogTest, WrongPasswordSaysTriesLeftAndClearsTheFieldThenTheRi
     EXPECT_EQ(access.currentUser()->name.toStdString(), "oper");
 }
 
-TEST_F(UserLoginDialogTest, LockedUserIsToldForHowLong) {
-    UserAccess access;
-    link.answer = UserLoginAnswer();
-    link.answer.result = UserLoginAnswer::kLocked;
-    link.answer.lockSeconds = 120;
-    UserLoginDialog dialog(&access, true);
-    dialog.passwordEdit()->setText("12345");
-    dialog.tryLogin();
-    EXPECT_EQ(dialog.message().toStdString(),
-              "Too many wrong passwords. This user is locked for 120 seconds.");
-    EXPECT_FALSE(dialog.isFinished());
-}
-
 TEST_F(UserLoginDialogTest, DrawnPatternGoesOutAsThePatternMethodAndGetsIn) {
     UserAccess access;
     link.answerOk(true, UserRights());
@@ -115,4 +115,31 @@ TEST_F(UserLoginDialogTest, DrawnPatternGoesOutAsThePatternMethodAndGetsIn) {
     EXPECT_STREQ(sent.secret, "12369");
     EXPECT_TRUE(dialog.isFinished());
     EXPECT_TRUE(p->pattern().empty());
+}
+
+// Every category without its right stays shut and asks for a login; the one granted opens.
+TEST_F(UserLoginDialogTest, SettingsTilesWithoutTheirRightStayShutAndAskForALogin) {
+    UserAccess access;
+    UserRights rights;
+    rights.functions = UserRights::kLiveView | UserRights::kSettingsRecord;
+    link.answerOk(false, rights);
+    ASSERT_EQ(access.login("oper", "12345").outcome, UserAccess::Outcome::LoggedIn);
+    int prompts = 0;
+    UserAccess::setLoginPrompt([&] {
+        ++prompts;
+        return false;
+    });
+    SettingsManager manager;
+    SettingsWindow* w = manager.openWindow();
+    ASSERT_GE(w->tiles().size(), 2u); // the granted category and at least one other
+    for (SettingsTile* tile : w->tiles()) {
+        const int before = prompts;
+        tile->keyActivate();
+        settle();
+        const bool granted = tile->category() == SettingsManager::Record;
+        EXPECT_EQ(w->page() != nullptr, granted) << "category " << tile->category();
+        EXPECT_EQ(prompts - before, granted ? 0 : 1) << "category " << tile->category();
+        if (w->page() != nullptr)
+            w->leaveCategory();
+    }
 }
