@@ -4,6 +4,7 @@
 #include "SimPlayback.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
+#include "SimUsers.h"
 
 #include <cstdlib>
 #include <string>
@@ -13,6 +14,7 @@ void registerDefaultHandlers(SimServer& server) {
     //   VY_SIM_CONFIG  "key = value" file (SimRecorderConfig.h)
     //   VY_SIM_STORE   parameter store file (overrides the config's "store")
     //   VY_SIM_SCRIPT  script of timed steps (SimCommands.h), run from start
+    //   VY_SIM_LOGIN   1: the GUI must ask for a login (users of SimUsers.h)
     // Commands are also read from standard input. Both objects live to process end: the
     // console and script threads may still run when main returns.
     SimRecorderConfig config;
@@ -30,6 +32,11 @@ void registerDefaultHandlers(SimServer& server) {
     static SimPlayback* playback = new SimPlayback(config);
     playback->attach(server);
     playback->startTicking(SimPlayback::kTickMs);
+    static SimUsers* users = new SimUsers();
+    users->addDefaultUsers();
+    if (const char* login = std::getenv("VY_SIM_LOGIN"); login && *login == '1')
+        users->setLoginRequired(true);
+    users->attach(server);
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {

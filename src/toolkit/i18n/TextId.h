@@ -198,6 +198,17 @@ constexpr uint32_t LanguageName31 = 105231;   // Vlaams
 constexpr uint32_t LanguageName32 = 105232;   // Українська
 constexpr uint32_t LanguageName33 = 105233;   // Slovenčina
 } // namespace Settings
+namespace User {
+constexpr uint32_t LoginTitle = 110000;      // Log in
+constexpr uint32_t UserName = 110001;        // User
+constexpr uint32_t Password = 110002;        // Password
+constexpr uint32_t WrongPassword = 110003;   // Wrong password. %1 tries left before this user is locked.
+constexpr uint32_t Locked = 110004;          // Too many wrong passwords. This user is locked for %1 seconds.
+constexpr uint32_t PasswordTooLong = 110005; // The password is too long.
+constexpr uint32_t LoginFailed = 110006;     // Login failed. Try again.
+constexpr uint32_t UnlockTitle = 110007;     // Unlock the screen
+constexpr uint32_t Pattern = 110008;         // Pattern
+} // namespace User
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -378,6 +389,15 @@ constexpr uint32_t kAll[] = {
     Settings::LanguageName31,
     Settings::LanguageName32,
     Settings::LanguageName33,
+    User::LoginTitle,
+    User::UserName,
+    User::Password,
+    User::WrongPassword,
+    User::Locked,
+    User::PasswordTooLong,
+    User::LoginFailed,
+    User::UnlockTitle,
+    User::Pattern,
 };
 } // namespace TextId
 // clang-format on
