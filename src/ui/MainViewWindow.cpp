@@ -9,6 +9,7 @@
 #include "ui/liveview/LiveViewController.h"
 #include "ui/liveview/LiveViewProfile.h"
 #include "ui/liveview/MainViewTaskBar.h"
+#include "ui/liveview/VideoToolBar.h"
 #include "ui/liveview/VyVideoScreen.h"
 
 namespace {
@@ -43,7 +44,7 @@ void MainViewWindow::resizeEvent(VyResizeEvent*) {
     const int w = UiLook::scaledX(kNoticeWidthPx);
     const int h = UiLook::scaledY(kNoticeHeightPx);
     m_notice->setGeometry((width() - w) / 2, height() - bar - 2 * h, w, h);
-    m_taskBar->raise();
+    m_screen->toolBar()->setBottomReserve(bar);
 }
 
 void MainViewWindow::startLiveView(int channelCount) {

@@ -1,7 +1,9 @@
 #include "ui/liveview/LiveViewController.h"
 
 #include "model/MainViewManager.h"
+#include "model/ParamAccess.h"
 #include "model/UiManager.h"
+#include "protocol/OutputSettingsBlock.h"
 #include "protocol/PreviewControl.h"
 #include "protocol/PreviewRecord.h"
 #include "protocol/UiEventType.h"
@@ -19,6 +21,14 @@
 #include "ui/liveview/VyVideoScreen.h"
 #include "ui/liveview/VyVideoScreenLayout.h"
 #include "ui/liveview/VyVideoScreenLayoutManager.h"
+
+namespace {
+LiveViewController::Clock g_clock = &VyDateTime::currentDateTime;
+} // namespace
+
+void LiveViewController::setClock(Clock clock) {
+    g_clock = clock ? clock : &VyDateTime::currentDateTime;
+}
 
 LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* taskBar,
                                        VyLabel* notice, VyObject* parent)
@@ -69,7 +79,12 @@ void LiveViewController::start(const LiveViewProfile& profile, int channelCount)
         }
         m->setSequenceLayouts(sequence);
     }
-    m_screen->setLayout(profile.startLayoutIndex());
+    // The user's default split (output settings) wins over the device's.
+    LiveViewProfile start = profile;
+    const uint32_t userSplit = ParamAccess::get<OutputSettingsBlock>().splitMode;
+    if (userSplit > 0 && userSplit <= uint32_t(PreviewRecord::kMaxCells))
+        start.splitCount = int(userSplit);
+    m_screen->setLayout(start.startLayoutIndex());
     if (m != nullptr) {
         m->requestCameraRoster();
         for (int ch = 0; ch < channelCount; ++ch) {
@@ -247,5 +262,5 @@ void LiveViewController::timerEvent(VyTimerEvent* e) {
     UiManager* ui = UiManager::instance();
     const VyString format =
         ui ? ui->dateFormat() + VyString(" ") + ui->timeFormat() : VyString("yyyy-MM-dd hh:mm:ss");
-    m_taskBar->setClockText(VyDateTime::currentDateTime().toString(format));
+    m_taskBar->setClockText(g_clock().toString(format));
 }

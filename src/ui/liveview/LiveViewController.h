@@ -2,6 +2,7 @@
 // Wires the live view together: the main-view manager's state (channels, layout requests,
 // the sequence, App's notices) into the screen, the task bar and the tool bar, and the
 // screen's changes back to App as preview records. Owned by the main view's window.
+#include "runtime/VyDateTime.h"
 #include "toolkit/core/VyObject.h"
 
 #include <vector>
@@ -17,6 +18,9 @@ class LiveViewController : public VyObject {
 public:
     static constexpr int kClockMs = 1000;
     static constexpr int kNoticeMs = 2000; // the snapshot notice stays this long
+    using Clock = VyDateTime (*)();
+    // Where the task bar's clock reads the time (tests fix it).
+    static void setClock(Clock clock);
 
     LiveViewController(VyVideoScreen* screen, MainViewTaskBar* taskBar, VyLabel* notice,
                        VyObject* parent = nullptr);

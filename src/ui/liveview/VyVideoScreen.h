@@ -123,7 +123,7 @@ private:
     uint32_t m_flags = kPressAndHold | kMultiCellPaging;
     VyPointer<MainViewVideo> m_selected;
     VyPointer<MainViewVideo> m_rightClicked;
-    VideoToolBar* m_toolBar = nullptr; // child
+    VideoToolBar* m_toolBar = nullptr; // a child of the parent widget (or of this screen)
     // Press and hold.
     int m_holdTimer = 0;
     int m_holdTicks = 0;
