@@ -49,6 +49,8 @@ void fill(uint16_t* px, int width, int height, int l, int t, int r, int b, uint1
     t = std::max(t, 0);
     r = std::min(r, width - 1);
     b = std::min(b, height - 1);
+    if (l > r || t > b)
+        return;
     for (int y = t; y <= b; ++y)
         std::fill(px + size_t(y) * width + l, px + size_t(y) * width + r + 1, colour);
 }
