@@ -11,6 +11,10 @@ RecDataManager* RecDataManager::instance() {
 
 RecDataManager::RecDataManager(const SystemInfoRecord& info)
     : m_channelCount(info.channelCount) {
+    m_playbackMask.fill(0);
+    for (int c = 0; c < m_channelCount && c < PlaybackChannelBits::kMaxChannels; ++c)
+        m_playbackMask[size_t(c / 8)] |= uint8_t(1u << (c % 8));
+    m_backupMask = m_playbackMask;
     ModelInstance<RecDataManager>::set(this);
 }
 

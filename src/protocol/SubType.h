@@ -22,6 +22,9 @@ constexpr uint16_t DefaultsConfigured = 105; // GUI -> App: defaults are in plac
 constexpr uint16_t NetworkStatus = 116;      // App -> GUI: network status in msgValue
 constexpr uint16_t RemotePointer = 134;      // App -> GUI: IpcRemotePointer
 constexpr uint16_t OutputCheckSkipped = 151; // GUI -> App: no output check at start-up
+constexpr uint16_t ServiceKey = 186;         // App -> GUI: a key code in msgValue, ServiceKeyNotice
+constexpr uint16_t SerialPtzCommand = 187;   // GUI -> App: SerialPtzCommand
+constexpr uint16_t PointOfSaleText = 189;    // GUI -> App: point-of-sale text, see PointOfSaleText
 constexpr uint16_t Query199 = 199;           // App -> GUI: answered with Ack201
 constexpr uint16_t Ack201 = 201;             // GUI -> App: answer to Query199
 constexpr uint16_t Shutdown = 280;           // App -> GUI: the recorder is shutting down
@@ -65,5 +68,23 @@ namespace PlaybackSubType {
 
 // GUI -> App, no body: the live view is in front again, playback decoders may be released.
 constexpr uint16_t LiveViewActive = 35;
+// GUI -> App, one-way, sent by the record data model.
+constexpr uint16_t SplitScreen = 0;   // PlaybackSplitScreen
+constexpr uint16_t MonthSearch = 1;   // MonthSearchRequest
+constexpr uint16_t Play = 3;          // PlaybackCommand: play and stop
+constexpr uint16_t Control = 6;       // PlaybackControl
+constexpr uint16_t Jump = 8;          // PlaybackJump
+constexpr uint16_t Seek = 9;          // PlaybackSeek
+constexpr uint16_t MotionSearch = 13; // MotionSearchRequest
+constexpr uint16_t PicPlay = 19;      // PicPlayCommand
+constexpr uint16_t TagSearch = 22;    // TagSearchRequest
+constexpr uint16_t RecPicWindow = 27; // RecPicWindow, once per cell
+constexpr uint16_t DaySearch = 28;    // DaySearchRequest
+constexpr uint16_t StopOther = 43;    // PlaybackStopRequest
+constexpr uint16_t Export = 44;       // ClipExportRequest
+// App -> GUI, forwarded to the ready playback receiver.
+constexpr uint16_t MonthResult = 2; // MonthSearchResult
+constexpr uint16_t DayResult = 3;   // DaySearchResult + RecordSegmentEntry list
+constexpr uint16_t Status = 14;     // PlaybackStatus
 
 } // namespace PlaybackSubType

@@ -50,7 +50,18 @@ void WindowShell::closeAll() {
 }
 
 void WindowShell::showMessage(uint32_t textId) {
-    keep(MessageBox::information(textId));
+    // A notice App repeats (busy, say) brings its open box to the front instead of
+    // stacking one more box that the user must dismiss.
+    forgetClosed();
+    auto open = m_messages.find(textId);
+    if (open != m_messages.end() && !open->second.isNull()) {
+        open->second->raise();
+        VY_GUI_LOG("message box: %s (again)\n", VyTranslation::tr(textId).c_str());
+        return;
+    }
+    MessageBox* box = MessageBox::information(textId);
+    m_messages[textId].reset(box);
+    keep(box);
     // Printed once the box is up: a watcher of the log may act on what it announces.
     VY_GUI_LOG("message box: %s\n", VyTranslation::tr(textId).c_str());
 }

@@ -24,6 +24,27 @@ RECORD = "\ue061"            # fiber_manual_record: a filled disc
 ARROW_UP = "\ue316"          # keyboard_arrow_up
 ARROW_DOWN = "\ue313"        # keyboard_arrow_down
 DROP_DOWN = "\ue5c5"         # arrow_drop_down
+INFO = "\ue88e"              # info
+HELP = "\ue887"              # help
+WARNING = "\ue002"           # warning
+CLOSE = "\ue5cd"             # close
+CHEVRON_LEFT = "\ue5cb"      # chevron_left
+CHEVRON_RIGHT = "\ue5cc"     # chevron_right
+VISIBILITY = "\ue8f4"        # visibility: an eye
+CUT = "\ue14e"               # content_cut: scissors
+PLAY = "\ue037"              # play_arrow
+PAUSE = "\ue034"
+STOP = "\ue047"
+FAST_REWIND = "\ue020"
+FAST_FORWARD = "\ue01f"
+SKIP_NEXT = "\ue044"         # frame step
+REPLAY_30 = "\ue05a"
+FORWARD_30 = "\ue057"
+FULLSCREEN = "\ue5d0"
+VOLUME_UP = "\ue050"
+VOLUME_OFF = "\ue04f"
+CAMERA = "\ue412"            # photo_camera
+SAVE = "\ue161"              # save: the clip backup
 
 # Palette of the common style sheet.
 TEXT = (230, 232, 235, 255)
@@ -34,6 +55,8 @@ ACCENT = (0, 150, 220, 255)
 ACCENT_LIGHT = (40, 175, 240, 255)
 DISABLED_FILL = (60, 63, 69, 255)
 WHITE = (255, 255, 255, 255)
+WARN = (240, 170, 40, 255)
+CLIP = (255, 200, 0, 255)    # the clip marker, as the time bar's cursor
 
 # name -> (size at 1920x1080, [(glyph, colour), ...] drawn over each other)
 IMAGES = {
@@ -59,6 +82,34 @@ IMAGES = {
     "combobox-dropdown-disabled": (20, [(DROP_DOWN, DIMMED)]),
     "datetimeedit-down-arrow": (20, [(DROP_DOWN, TEXT)]),
     "datetimeedit-down-arrow-focus": (20, [(DROP_DOWN, ACCENT_LIGHT)]),
+    "messagebox-information": (48, [(INFO, ACCENT)]),
+    "messagebox-question": (48, [(HELP, ACCENT)]),
+    "messagebox-warning": (48, [(WARNING, WARN)]),
+    "titlebar-close": (20, [(CLOSE, TEXT)]),
+    "calendar-previous": (20, [(CHEVRON_LEFT, TEXT)]),
+    "calendar-next": (20, [(CHEVRON_RIGHT, TEXT)]),
+    # The record time bar: day navigation, the selected row's eye, the clip marker.
+    "prev": (24, [(CHEVRON_LEFT, TEXT)]),
+    "prev_disable": (24, [(CHEVRON_LEFT, DIMMED)]),
+    "next": (24, [(CHEVRON_RIGHT, TEXT)]),
+    "next_disable": (24, [(CHEVRON_RIGHT, DIMMED)]),
+    "eye": (16, [(VISIBILITY, TEXT)]),
+    "cut_top": (16, [(CUT, CLIP)]),
+    # The player controls of the playback window.
+    "playback-play": (28, [(PLAY, TEXT)]),
+    "playback-pause": (28, [(PAUSE, TEXT)]),
+    "playback-stop": (28, [(STOP, TEXT)]),
+    "playback-slow": (28, [(FAST_REWIND, TEXT)]),
+    "playback-fast": (28, [(FAST_FORWARD, TEXT)]),
+    "playback-frame": (28, [(SKIP_NEXT, TEXT)]),
+    "playback-back30": (28, [(REPLAY_30, TEXT)]),
+    "playback-forward30": (28, [(FORWARD_30, TEXT)]),
+    "playback-fullscreen": (28, [(FULLSCREEN, TEXT)]),
+    "playback-audio": (28, [(VOLUME_UP, TEXT)]),
+    "playback-mute": (28, [(VOLUME_OFF, TEXT)]),
+    "playback-snapshot": (28, [(CAMERA, TEXT)]),
+    "playback-clip": (28, [(CUT, TEXT)]),
+    "playback-backup": (28, [(SAVE, TEXT)]),
 }
 
 

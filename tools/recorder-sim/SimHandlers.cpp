@@ -2,6 +2,7 @@
 
 #include "SimCommands.h"
 #include "SimLiveView.h"
+#include "SimPlayback.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
 
@@ -34,6 +35,9 @@ void registerDefaultHandlers(SimServer& server) {
         [](const std::vector<std::string>& w) { return liveView->runCommand(w); });
     if (const char* plane = std::getenv("VY_VIDEO_PLANE"); plane && *plane)
         liveView->startVideoPlane(plane);
+    static SimPlayback* playback = new SimPlayback(config);
+    playback->attach(server);
+    playback->startTicking(SimPlayback::kTickMs);
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {

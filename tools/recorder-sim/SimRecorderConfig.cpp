@@ -57,6 +57,10 @@ bool SimRecorderConfig::set(const std::string& key, const std::string& value) {
         return toByte(value, &alarmInfo);
     if (key == "color_profile")
         return toU32(value, 0xFFFFFFFFu, &colorProfile);
+    if (key == "record_seed")
+        return toU32(value, 0xFFFFFFFFu, &recordSeed);
+    if (key == "usb_free_mib")
+        return toU32(value, 0xFFFFFFFFu, &usbFreeMiB);
     if (key == "display_device") {
         displayDevice = value;
         return true;

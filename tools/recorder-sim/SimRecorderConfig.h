@@ -13,6 +13,8 @@
 //   name.N = TEXT        the name of channel N (from 1); default "CAMERA N"
 //   block.N.OFFSET = V   byte OFFSET of parameter block N, unless the store file has block N
 //   block.N.size = S     block N is S bytes long (shorter than the GUI asks: a short reply)
+//   record_seed          seed of the recording database (SimRecordDb.h)
+//   usb_free_mib         free space of the simulated USB stick; 0: no stick
 #include "protocol/GeneralSettingsBlock.h"
 
 #include <cstddef>
@@ -38,6 +40,8 @@ struct SimRecorderConfig {
     uint8_t outputCheckDisabled = 0;
     uint8_t alarmInfo = 0;
     uint32_t colorProfile = 0;
+    uint32_t recordSeed = 1;
+    uint32_t usbFreeMiB = 8192;
     bool earlyStage1 = false;
     std::string storePath;
     uint64_t cameraMask = 0;

@@ -1,0 +1,100 @@
+#include "ui/playback/PlaybackScreen.h"
+
+#include "runtime/VyIniSettings.h"
+#include "runtime/VyResources.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "ui/UiLook.h"
+#include "ui/playback/PlaybackSplit.h"
+
+namespace {
+
+vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
+    if (ini.value(key).isEmpty())
+        return fallback;
+    const VyColor c = ini.color(key);
+    return c.isValid() ? c.argb() : fallback;
+}
+
+} // namespace
+
+PlaybackScreen::PlaybackScreen(VyWidget* parent)
+    : VyWidget(parent) {
+    const VyIniSettings ini(VyResources::path(kStyleFile));
+    const VyString s = className() + "/";
+    m_background = colourOr(ini, s + "Background", m_background);
+    m_border = colourOr(ini, s + "Border/Normal", m_border);
+    m_borderSelected = colourOr(ini, s + "Border/Selected", m_borderSelected);
+    m_noVideo = colourOr(ini, s + "NoVideo/Foreground", m_noVideo);
+    m_timeColour = colourOr(ini, s + "Time/Foreground", m_timeColour);
+}
+
+void PlaybackScreen::setChannels(const std::vector<int>& channels) {
+    m_channels = channels;
+    if (m_selected >= int(cellRects().size()))
+        m_selected = 0;
+    update();
+}
+
+std::vector<VyRect> PlaybackScreen::cellRects() const {
+    return PlaybackSplit::cellsFor(int(m_channels.size()), rect());
+}
+
+void PlaybackScreen::setTime(const VyDateTime& time) {
+    if (time == m_time)
+        return;
+    m_time = time;
+    update();
+}
+
+void PlaybackScreen::setSelectedCell(int cell) {
+    if (cell < 0 || cell >= int(cellRects().size()) || cell == m_selected)
+        return;
+    m_selected = cell;
+    emitSignal(this, &cellSelected);
+    update();
+}
+
+void PlaybackScreen::paintEvent(VyPaintEvent*) {
+    VyCanvas* c = canvas();
+    c->fillRect(rect(), m_background);
+    const int font = UiLook::instance().fontPixelSize();
+    const std::vector<VyRect> cells = cellRects();
+    for (size_t i = 0; i < cells.size(); ++i) {
+        const VyRect& r = cells[i];
+        const bool selected = int(i) == m_selected;
+        c->setPenWidth(selected ? 2 : 1);
+        c->drawRect(r, selected ? m_borderSelected : m_border);
+        c->setPenWidth(1);
+        const int channel = i < m_channels.size() ? m_channels[i] : -1;
+        if (channel < 0)
+            continue;
+        const int pad = UiLook::scaledX(8);
+        c->drawText(VyRect(r.left + pad, r.top + pad, r.width() - 2 * pad, font + 4),
+                    VyCanvas::AlignLeft | VyCanvas::AlignVCenter, VyString::number(channel + 1),
+                    font, m_timeColour);
+        // The picture's time stamp, as the recorder burnt it in.
+        const VyString stamp = m_time.isValid() ? m_time.toString("yyyy/MM/dd hh:mm:ss") : "--";
+        c->drawText(VyRect(r.left + pad, r.bottom - pad - font - 4, r.width() - 2 * pad, font + 4),
+                    VyCanvas::AlignRight | VyCanvas::AlignVCenter, stamp, font,
+                    m_time.isValid() ? m_timeColour : m_noVideo);
+    }
+}
+
+void PlaybackScreen::mousePressEvent(VyMouseEvent* e) {
+    if (e->button() != VyMouseEvent::LeftButton) {
+        e->ignore();
+        return;
+    }
+    e->accept();
+    const std::vector<VyRect> cells = cellRects();
+    for (size_t i = 0; i < cells.size(); ++i) {
+        if (cells[i].contains(e->pos()))
+            setSelectedCell(int(i));
+    }
+}
+
+void PlaybackScreen::mouseDoubleClickEvent(VyMouseEvent* e) {
+    e->accept();
+    emitSignal(this, &fullScreenRequested);
+}

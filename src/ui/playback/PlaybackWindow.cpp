@@ -1,0 +1,416 @@
+#include "ui/playback/PlaybackWindow.h"
+
+#include "model/UiManager.h"
+#include "protocol/PlaybackStatus.h"
+#include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/style/VyStyle.h"
+#include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyProgressBar.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "ui/UiLook.h"
+#include "ui/playback/PlaybackScreen.h"
+#include "ui/playback/PlaybackSearchPanel.h"
+#include "ui/playback/PlaybackSession.h"
+#include "ui/playback/PlaybackSnapshot.h"
+#include "ui/playback/PlaybackSplit.h"
+#include "ui/playback/RecordTimeBar.h"
+
+#include <algorithm>
+
+namespace {
+
+// Metrics at 1920x1080.
+constexpr int kPanelWidthDesign = 360;
+constexpr int kTimeBarHeightDesign = 230;
+constexpr int kControlBarDesign = 56;
+constexpr int kButtonDesign = 44;
+
+const char* const kIcons[PlaybackWindow::ControlCount] = {
+    "images/playback-play.png",
+    "images/playback-stop.png",
+    "images/playback-slow.png",
+    "images/playback-fast.png",
+    "images/playback-frame.png",
+    "images/playback-back30.png",
+    "images/playback-forward30.png",
+    "images/prev.png",
+    "images/next.png",
+    "images/playback-fullscreen.png",
+    "images/playback-mute.png",
+    "images/playback-snapshot.png",
+    "images/playback-clip.png",
+    "images/playback-backup.png",
+};
+
+vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
+    if (ini.value(key).isEmpty())
+        return fallback;
+    const VyColor c = ini.color(key);
+    return c.isValid() ? c.argb() : fallback;
+}
+
+VyString speedText(int step) {
+    if (step >= 0)
+        return VyString::number(1 << step) + "x";
+    return VyString("1/") + VyString::number(1 << -step) + "x";
+}
+
+} // namespace
+
+PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
+    : VyWidget(parent, Window) {
+    const VyIniSettings ini(VyResources::path(kStyleFile));
+    const VyString s = VyString("Playback/");
+    m_background = colourOr(ini, s + "Background", m_background);
+    m_controlBar = colourOr(ini, s + "ControlBar/Background", m_controlBar);
+    m_controlBorder = colourOr(ini, s + "ControlBar/Border", m_controlBorder);
+
+    m_session = new PlaybackSession(this);
+    m_screen = new PlaybackScreen(this);
+    m_timeBar = new RecordTimeBar(this);
+    m_panel = new PlaybackSearchPanel(deviceChannels, this);
+    VyStyle* style = VyStyle::instance();
+    for (int c = 0; c < ControlCount; ++c) {
+        m_controls[c] = new VyPushButton(this);
+        m_controls[c]->setIcon(style->image(kIcons[c]));
+        connect(m_controls[c], &m_controls[c]->clicked, this,
+                VY_SLOT(PlaybackWindow, onControlClicked));
+    }
+    m_controls[Clip]->setCheckable(true);
+    m_speed = new VyLabel(speedText(0), this);
+    m_status = new VyLabel(this);
+    m_exportBar = new VyProgressBar(this);
+    m_exportBar->hide();
+    m_cancel = new VyPushButton(this);
+    m_cancel->setText(VyTranslation::tr(TextId::Playback::CancelExport));
+    m_cancel->hide();
+    connect(m_cancel, &m_cancel->clicked, this, VY_SLOT(PlaybackWindow, onCancelExport));
+
+    connect(m_timeBar, &m_timeBar->positionChosen, this, VY_SLOT(PlaybackWindow, onPositionChosen));
+    connect(m_timeBar, &m_timeBar->playRequested, this, VY_SLOT(PlaybackWindow, onPositionChosen));
+    connect(m_session, &m_session->daySearched, this, VY_SLOT(PlaybackWindow, onDaySearched));
+    connect(m_session, &m_session->monthSearched, this, VY_SLOT(PlaybackWindow, onMonthSearched));
+    connect(m_session, &m_session->progressed, this, VY_SLOT(PlaybackWindow, onProgressed));
+    connect(m_session, &m_session->exportChanged, this, VY_SLOT(PlaybackWindow, onExportChanged));
+    connect(m_panel, &m_panel->dateChosen, this, VY_SLOT(PlaybackWindow, onDateChosen));
+    connect(m_panel, &m_panel->searchRequested, this, VY_SLOT(PlaybackWindow, search));
+    connect(m_screen, &m_screen->cellSelected, this, VY_SLOT(PlaybackWindow, onCellSelected));
+    m_timeBar->setDateRange(m_panel->date());
+    m_screen->setChannels(m_panel->checkedChannels());
+    for (VyWidget* w : {static_cast<VyWidget*>(m_screen), static_cast<VyWidget*>(m_timeBar),
+                        static_cast<VyWidget*>(m_panel), static_cast<VyWidget*>(m_speed),
+                        static_cast<VyWidget*>(m_status)})
+        w->show();
+    for (VyPushButton* b : m_controls)
+        b->show();
+}
+
+PlaybackWindow::~PlaybackWindow() {
+    m_session->setReady(false);
+}
+
+void PlaybackWindow::open() {
+    if (VyApplication* app = VyApplication::instance()) {
+        if (VyScreen* screen = app->screen())
+            setGeometry(0, 0, screen->width(), screen->height());
+    }
+    m_session->setReady(true);
+    if (UiManager* manager = UiManager::instance())
+        manager->setPlaybackReceivers(m_session, nullptr);
+    show();
+    m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
+}
+
+void PlaybackWindow::closeWindow() {
+    if (m_session->isPlaying())
+        m_session->stop();
+    m_session->setReady(false);
+    hide();
+}
+
+void PlaybackWindow::instantPlayback(int channel, const VyDateTime& now) {
+    const VyDateTime from = now.addSecs(-kInstantSeconds);
+    for (int c = 0; c < PlaybackSearchPanel::kMaxChannels; ++c)
+        m_panel->setChannelChecked(c, c == channel);
+    m_panel->setDate(from.date());
+    search();
+    playFrom(from);
+}
+
+void PlaybackWindow::search() {
+    const std::vector<int> channels = m_panel->checkedChannels();
+    m_timeBar->setDateRange(m_panel->date());
+    m_screen->setChannels(channels);
+    m_audio.assign(m_screen->cellRects().size(), false);
+    m_session->searchDay(m_panel->date(), channels);
+    m_session->searchMonth(m_panel->date(), channels);
+}
+
+void PlaybackWindow::playFrom(const VyDateTime& time) {
+    std::vector<PlaybackSession::Cell> cells;
+    const std::vector<int>& channels = m_screen->channels();
+    const std::vector<VyRect> rects = m_screen->cellRects();
+    for (size_t i = 0; i < rects.size(); ++i) {
+        PlaybackSession::Cell cell;
+        cell.channel = i < channels.size() ? channels[i] : -1;
+        const VyPoint at = m_screen->mapToGlobal(VyPoint(rects[i].left, rects[i].top));
+        cell.rect = VyRect(at.x, at.y, rects[i].width(), rects[i].height());
+        cells.push_back(cell);
+    }
+    if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size())))))
+        m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-pause.png"));
+    updateSpeedText();
+}
+
+void PlaybackWindow::togglePlay() {
+    VyStyle* style = VyStyle::instance();
+    if (!m_session->isPlaying()) {
+        playFrom(m_timeBar->cursorTime());
+    } else if (m_session->isPaused()) {
+        m_session->resume();
+        m_controls[Play]->setIcon(style->image("images/playback-pause.png"));
+    } else {
+        m_session->pause();
+        m_controls[Play]->setIcon(style->image("images/playback-play.png"));
+    }
+}
+
+void PlaybackWindow::changeDay(int days) {
+    m_session->stop();
+    m_panel->setDate(m_panel->date().addDays(days));
+    search();
+}
+
+void PlaybackWindow::onControlClicked(VyObject* sender) {
+    int which = -1;
+    for (int c = 0; c < ControlCount; ++c) {
+        if (m_controls[c] == sender)
+            which = c;
+    }
+    switch (which) {
+    case Play:
+        togglePlay();
+        break;
+    case Stop:
+        m_session->stop();
+        m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-play.png"));
+        break;
+    case Slower:
+        m_session->setSpeed(m_session->speed() - 1);
+        break;
+    case Faster:
+        m_session->setSpeed(m_session->speed() + 1);
+        break;
+    case FrameStep:
+        m_session->frameStep();
+        break;
+    case Back30:
+        m_session->jump(-PlaybackSession::kJumpSeconds);
+        break;
+    case Forward30:
+        m_session->jump(PlaybackSession::kJumpSeconds);
+        break;
+    case PreviousDay:
+        changeDay(-1);
+        break;
+    case NextDay:
+        changeDay(1);
+        break;
+    case FullScreen:
+        m_fullScreen = !m_fullScreen;
+        layoutChildren();
+        update();
+        break;
+    case Audio: {
+        const int cell = m_screen->selectedCell();
+        if (cell >= 0 && cell < int(m_audio.size())) {
+            m_audio[size_t(cell)] = !m_audio[size_t(cell)];
+            m_session->setAudio(cell, m_audio[size_t(cell)]);
+            m_controls[Audio]->setIcon(VyStyle::instance()->image(
+                m_audio[size_t(cell)] ? "images/playback-audio.png" : "images/playback-mute.png"));
+        }
+        break;
+    }
+    case Snapshot: {
+        const int cell = m_screen->selectedCell();
+        const auto rects = m_screen->cellRects();
+        const auto& channels = m_screen->channels();
+        if (cell < 0 || cell >= int(rects.size()) || cell >= int(channels.size()))
+            break;
+        VyApplication* app = VyApplication::instance();
+        const VyPoint at =
+            m_screen->mapToGlobal(VyPoint(rects[size_t(cell)].left, rects[size_t(cell)].top));
+        const VyRect area(at.x, at.y, rects[size_t(cell)].width(), rects[size_t(cell)].height());
+        const VyBitmap picture = PlaybackSnapshot::grab(app ? app->screen() : nullptr, area);
+        m_lastSnapshot =
+            PlaybackSnapshot::save(picture, channels[size_t(cell)],
+                                   m_session->playbackTime().isValid() ? m_session->playbackTime()
+                                                                       : m_timeBar->cursorTime(),
+                                   m_snapshotDirectory);
+        break;
+    }
+    case Clip:
+        m_timeBar->setClipMode(m_controls[Clip]->isChecked());
+        break;
+    case Backup: {
+        const VyDateTime from = m_timeBar->clipStart(), to = m_timeBar->clipEnd();
+        if (!from.isValid() || !to.isValid() || !(from < to))
+            break;
+        const std::vector<int> channels = m_screen->channels();
+        const std::string name = std::string(from.toString("yyyyMMdd_hhmmss").c_str()) + "-" +
+                                 to.toString("hhmmss").c_str();
+        m_session->exportClip(from, to, channels, name);
+        break;
+    }
+    default:
+        break;
+    }
+    updateSpeedText();
+}
+
+bool PlaybackWindow::handleDeviceKey(int keyValue) {
+    struct KeyControl {
+        int key;
+        Control control;
+    };
+    static constexpr KeyControl kKeys[] = {
+        {39, Play},      {40, Stop},      {41, Slower},      {42, Faster},  {43, Back30},
+        {44, Forward30}, {79, FrameStep}, {80, PreviousDay}, {81, NextDay}, {82, Snapshot},
+    };
+    for (const KeyControl& k : kKeys) {
+        if (k.key == keyValue) {
+            onControlClicked(m_controls[k.control]);
+            return true;
+        }
+    }
+    return false;
+}
+
+void PlaybackWindow::updateSpeedText() {
+    m_speed->setText(speedText(m_session->speed()));
+}
+
+void PlaybackWindow::onPositionChosen() {
+    // In clip mode a press marks the clip; it does not move the playback.
+    if (m_timeBar->clipMode())
+        return;
+    if (m_session->isPlaying())
+        m_session->seek(m_timeBar->cursorTime());
+    else
+        playFrom(m_timeBar->cursorTime());
+}
+
+void PlaybackWindow::onDaySearched() {
+    m_timeBar->setChannels(m_session->results());
+}
+
+void PlaybackWindow::onMonthSearched() {
+    m_panel->setMarkedDays(m_session->markedMonth(), m_session->markedDays());
+}
+
+void PlaybackWindow::onProgressed() {
+    m_timeBar->setCursorTime(m_session->playbackTime());
+    m_screen->setTime(m_session->playbackTime());
+}
+
+void PlaybackWindow::onExportChanged() {
+    switch (m_session->exportState()) {
+    case PlaybackSession::ExportState::Running:
+        m_exportBar->show();
+        m_cancel->show();
+        m_exportBar->setValue(m_session->exportPercent());
+        m_status->setText(
+            VyTranslation::tr(TextId::Playback::Exporting).arg(m_session->exportPercent()));
+        break;
+    case PlaybackSession::ExportState::Done:
+        m_exportBar->hide();
+        m_cancel->hide();
+        m_status->setText(VyTranslation::tr(TextId::Playback::Exported));
+        break;
+    case PlaybackSession::ExportState::Failed: {
+        m_exportBar->hide();
+        m_cancel->hide();
+        const uint32_t why = m_session->exportFailure();
+        m_status->setText(VyTranslation::tr(
+            why == PlaybackStatus::kNoDevice  ? TextId::Playback::NoUsbDevice
+            : why == PlaybackStatus::kNoSpace ? TextId::Playback::UsbFull
+                                              : TextId::Playback::ExportCancelled));
+        break;
+    }
+    case PlaybackSession::ExportState::Idle:
+        break;
+    }
+}
+
+void PlaybackWindow::onDateChosen() {
+    m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
+}
+
+void PlaybackWindow::onCancelExport() {
+    m_session->cancelExport();
+}
+
+void PlaybackWindow::onCellSelected() {
+    const int cell = m_screen->selectedCell();
+    const auto& channels = m_screen->channels();
+    if (cell >= 0 && cell < int(channels.size()))
+        m_timeBar->selectChannel(channels[size_t(cell)]);
+}
+
+void PlaybackWindow::keyPressEvent(VyKeyEvent* e) {
+    if (e->key() == VyKeyEvent::KeyEscape) {
+        e->accept();
+        closeWindow();
+        return;
+    }
+    e->ignore();
+}
+
+void PlaybackWindow::resizeEvent(VyResizeEvent*) {
+    layoutChildren();
+}
+
+void PlaybackWindow::layoutChildren() {
+    const int panel = m_fullScreen ? 0 : UiLook::scaledX(kPanelWidthDesign);
+    const int bar = m_fullScreen ? 0 : UiLook::scaledY(kTimeBarHeightDesign);
+    const int controls = UiLook::scaledY(kControlBarDesign);
+    const int videoWidth = width() - panel;
+    const int videoHeight = std::max(0, height() - bar - controls);
+    m_screen->setGeometry(0, 0, videoWidth, videoHeight);
+    m_panel->setGeometry(videoWidth, 0, panel, height());
+    m_panel->setVisible(!m_fullScreen);
+    m_timeBar->setGeometry(0, height() - bar, videoWidth, bar);
+    m_timeBar->setVisible(!m_fullScreen);
+    const int button = UiLook::scaledY(kButtonDesign);
+    const int gap = UiLook::scaledX(6);
+    const int y = videoHeight + (controls - button) / 2;
+    int x = gap;
+    for (int c = 0; c < ControlCount; ++c) {
+        m_controls[c]->setGeometry(x, y, button, button);
+        x += button + gap;
+    }
+    m_speed->setGeometry(x, y, UiLook::scaledX(70), button);
+    x += UiLook::scaledX(70) + gap;
+    const int progress = UiLook::scaledX(220);
+    m_status->setGeometry(x, y, std::max(0, videoWidth - x - progress - button * 3 - gap * 3),
+                          button);
+    m_exportBar->setGeometry(videoWidth - progress - button * 3 - gap * 2, y + button / 4, progress,
+                             button / 2);
+    m_cancel->setGeometry(videoWidth - button * 3 - gap, y, button * 3, button);
+}
+
+void PlaybackWindow::paintEvent(VyPaintEvent*) {
+    VyCanvas* c = canvas();
+    c->fillRect(rect(), m_background);
+    const VyRect bar(0, m_screen->height(), m_screen->width(), UiLook::scaledY(kControlBarDesign));
+    c->fillRect(bar, m_controlBar);
+    c->drawLine(bar.left, bar.top, bar.right, bar.top, m_controlBorder);
+}

@@ -1,0 +1,112 @@
+#pragma once
+// The playback window: the split of playing cells, the player controls, the record time bar
+// under them and the search panel beside. It searches through its PlaybackSession and takes
+// App's answers only while it is open; a press on the time bar plays (or seeks) from there.
+//
+//     auto* w = new PlaybackWindow(channelCount);
+//     w->open();                      // full screen, month search of today
+//     w->instantPlayback(channel, t); // the live view's "last five minutes"
+#include "runtime/VyDateTime.h"
+#include "toolkit/core/VyWidget.h"
+
+#include <vector>
+
+class PlaybackScreen;
+class PlaybackSearchPanel;
+class PlaybackSession;
+class RecordTimeBar;
+class VyLabel;
+class VyProgressBar;
+class VyPushButton;
+
+class PlaybackWindow : public VyWidget {
+    VY_OBJECT(PlaybackWindow, VyWidget)
+public:
+    static constexpr const char* kStyleFile = "style/playback.ini";
+    static constexpr int kInstantSeconds = 300; // instant playback: the last five minutes
+    // The player's buttons, in the order of the control bar.
+    enum Control {
+        Play,
+        Stop,
+        Slower,
+        Faster,
+        FrameStep,
+        Back30,
+        Forward30,
+        PreviousDay,
+        NextDay,
+        FullScreen,
+        Audio,
+        Snapshot,
+        Clip,
+        Backup,
+        ControlCount
+    };
+
+    explicit PlaybackWindow(int deviceChannels, VyWidget* parent = nullptr);
+    ~PlaybackWindow() override;
+
+    // Shows the window over the whole screen, takes App's playback answers and marks the
+    // month of the shown day.
+    void open();
+    void closeWindow();
+    // Plays one channel from `now` minus kInstantSeconds, alone in the split.
+    void instantPlayback(int channel, const VyDateTime& now);
+    // Where snapshots are written (the USB stick's mount on a device).
+    void setSnapshotDirectory(const VyString& directory) { m_snapshotDirectory = directory; }
+    const VyString& lastSnapshot() const { return m_lastSnapshot; }
+
+    PlaybackSession* session() const { return m_session; }
+    RecordTimeBar* timeBar() const { return m_timeBar; }
+    PlaybackScreen* screen() const { return m_screen; }
+    PlaybackSearchPanel* searchPanel() const { return m_panel; }
+    VyPushButton* control(Control c) const { return m_controls[c]; }
+    VyProgressBar* exportProgress() const { return m_exportBar; }
+    VyPushButton* cancelButton() const { return m_cancel; }
+    VyLabel* statusLabel() const { return m_status; }
+    bool isFullScreenVideo() const { return m_fullScreen; }
+
+    void search();
+    void togglePlay();
+    // The device keys routed to playback (front panel and remote): true when the key is one
+    // of them. 39 play/pause, 40 stop, 41 slower, 42 faster, 43 back 30 s, 44 forward 30 s,
+    // 79 frame step, 80 previous day, 81 next day, 82 snapshot.
+    bool handleDeviceKey(int keyValue);
+
+protected:
+    void paintEvent(VyPaintEvent* e) override;
+    void resizeEvent(VyResizeEvent* e) override;
+    void keyPressEvent(VyKeyEvent* e) override;
+
+private:
+    void layoutChildren();
+    void onControlClicked(VyObject* sender);
+    void onPositionChosen();
+    void onDaySearched();
+    void onMonthSearched();
+    void onProgressed();
+    void onExportChanged();
+    void onDateChosen();
+    void onCancelExport();
+    void onCellSelected();
+    void changeDay(int days);
+    void playFrom(const VyDateTime& time);
+    void updateSpeedText();
+
+    PlaybackSession* m_session = nullptr;
+    PlaybackScreen* m_screen = nullptr;
+    RecordTimeBar* m_timeBar = nullptr;
+    PlaybackSearchPanel* m_panel = nullptr;
+    VyPushButton* m_controls[ControlCount] = {};
+    VyLabel* m_speed = nullptr;
+    VyLabel* m_status = nullptr;
+    VyProgressBar* m_exportBar = nullptr;
+    VyPushButton* m_cancel = nullptr;
+    std::vector<bool> m_audio; // per cell
+    bool m_fullScreen = false;
+    VyString m_snapshotDirectory = "/tmp";
+    VyString m_lastSnapshot;
+    vyargb m_background = 0xFF000000;
+    vyargb m_controlBar = 0xFF1C1E22;
+    vyargb m_controlBorder = 0xFF3C3F45;
+};

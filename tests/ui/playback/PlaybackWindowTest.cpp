@@ -1,0 +1,109 @@
+// The playback window's device keys and buttons turn into the record data model's messages,
+// and App's answers reach it only while it is open.
+#include "ui/playback/PlaybackWindow.h"
+#include "model/ModelTestSupport.h"
+#include "model/RecDataManager.h"
+#include "protocol/PlaybackControl.h"
+#include "protocol/PlaybackJump.h"
+#include "protocol/PlaybackStatus.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
+#include "ui/playback/PlaybackSearchPanel.h"
+#include "ui/playback/PlaybackSession.h"
+#include "ui/playback/RecordTimeBar.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+class PlaybackWindowTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        VyResources::setRoot(VY_RESOURCES_DIR);
+        VyApplication::setDisplayDevice("mem:1280x720");
+        app = std::make_unique<VyApplication>();
+        app->screen()->cursor()->hide();
+        info.channelCount = 8;
+        RecorderLink::setInstance(&link);
+        records = std::make_unique<RecDataManager>(info);
+        window = std::make_unique<PlaybackWindow>(8);
+        window->open();
+    }
+    void TearDown() override {
+        window.reset();
+        records.reset();
+        RecorderLink::setInstance(nullptr);
+        app.reset();
+    }
+    // Delivers an App notice to the session as the UI manager forwards it.
+    void notice(uint16_t sub, const void* body, uint32_t len) {
+        auto e = makeIpcEvent(300, sub, 0, body, len);
+        VyApplication::sendEvent(window->session(), e.get());
+    }
+
+    std::unique_ptr<VyApplication> app;
+    SystemInfoRecord info{};
+    FakeRecorderLink link;
+    std::unique_ptr<RecDataManager> records;
+    std::unique_ptr<PlaybackWindow> window;
+};
+
+TEST_F(PlaybackWindowTest, DeviceKeysReachThePlayerOperations) {
+    EXPECT_FALSE(window->handleDeviceKey(38));
+    EXPECT_FALSE(window->handleDeviceKey(83));
+    ASSERT_TRUE(window->handleDeviceKey(39)); // play from the cursor
+    ASSERT_EQ(link.sentOf(300, 0).size(), 1u);
+    ASSERT_EQ(link.sentOf(300, 3).size(), 1u);
+    struct Case {
+        int key;
+        uint16_t sub;
+        int32_t word0; // action or seconds
+        int32_t word1; // value
+    } cases[] = {
+        {42, 6, int32_t(PlaybackControl::kSpeed), 1},
+        {42, 6, int32_t(PlaybackControl::kSpeed), 2},
+        {41, 6, int32_t(PlaybackControl::kSpeed), 1},
+        {43, 8, -30, -1},
+        {44, 8, 30, -1},
+        {79, 6, int32_t(PlaybackControl::kFrameStep), 1},
+        {39, 6, int32_t(PlaybackControl::kResume), 0},
+        {39, 6, int32_t(PlaybackControl::kPause), 0},
+    };
+    for (const Case& c : cases) {
+        link.sent.clear();
+        ASSERT_TRUE(window->handleDeviceKey(c.key)) << c.key;
+        ASSERT_EQ(link.sent.size(), 1u) << c.key;
+        const SentMessage& m = link.sent[0];
+        EXPECT_EQ(m.subType, c.sub) << c.key;
+        int32_t words[2];
+        std::memcpy(words, m.body.data(), sizeof words);
+        EXPECT_EQ(words[0], c.word0) << c.key;
+        EXPECT_EQ(words[1], c.word1) << c.key;
+    }
+    link.sent.clear();
+    window->handleDeviceKey(40); // stop
+    EXPECT_EQ(link.sentOf(300, 3).size(), 1u);
+    EXPECT_FALSE(window->session()->isPlaying());
+    window->handleDeviceKey(81); // next day: a new day search
+    EXPECT_EQ(window->searchPanel()->date(), VyDate::currentDate().addDays(1));
+    EXPECT_EQ(link.sentOf(300, 28).size(), 1u);
+}
+
+TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
+    const VyDateTime from(VyDate::currentDate(), VyTime(9, 0));
+    window->timeBar()->setCursorTime(from);
+    window->togglePlay();
+    PlaybackStatus st;
+    st.time = RecDataManager::pack(from.addSecs(42));
+    notice(14, &st, sizeof st);
+    EXPECT_EQ(window->timeBar()->cursorTime(), from.addSecs(42));
+    notice(14, &st, 12); // short: dropped
+    EXPECT_EQ(window->session()->progressCount(), 1);
+    window->closeWindow();
+    EXPECT_FALSE(window->session()->readyForRecorderMessages());
+}
+
+} // namespace
