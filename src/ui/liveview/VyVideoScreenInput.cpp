@@ -130,11 +130,12 @@ void VyVideoScreen::cellReleased(int button, Video* cell, VyPoint) {
             showToolBar(mcell);
         return;
     }
+    // A fisheye view keeps the bar; otherwise it needs a known camera channel that has one.
     const ChannelState& s = mcell->channelState();
-    if (keepsToolBar(s))
-        showToolBar(mcell);
-    else if (!mcell->hasChannelInfo() || s.kind != ChannelStateNotice::kKindCamera ||
-             mcell->noToolBar())
+    const bool hide =
+        !keepsToolBar(s) && (!mcell->hasChannelInfo() ||
+                             s.kind != ChannelStateNotice::kKindCamera || mcell->noToolBar());
+    if (hide)
         hideToolBar();
     else
         showToolBar(mcell);
