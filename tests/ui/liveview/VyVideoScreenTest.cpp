@@ -246,3 +246,22 @@ TEST_F(VyVideoScreenTest, DeviceStateShowsTheUsbStickOnTheTaskBar) {
     EXPECT_TRUE(window->taskBar()->rect().contains(stick->geometry()));
     EXPECT_FALSE(window->taskBar()->button(MainViewTaskBar::Alarm)->isVisible());
 }
+
+TEST_F(VyVideoScreenTest, AFloodOfAlarmNoticesIsOneRepaint) {
+    open(16);
+    screen()->setLayout(kLayout16);
+    settle();
+    const int flushes = app()->screen()->flushCount();
+    for (int i = 0; i < 200; ++i) {
+        ChannelStateNotice n;
+        n.channel = uint8_t(i % 16);
+        n.flags = ChannelStateNotice::kCamera | (i % 2 ? ChannelStateNotice::kMotion : 0u);
+        uint8_t body[ChannelStateNotice::kSize];
+        n.encode(body);
+        manager->applyChannelState(body, sizeof body);
+    }
+    settle();
+    EXPECT_EQ(app()->screen()->flushCount(), flushes + 1);
+    EXPECT_EQ(screen()->cellOfChannel(15)->channelState().flags,
+              ChannelStateNotice::kCamera | ChannelStateNotice::kMotion);
+}
