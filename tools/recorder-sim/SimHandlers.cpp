@@ -1,6 +1,7 @@
 #include "SimHandlers.h"
 
 #include "SimCommands.h"
+#include "SimLiveView.h"
 #include "SimPlayback.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
@@ -29,6 +30,13 @@ void registerDefaultHandlers(SimServer& server) {
         config.storePath = store;
     static SimRecorder* recorder = new SimRecorder(config);
     recorder->attach(server);
+    // The live view: its messages, console commands and the video plane ($VY_VIDEO_PLANE).
+    static SimLiveView* liveView = new SimLiveView(*recorder, config);
+    liveView->attach(server);
+    SimCommands::addExtension(
+        [](const std::vector<std::string>& w) { return liveView->runCommand(w); });
+    if (const char* plane = std::getenv("VY_VIDEO_PLANE"); plane && *plane)
+        liveView->startVideoPlane(plane);
     static SimPlayback* playback = new SimPlayback(config);
     playback->attach(server);
     playback->startTicking(SimPlayback::kTickMs);

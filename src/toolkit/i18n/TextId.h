@@ -43,6 +43,15 @@ namespace LiveView {
 constexpr uint32_t SplitLayout = 103508;   // %1 Split
 constexpr uint32_t ChannelName = 103509;   // Channel %1
 constexpr uint32_t SnapshotSaved = 103510; // Snapshot saved
+constexpr uint32_t MenuSearch = 103511;    // Search
+constexpr uint32_t MenuBackup = 103512;    // Backup
+constexpr uint32_t MenuSettings = 103513;  // Settings
+constexpr uint32_t MenuLock = 103514;      // Lock Screen
+constexpr uint32_t MenuShutdown = 103515;  // Shut Down
+constexpr uint32_t SecondsUnit = 103516;   // s
+constexpr uint32_t MinutesUnit = 103517;   // min
+constexpr uint32_t SequenceOff = 103518;   // Sequence Off
+constexpr uint32_t Sequence = 103519;      // Sequence
 } // namespace LiveView
 namespace Playback {
 constexpr uint32_t Search = 104001;          // Search
@@ -239,6 +248,15 @@ constexpr uint32_t kAll[] = {
     LiveView::SplitLayout,
     LiveView::ChannelName,
     LiveView::SnapshotSaved,
+    LiveView::MenuSearch,
+    LiveView::MenuBackup,
+    LiveView::MenuSettings,
+    LiveView::MenuLock,
+    LiveView::MenuShutdown,
+    LiveView::SecondsUnit,
+    LiveView::MinutesUnit,
+    LiveView::SequenceOff,
+    LiveView::Sequence,
     Playback::Search,
     Playback::Exporting,
     Playback::Exported,

@@ -3,7 +3,9 @@
 #include "platform/display/sdl/VySdlLibrary.h"
 
 #include "platform/display/VyWindowFit.h"
+
 #include "runtime/VyLog.h"
+#include <algorithm>
 
 namespace {
 
@@ -76,6 +78,11 @@ bool VySdlBackend::open() {
     m_sdl->ShowCursor(SDL_DISABLE);
     m_memory.assign(static_cast<size_t>(m_width) * m_height, 0);
     m_pixels = reinterpret_cast<uint8_t*>(m_memory.data());
+    m_planePath = VyVideoPlane::configuredPath();
+    if (!m_planePath.isEmpty()) {
+        m_guiCopy.assign(m_memory.size(), 0);
+        m_composed.assign(m_memory.size(), 0);
+    }
     present(nullptr, 0);
     return true;
 }
@@ -84,6 +91,16 @@ void VySdlBackend::present(const VyRect* rects, int count) {
     if (!m_texture)
         return;
     const int pitch = lineLength();
+    if (!m_planePath.isEmpty()) {
+        const VyRect all(0, 0, m_width, m_height);
+        if (count <= 0)
+            uploadComposed(all);
+        for (int i = 0; i < count; ++i)
+            uploadComposed(rects[i].intersected(all));
+        render();
+        ++m_presentCount;
+        return;
+    }
     if (count <= 0) {
         m_sdl->UpdateTexture(m_texture, nullptr, m_pixels, pitch);
     } else {
@@ -98,6 +115,38 @@ void VySdlBackend::present(const VyRect* rects, int count) {
     }
     render();
     ++m_presentCount;
+}
+
+void VySdlBackend::uploadComposed(const VyRect& r) {
+    if (r.isEmpty())
+        return;
+    const auto* gui = reinterpret_cast<const uint16_t*>(m_pixels);
+    for (int y = r.top; y <= r.bottom; ++y) {
+        const size_t at = static_cast<size_t>(y) * m_width + r.left;
+        std::copy(gui + at, gui + at + r.width(), m_guiCopy.begin() + long(at));
+        VyVideoPlane::composeRow(m_guiCopy.data() + at,
+                                 m_plane.isOpen() ? m_plane.pixels() + at : nullptr,
+                                 m_composed.data() + at, r.width());
+    }
+    const SDL_Rect area = {r.left, r.top, r.width(), r.height()};
+    SDL_UpdateTexture(m_texture, &area,
+                      m_composed.data() + static_cast<size_t>(r.top) * m_width + r.left,
+                      m_width * 2);
+}
+
+void VySdlBackend::refreshVideo() {
+    const uint32_t now = SDL_GetTicks();
+    if (m_planePath.isEmpty() || !m_texture || now - m_lastVideoTick < VyVideoPlane::kRefreshMs)
+        return;
+    m_lastVideoTick = now;
+    if (!m_plane.isOpen() && !m_plane.open(m_planePath, m_width, m_height))
+        return;
+    // The interface pixels come from the copy taken at the last present: the framebuffer
+    // itself may only be read under the screen's mutex.
+    VyVideoPlane::composeRow(m_guiCopy.data(), m_plane.pixels(), m_composed.data(),
+                             m_width * m_height);
+    SDL_UpdateTexture(m_texture, nullptr, m_composed.data(), m_width * 2);
+    render();
 }
 
 void VySdlBackend::render() {
@@ -115,6 +164,7 @@ void VySdlBackend::render() {
 void VySdlBackend::pumpEvents() {
     if (!m_window)
         return;
+    refreshVideo();
     SDL_Event event;
     int w = 0;
     int h = 0;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/display/VyDisplayBackend.h"
+#include "platform/display/VyVideoPlane.h"
 
 struct SDL_Window;
 struct SDL_Renderer;
@@ -37,6 +38,10 @@ public:
 
 private:
     void render();
+    // With a video plane: the interface pixels of the rectangle over the plane's, into the
+    // texture. Both buffers belong to the GUI thread (present and pumpEvents run there).
+    void uploadComposed(const VyRect& r);
+    void refreshVideo();
 
     int m_width;
     int m_height;
@@ -50,4 +55,9 @@ private:
     int m_presentCount = 0;
     bool m_closeRequested = false;
     int m_buttons = 0;
+    VyString m_planePath;
+    VyVideoPlane m_plane;
+    std::vector<uint16_t> m_guiCopy;  // the interface pixels last presented
+    std::vector<uint16_t> m_composed; // the picture shown
+    uint32_t m_lastVideoTick = 0;
 };
