@@ -54,6 +54,18 @@ bool PlaybackSession::searchDay(const VyDate& day, const std::vector<int>& chann
     return true;
 }
 
+bool PlaybackSession::searchMotion(int channel, const VyDate& day,
+                                   const std::vector<uint8_t>& area) {
+    RecDataManager* m = model();
+    if (m == nullptr || !day.isValid() ||
+        !m->searchDayMotionInfo(channel, VyDateTime(day), VyDateTime(day.addDays(1)), area))
+        return false;
+    m_day = day;
+    m_asked = {channel};
+    m_results.clear();
+    return true;
+}
+
 bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& from,
                            uint32_t layoutId) {
     RecDataManager* m = model();

@@ -32,6 +32,9 @@ public:
     bool isDayMarked(const VyDate& day) const;
     // The segments of these channels on `day`; answers replace the results channel by channel.
     bool searchDay(const VyDate& day, const std::vector<int>& channels);
+    // The motion events of one channel's day inside the area (MotionSearchPanel::areaFlags);
+    // they replace the results like a day search of that channel alone.
+    bool searchMotion(int channel, const VyDate& day, const std::vector<uint8_t>& area);
     const VyDate& searchedDay() const { return m_day; }
     const std::vector<RecordChannel>& results() const { return m_results; }
 

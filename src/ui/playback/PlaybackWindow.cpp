@@ -16,6 +16,7 @@
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
+#include "ui/playback/MotionSearchPanel.h"
 #include "ui/playback/PlaybackScreen.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
@@ -48,6 +49,7 @@ const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-snapshot.png",
     "images/playback-clip.png",
     "images/playback-backup.png",
+    "images/playback-motion.png",
 };
 
 vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
@@ -77,6 +79,8 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     m_screen = new PlaybackScreen(this);
     m_timeBar = new RecordTimeBar(this);
     m_panel = new PlaybackSearchPanel(deviceChannels, this);
+    m_motion = new MotionSearchPanel(this);
+    connect(m_motion, &m_motion->searchRequested, this, VY_SLOT(PlaybackWindow, onMotionSearch));
     VyStyle* style = VyStyle::instance();
     for (int c = 0; c < ControlCount; ++c) {
         m_controls[c] = new VyPushButton(this);
@@ -85,6 +89,7 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
                 VY_SLOT(PlaybackWindow, onControlClicked));
     }
     m_controls[Clip]->setCheckable(true);
+    m_controls[MotionSearch]->setCheckable(true);
     m_speed = new VyLabel(speedText(0), this);
     m_status = new VyLabel(this);
     m_exportBar = new VyProgressBar(this);
@@ -260,6 +265,24 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
     case Clip:
         m_timeBar->setClipMode(m_controls[Clip]->isChecked());
         break;
+    case MotionSearch: {
+        const int cell = m_screen->selectedCell();
+        const auto& channels = m_screen->channels();
+        if (m_controls[MotionSearch]->isChecked() && cell >= 0 && cell < int(channels.size())) {
+            const auto rects = m_screen->cellRects();
+            const VyPoint at =
+                m_screen->mapToGlobal(VyPoint(rects[size_t(cell)].left, rects[size_t(cell)].top));
+            VyApplication* app = VyApplication::instance();
+            m_motion->setChannel(channels[size_t(cell)]);
+            m_motion->setPicture(PlaybackSnapshot::grab(
+                app ? app->screen() : nullptr,
+                VyRect(at.x, at.y, rects[size_t(cell)].width(), rects[size_t(cell)].height())));
+        } else {
+            m_controls[MotionSearch]->setChecked(false);
+        }
+        layoutChildren();
+        break;
+    }
     case Backup: {
         const VyDateTime from = m_timeBar->clipStart(), to = m_timeBar->clipEnd();
         if (!from.isValid() || !to.isValid() || !(from < to))
@@ -354,6 +377,10 @@ void PlaybackWindow::onDateChosen() {
     m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
 }
 
+void PlaybackWindow::onMotionSearch() {
+    m_session->searchMotion(m_motion->channel(), m_panel->date(), m_motion->areaFlags());
+}
+
 void PlaybackWindow::onCancelExport() {
     m_session->cancelExport();
 }
@@ -385,8 +412,11 @@ void PlaybackWindow::layoutChildren() {
     const int videoWidth = width() - panel;
     const int videoHeight = std::max(0, height() - bar - controls);
     m_screen->setGeometry(0, 0, videoWidth, videoHeight);
+    const bool motion = m_controls[MotionSearch]->isChecked();
     m_panel->setGeometry(videoWidth, 0, panel, height());
-    m_panel->setVisible(!m_fullScreen);
+    m_panel->setVisible(!m_fullScreen && !motion);
+    m_motion->setGeometry(videoWidth, 0, panel, panel * 9 / 16 + UiLook::scaledY(80));
+    m_motion->setVisible(!m_fullScreen && motion);
     m_timeBar->setGeometry(0, height() - bar, videoWidth, bar);
     m_timeBar->setVisible(!m_fullScreen);
     const int button = UiLook::scaledY(kButtonDesign);

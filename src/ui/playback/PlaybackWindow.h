@@ -11,6 +11,7 @@
 
 #include <vector>
 
+class MotionSearchPanel;
 class PlaybackScreen;
 class PlaybackSearchPanel;
 class PlaybackSession;
@@ -40,6 +41,7 @@ public:
         Snapshot,
         Clip,
         Backup,
+        MotionSearch,
         ControlCount
     };
 
@@ -60,6 +62,7 @@ public:
     RecordTimeBar* timeBar() const { return m_timeBar; }
     PlaybackScreen* screen() const { return m_screen; }
     PlaybackSearchPanel* searchPanel() const { return m_panel; }
+    MotionSearchPanel* motionPanel() const { return m_motion; }
     VyPushButton* control(Control c) const { return m_controls[c]; }
     VyProgressBar* exportProgress() const { return m_exportBar; }
     VyPushButton* cancelButton() const { return m_cancel; }
@@ -89,6 +92,7 @@ private:
     void onDateChosen();
     void onCancelExport();
     void onCellSelected();
+    void onMotionSearch();
     void changeDay(int days);
     void playFrom(const VyDateTime& time);
     void updateSpeedText();
@@ -97,6 +101,7 @@ private:
     PlaybackScreen* m_screen = nullptr;
     RecordTimeBar* m_timeBar = nullptr;
     PlaybackSearchPanel* m_panel = nullptr;
+    MotionSearchPanel* m_motion = nullptr; // shown instead of the search panel
     VyPushButton* m_controls[ControlCount] = {};
     VyLabel* m_speed = nullptr;
     VyLabel* m_status = nullptr;

@@ -9,6 +9,9 @@
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "ui/playback/MotionSearchPanel.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
 #include "ui/playback/RecordTimeBar.h"
@@ -90,6 +93,35 @@ TEST_F(PlaybackWindowTest, DeviceKeysReachThePlayerOperations) {
     window->handleDeviceKey(81); // next day: a new day search
     EXPECT_EQ(window->searchPanel()->date(), VyDate::currentDate().addDays(1));
     EXPECT_EQ(link.sentOf(300, 28).size(), 1u);
+}
+
+TEST_F(PlaybackWindowTest, MotionSearchSendsTheCellsMarkedByPressAndDrag) {
+    window->control(PlaybackWindow::MotionSearch)->click();
+    MotionSearchPanel* panel = window->motionPanel();
+    ASSERT_TRUE(panel->isVisible());
+    auto mouse = [&](int type, int column, int row, uint8_t buttons) {
+        const VyRect r = panel->cellRect(column, row);
+        const VyPoint p(r.left + r.width() / 2, r.top + r.height() / 2);
+        VyMouseEvent e(type, p, p, type == VyEvent::MouseMove ? 0 : VyMouseEvent::LeftButton,
+                       buttons);
+        VyApplication::sendEvent(panel, &e);
+    };
+    // Everything is marked at first: a press clears a cell, the drag clears what it crosses.
+    mouse(VyEvent::MouseButtonPress, 0, 0, 1);
+    mouse(VyEvent::MouseMove, 3, 0, 1);
+    mouse(VyEvent::MouseMove, 3, 21, 1);
+    mouse(VyEvent::MouseButtonRelease, 3, 21, 0);
+    link.sent.clear();
+    panel->searchButton()->click();
+    const auto sent = link.sentOf(300, 13);
+    ASSERT_EQ(sent.size(), 1u);
+    ASSERT_EQ(sent[0]->body.size(), 112u);
+    for (int row = 0; row < 22; ++row) {
+        uint32_t word;
+        std::memcpy(&word, sent[0]->body.data() + 24 + 4 * row, 4);
+        const uint32_t expected = row == 0 ? 0x3FFFF0u : 0x3FFFF7u;
+        EXPECT_EQ(word, expected) << row;
+    }
 }
 
 TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
