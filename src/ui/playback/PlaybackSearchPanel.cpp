@@ -117,6 +117,13 @@ VyRect PlaybackSearchPanel::dayRect(int day) const {
     return VyRect(grid.left + cell % 7 * w, grid.top + cell / 7 * h, w, h);
 }
 
+int PlaybackSearchPanel::contentHeight() const {
+    const int pad = UiLook::scaledX(kPadDesign);
+    const int row = UiLook::scaledY(kRowDesign);
+    const int channelRows = int((m_channels.size() + 3) / 4);
+    return pad + row + 6 * row + pad + channelRows * row + pad + row + 4 + pad;
+}
+
 void PlaybackSearchPanel::resizeEvent(VyResizeEvent*) {
     const int pad = UiLook::scaledX(kPadDesign);
     const int row = UiLook::scaledY(kRowDesign);

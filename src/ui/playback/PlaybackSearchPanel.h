@@ -28,6 +28,8 @@ public:
     // The rectangle of a day of the shown month in the grid (widget coordinates).
     VyRect dayRect(int day) const;
     VyPushButton* searchButton() const { return m_search; }
+    // The height its month, channels and button need.
+    int contentHeight() const;
 
     VySignal dateChosen;      // a day of the grid or a month arrow (date())
     VySignal searchRequested; // the search button

@@ -17,6 +17,7 @@
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
 #include "ui/playback/MotionSearchPanel.h"
+#include "ui/playback/PlaybackDetailsPanel.h"
 #include "ui/playback/PlaybackScreen.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
@@ -80,6 +81,9 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     m_timeBar = new RecordTimeBar(this);
     m_panel = new PlaybackSearchPanel(deviceChannels, this);
     m_motion = new MotionSearchPanel(this);
+    m_details = new PlaybackDetailsPanel(this);
+    connect(m_details, &m_details->segmentChosen, this, VY_SLOT(PlaybackWindow, onSegmentChosen));
+    connect(m_timeBar, &m_timeBar->channelSelected, this, VY_SLOT(PlaybackWindow, onRowSelected));
     connect(m_motion, &m_motion->searchRequested, this, VY_SLOT(PlaybackWindow, onMotionSearch));
     VyStyle* style = VyStyle::instance();
     for (int c = 0; c < ControlCount; ++c) {
@@ -332,7 +336,29 @@ void PlaybackWindow::onPositionChosen() {
 }
 
 void PlaybackWindow::onDaySearched() {
+    const int row = std::max(0, m_timeBar->selectedRow());
     m_timeBar->setChannels(m_session->results());
+    if (row < int(m_session->results().size()))
+        m_timeBar->selectChannel(m_session->results()[size_t(row)].channel);
+    onRowSelected();
+}
+
+void PlaybackWindow::onRowSelected() {
+    const int row = m_timeBar->selectedRow();
+    const auto& channels = m_timeBar->channels();
+    m_details->setChannel(row >= 0 && row < int(channels.size()) ? channels[size_t(row)]
+                                                                 : RecordChannel());
+}
+
+void PlaybackWindow::onSegmentChosen() {
+    const RecordSegment* s = m_details->selectedSegment();
+    if (s == nullptr)
+        return;
+    m_timeBar->setCursorTime(s->start);
+    if (m_session->isPlaying())
+        m_session->seek(s->start);
+    else
+        playFrom(s->start);
 }
 
 void PlaybackWindow::onMonthSearched() {
@@ -413,10 +439,13 @@ void PlaybackWindow::layoutChildren() {
     const int videoHeight = std::max(0, height() - bar - controls);
     m_screen->setGeometry(0, 0, videoWidth, videoHeight);
     const bool motion = m_controls[MotionSearch]->isChecked();
-    m_panel->setGeometry(videoWidth, 0, panel, height());
     m_panel->setVisible(!m_fullScreen && !motion);
     m_motion->setGeometry(videoWidth, 0, panel, panel * 9 / 16 + UiLook::scaledY(80));
     m_motion->setVisible(!m_fullScreen && motion);
+    const int top = motion ? m_motion->height() : std::min(height(), m_panel->contentHeight());
+    m_panel->setGeometry(videoWidth, 0, panel, top);
+    m_details->setGeometry(videoWidth, top, panel, std::max(0, height() - top));
+    m_details->setVisible(!m_fullScreen);
     m_timeBar->setGeometry(0, height() - bar, videoWidth, bar);
     m_timeBar->setVisible(!m_fullScreen);
     const int button = UiLook::scaledY(kButtonDesign);

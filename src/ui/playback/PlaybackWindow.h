@@ -12,6 +12,7 @@
 #include <vector>
 
 class MotionSearchPanel;
+class PlaybackDetailsPanel;
 class PlaybackScreen;
 class PlaybackSearchPanel;
 class PlaybackSession;
@@ -63,6 +64,7 @@ public:
     PlaybackScreen* screen() const { return m_screen; }
     PlaybackSearchPanel* searchPanel() const { return m_panel; }
     MotionSearchPanel* motionPanel() const { return m_motion; }
+    PlaybackDetailsPanel* detailsPanel() const { return m_details; }
     VyPushButton* control(Control c) const { return m_controls[c]; }
     VyProgressBar* exportProgress() const { return m_exportBar; }
     VyPushButton* cancelButton() const { return m_cancel; }
@@ -93,6 +95,8 @@ private:
     void onCancelExport();
     void onCellSelected();
     void onMotionSearch();
+    void onRowSelected();
+    void onSegmentChosen();
     void changeDay(int days);
     void playFrom(const VyDateTime& time);
     void updateSpeedText();
@@ -102,6 +106,7 @@ private:
     RecordTimeBar* m_timeBar = nullptr;
     PlaybackSearchPanel* m_panel = nullptr;
     MotionSearchPanel* m_motion = nullptr; // shown instead of the search panel
+    PlaybackDetailsPanel* m_details = nullptr;
     VyPushButton* m_controls[ControlCount] = {};
     VyLabel* m_speed = nullptr;
     VyLabel* m_status = nullptr;

@@ -3,6 +3,8 @@
 #include "ui/playback/PlaybackWindow.h"
 #include "model/ModelTestSupport.h"
 #include "model/RecDataManager.h"
+#include "protocol/DaySearchResult.h"
+#include "protocol/PlaybackCommand.h"
 #include "protocol/PlaybackControl.h"
 #include "protocol/PlaybackJump.h"
 #include "protocol/PlaybackStatus.h"
@@ -12,6 +14,7 @@
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/playback/MotionSearchPanel.h"
+#include "ui/playback/PlaybackDetailsPanel.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
 #include "ui/playback/RecordTimeBar.h"
@@ -122,6 +125,39 @@ TEST_F(PlaybackWindowTest, MotionSearchSendsTheCellsMarkedByPressAndDrag) {
         const uint32_t expected = row == 0 ? 0x3FFFF0u : 0x3FFFF7u;
         EXPECT_EQ(word, expected) << row;
     }
+}
+
+TEST_F(PlaybackWindowTest, DayAnswersFillTheBarAndDetailsAndAChosenSegmentPlays) {
+    window->search();
+    const VyDate today = VyDate::currentDate();
+    std::vector<uint8_t> body(16 + 2 * 16);
+    DaySearchResult head;
+    head.channel = 1;
+    head.segmentCount = 2;
+    head.day = RecDataManager::pack(VyDateTime(today));
+    const RecordSegmentEntry entries[2] = {{3600, 7200, 1, 0}, {36000, 36600, 2, 0}};
+    std::memcpy(body.data(), &head, sizeof head);
+    std::memcpy(body.data() + 16, entries, sizeof entries);
+    notice(3, body.data(), uint32_t(body.size()));
+    head.channel = 7; // not asked for: dropped
+    std::memcpy(body.data(), &head, sizeof head);
+    notice(3, body.data(), uint32_t(body.size()));
+    ASSERT_EQ(window->timeBar()->channels().size(), 1u);
+    PlaybackDetailsPanel* details = window->detailsPanel();
+    ASSERT_EQ(details->channel().segments.size(), 2u);
+
+    link.sent.clear();
+    const VyRect row = details->rowRect(1);
+    ASSERT_FALSE(row.isEmpty());
+    VyMouseEvent press(VyEvent::MouseButtonPress, VyPoint(row.left + 5, row.top + 2), VyPoint(0, 0),
+                       VyMouseEvent::LeftButton, 1);
+    VyApplication::sendEvent(details, &press);
+    const auto play = link.sentOf(300, 3);
+    ASSERT_EQ(play.size(), 1u);
+    PlaybackCommand cmd;
+    std::memcpy(&cmd, play[0]->body.data(), sizeof cmd);
+    EXPECT_EQ(RecDataManager::unpack(cmd.start), VyDateTime(today, VyTime(10, 0)));
+    EXPECT_EQ(window->timeBar()->cursorTime(), VyDateTime(today, VyTime(10, 0)));
 }
 
 TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
