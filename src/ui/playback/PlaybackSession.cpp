@@ -67,7 +67,7 @@ bool PlaybackSession::searchMotion(int channel, const VyDate& day,
 }
 
 bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& from,
-                           uint32_t layoutId) {
+                           uint32_t layoutId, const VyDateTime& to) {
     RecDataManager* m = model();
     if (m == nullptr || !from.isValid())
         return false;
@@ -87,9 +87,8 @@ bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& fro
         if (c.channel >= 0)
             m_channels.push_back(c.channel);
     }
-    // Playback runs to the end of the day it starts in.
     r.start = from;
-    r.end = VyDateTime(from.date().addDays(1));
+    r.end = to.isValid() && from < to ? to : VyDateTime(from.date().addDays(1));
     r.speed = 0;
     if (!m->play(r))
         return false;

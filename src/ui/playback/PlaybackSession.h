@@ -43,7 +43,9 @@ public:
         int channel = -1;
         VyRect rect; // pixels of the output
     };
-    bool play(const std::vector<Cell>& cells, const VyDateTime& from, uint32_t layoutId = 0);
+    // Plays to `to`, or to the end of the day it starts in when `to` is invalid.
+    bool play(const std::vector<Cell>& cells, const VyDateTime& from, uint32_t layoutId = 0,
+              const VyDateTime& to = VyDateTime());
     bool stop();
     bool pause();
     bool resume();

@@ -151,7 +151,7 @@ void PlaybackWindow::instantPlayback(int channel, const VyDateTime& now) {
         m_panel->setChannelChecked(c, c == channel);
     m_panel->setDate(from.date());
     search();
-    playFrom(from);
+    playFrom(from, now);
 }
 
 void PlaybackWindow::search() {
@@ -163,7 +163,7 @@ void PlaybackWindow::search() {
     m_session->searchMonth(m_panel->date(), channels);
 }
 
-void PlaybackWindow::playFrom(const VyDateTime& time) {
+void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
     std::vector<PlaybackSession::Cell> cells;
     const std::vector<int>& channels = m_screen->channels();
     const std::vector<VyRect> rects = m_screen->cellRects();
@@ -174,7 +174,8 @@ void PlaybackWindow::playFrom(const VyDateTime& time) {
         cell.rect = VyRect(at.x, at.y, rects[i].width(), rects[i].height());
         cells.push_back(cell);
     }
-    if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size())))))
+    if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size()))),
+                        to))
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-pause.png"));
     updateSpeedText();
 }

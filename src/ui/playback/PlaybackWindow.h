@@ -98,7 +98,7 @@ private:
     void onRowSelected();
     void onSegmentChosen();
     void changeDay(int days);
-    void playFrom(const VyDateTime& time);
+    void playFrom(const VyDateTime& time, const VyDateTime& to = VyDateTime());
     void updateSpeedText();
 
     PlaybackSession* m_session = nullptr;

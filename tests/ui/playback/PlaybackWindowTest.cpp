@@ -160,6 +160,22 @@ TEST_F(PlaybackWindowTest, DayAnswersFillTheBarAndDetailsAndAChosenSegmentPlays)
     EXPECT_EQ(window->timeBar()->cursorTime(), VyDateTime(today, VyTime(10, 0)));
 }
 
+TEST_F(PlaybackWindowTest, InstantPlaybackPlaysTheLastFiveMinutesOfOneChannel) {
+    // Just after midnight the five minutes begin the day before, which is searched.
+    const VyDateTime now(VyDate(2026, 3, 15), VyTime(0, 2, 0));
+    window->instantPlayback(5, now);
+    EXPECT_EQ(window->searchPanel()->checkedChannels(), std::vector<int>{5});
+    EXPECT_EQ(window->searchPanel()->date(), VyDate(2026, 3, 14));
+    const auto play = link.sentOf(300, 3);
+    ASSERT_EQ(play.size(), 1u);
+    PlaybackCommand cmd;
+    std::memcpy(&cmd, play[0]->body.data(), sizeof cmd);
+    EXPECT_EQ(cmd.windowCount, 1u);
+    EXPECT_EQ(cmd.windowChannels[0], 5);
+    EXPECT_EQ(RecDataManager::unpack(cmd.start), VyDateTime(VyDate(2026, 3, 14), VyTime(23, 57)));
+    EXPECT_EQ(RecDataManager::unpack(cmd.end), now);
+}
+
 TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
     const VyDateTime from(VyDate::currentDate(), VyTime(9, 0));
     window->timeBar()->setCursorTime(from);
