@@ -1,5 +1,6 @@
 #include "ui/playback/PlaybackSearchPanel.h"
 
+#include "protocol/RecordTypeBit.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyResources.h"
 #include "toolkit/events/VyMouseEvent.h"
@@ -54,6 +55,12 @@ PlaybackSearchPanel::PlaybackSearchPanel(int deviceChannels, VyWidget* parent)
         auto* box = new VyCheckBox(VyString::number(c + 1), this);
         box->setChecked(c < 4); // the first four, as a four-way split shows them
         m_channels.push_back(box);
+    }
+    for (VyCheckBox*& box : m_types) {
+        box = new VyCheckBox(this);
+        box->setChecked(true);
+        box->show();
+        connect(box, &box->toggled, this, VY_SLOT(PlaybackSearchPanel, onTypeToggled));
     }
     m_search = new VyPushButton(this);
     for (VyWidget* w : {static_cast<VyWidget*>(m_previousMonth),
@@ -121,7 +128,8 @@ int PlaybackSearchPanel::contentHeight() const {
     const int pad = UiLook::scaledX(kPadDesign);
     const int row = UiLook::scaledY(kRowDesign);
     const int channelRows = int((m_channels.size() + 3) / 4);
-    return pad + row + 6 * row + pad + channelRows * row + pad + row + 4 + pad;
+    return pad + row + 6 * row + pad + channelRows * row + pad + TypeGroupCount * row + pad + row +
+           4 + pad;
 }
 
 void PlaybackSearchPanel::resizeEvent(VyResizeEvent*) {
@@ -138,6 +146,10 @@ void PlaybackSearchPanel::resizeEvent(VyResizeEvent*) {
                                    columnWidth, row);
     }
     y += int((m_channels.size() + 3) / 4) * row + pad;
+    // One a row: the names of the types are long in some languages.
+    for (int g = 0; g < TypeGroupCount; ++g)
+        m_types[g]->setGeometry(pad, y + g * row, width() - 2 * pad, row);
+    y += TypeGroupCount * row + pad;
     m_search->setGeometry(pad, y, width() - 2 * pad, row + 4);
 }
 
@@ -183,6 +195,39 @@ void PlaybackSearchPanel::mousePressEvent(VyMouseEvent* e) {
 
 void PlaybackSearchPanel::retranslate() {
     m_search->setText(VyTranslation::tr(TextId::Playback::Search));
+    m_types[Continuous]->setText(VyTranslation::tr(TextId::Playback::Continuous));
+    m_types[Motion]->setText(VyTranslation::tr(TextId::Playback::Motion));
+    m_types[Alarm]->setText(VyTranslation::tr(TextId::Playback::Alarm));
+    m_types[Analytics]->setText(VyTranslation::tr(TextId::Playback::Analytics));
+}
+
+uint32_t PlaybackSearchPanel::typeGroupBits(int group) {
+    switch (group) {
+    case Continuous:
+        return RecordTypeBit::Continuous | RecordTypeBit::Manual;
+    case Motion:
+        return RecordTypeBit::Motion | RecordTypeBit::MotionAndAlarm;
+    case Alarm:
+        // The infra-red sensor is an alarm input of its own.
+        return RecordTypeBit::Alarm | RecordTypeBit::Pir | RecordTypeBit::MotionAndAlarm;
+    case Analytics:
+        return RecordTypeBit::AnalyticsMask | (7u << 14) | RecordTypeBit::Smart;
+    default:
+        return 0;
+    }
+}
+
+uint32_t PlaybackSearchPanel::typeFilter() const {
+    uint32_t mask = 0;
+    for (int g = 0; g < TypeGroupCount; ++g) {
+        if (m_types[g]->isChecked())
+            mask |= typeGroupBits(g);
+    }
+    return mask;
+}
+
+void PlaybackSearchPanel::onTypeToggled() {
+    emitSignal(this, &typeFilterChanged);
 }
 
 void PlaybackSearchPanel::onSearchClicked() {

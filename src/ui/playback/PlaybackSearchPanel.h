@@ -24,6 +24,11 @@ public:
     void setMarkedDays(const VyDate& month, uint32_t days);
     bool isMarked(int day) const;
     std::vector<int> checkedChannels() const;
+    // The record-type bits the checked type filters let through to the time bar.
+    uint32_t typeFilter() const;
+    enum TypeGroup { Continuous, Motion, Alarm, Analytics, TypeGroupCount };
+    static uint32_t typeGroupBits(int group);
+    VyCheckBox* typeBox(int group) const { return m_types[group]; }
     void setChannelChecked(int channel, bool on);
     // The rectangle of a day of the shown month in the grid (widget coordinates).
     VyRect dayRect(int day) const;
@@ -31,8 +36,9 @@ public:
     // The height its month, channels and button need.
     int contentHeight() const;
 
-    VySignal dateChosen;      // a day of the grid or a month arrow (date())
-    VySignal searchRequested; // the search button
+    VySignal dateChosen;        // a day of the grid or a month arrow (date())
+    VySignal searchRequested;   // the search button
+    VySignal typeFilterChanged; // a type filter was checked or unchecked (typeFilter())
 
 protected:
     void paintEvent(VyPaintEvent* e) override;
@@ -42,6 +48,7 @@ protected:
 private:
     void retranslate();
     void onSearchClicked();
+    void onTypeToggled();
     void onPreviousMonth();
     void onNextMonth();
     VyRect gridRect() const;
@@ -50,6 +57,7 @@ private:
     VyDate m_markedMonth;
     uint32_t m_markedDays = 0;
     std::vector<VyCheckBox*> m_channels;
+    VyCheckBox* m_types[TypeGroupCount] = {};
     VyPushButton* m_search = nullptr;
     VyPushButton* m_previousMonth = nullptr;
     VyPushButton* m_nextMonth = nullptr;

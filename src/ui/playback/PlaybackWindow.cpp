@@ -94,12 +94,26 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     }
     m_controls[Clip]->setCheckable(true);
     m_controls[MotionSearch]->setCheckable(true);
+    for (VyPushButton*& zoom : m_zoom) {
+        zoom = new VyPushButton(this);
+        zoom->setCheckable(true);
+        zoom->show();
+        connect(zoom, &zoom->clicked, this, VY_SLOT(PlaybackWindow, onZoomClicked));
+    }
+    m_zoom[0]->setChecked(true);
+    m_timeBar->setSpanSource([this] { return zoomSpan(); });
+    connect(m_timeBar, &m_timeBar->spanChanged, this, VY_SLOT(PlaybackWindow, onWheelZoomed));
+    connect(m_panel, &m_panel->typeFilterChanged, this,
+            VY_SLOT(PlaybackWindow, onTypeFilterChanged));
     m_speed = new VyLabel(speedText(0), this);
     m_status = new VyLabel(this);
+    m_status->setWordWrap(true);
     m_exportBar = new VyProgressBar(this);
     m_exportBar->hide();
     m_cancel = new VyPushButton(this);
-    m_cancel->setText(VyTranslation::tr(TextId::Playback::CancelExport));
+    retranslate();
+    VyTranslation* tr = VyTranslation::instance();
+    connect(tr, &tr->languageChanged, this, VY_SLOT(PlaybackWindow, retranslate));
     m_cancel->hide();
     connect(m_cancel, &m_cancel->clicked, this, VY_SLOT(PlaybackWindow, onCancelExport));
 
@@ -374,25 +388,26 @@ void PlaybackWindow::onProgressed() {
 void PlaybackWindow::onExportChanged() {
     switch (m_session->exportState()) {
     case PlaybackSession::ExportState::Running:
+        layoutChildren();
         m_exportBar->show();
         m_cancel->show();
         m_exportBar->setValue(m_session->exportPercent());
-        m_status->setText(
-            VyTranslation::tr(TextId::Playback::Exporting).arg(m_session->exportPercent()));
+        showStatus(TextId::Playback::Exporting, m_session->exportPercent());
         break;
     case PlaybackSession::ExportState::Done:
+        layoutChildren();
         m_exportBar->hide();
         m_cancel->hide();
-        m_status->setText(VyTranslation::tr(TextId::Playback::Exported));
+        showStatus(TextId::Playback::Exported);
         break;
     case PlaybackSession::ExportState::Failed: {
+        layoutChildren();
         m_exportBar->hide();
         m_cancel->hide();
         const uint32_t why = m_session->exportFailure();
-        m_status->setText(VyTranslation::tr(
-            why == PlaybackStatus::kNoDevice  ? TextId::Playback::NoUsbDevice
-            : why == PlaybackStatus::kNoSpace ? TextId::Playback::UsbFull
-                                              : TextId::Playback::ExportCancelled));
+        showStatus(why == PlaybackStatus::kNoDevice  ? TextId::Playback::NoUsbDevice
+                   : why == PlaybackStatus::kNoSpace ? TextId::Playback::UsbFull
+                                                     : TextId::Playback::ExportCancelled);
         break;
     }
     case PlaybackSession::ExportState::Idle:
@@ -402,6 +417,46 @@ void PlaybackWindow::onExportChanged() {
 
 void PlaybackWindow::onDateChosen() {
     m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
+}
+
+void PlaybackWindow::showStatus(uint32_t textId, int percent) {
+    m_statusId = textId;
+    m_statusPercent = percent;
+    VyString text = VyTranslation::tr(textId);
+    m_status->setText(percent >= 0 ? text.arg(percent) : text);
+}
+
+void PlaybackWindow::retranslate() {
+    if (m_statusId != 0)
+        showStatus(m_statusId, m_statusPercent);
+    m_cancel->setText(VyTranslation::tr(TextId::Playback::CancelExport));
+    m_zoom[0]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(24));
+    m_zoom[1]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(2));
+    m_zoom[2]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(1));
+    m_zoom[3]->setText(VyTranslation::tr(TextId::Playback::MinutesSpan).arg(30));
+}
+
+uint32_t PlaybackWindow::zoomSpan() const {
+    for (int i = 3; i >= 0; --i) {
+        if (m_zoom[i]->isChecked())
+            return RecordTimeBar::kSpans[i];
+    }
+    return 0;
+}
+
+void PlaybackWindow::onZoomClicked() {
+    const uint32_t span = zoomSpan();
+    if (span != 0)
+        m_timeBar->setSpan(span);
+}
+
+void PlaybackWindow::onWheelZoomed() {
+    for (int i = 0; i < 4; ++i)
+        m_zoom[i]->setChecked(RecordTimeBar::kSpans[i] == m_timeBar->span());
+}
+
+void PlaybackWindow::onTypeFilterChanged() {
+    m_timeBar->setTypeFilter(m_panel->typeFilter());
 }
 
 void PlaybackWindow::onMotionSearch() {
@@ -458,13 +513,26 @@ void PlaybackWindow::layoutChildren() {
         x += button + gap;
     }
     m_speed->setGeometry(x, y, UiLook::scaledX(70), button);
-    x += UiLook::scaledX(70) + gap;
-    const int progress = UiLook::scaledX(220);
-    m_status->setGeometry(x, y, std::max(0, videoWidth - x - progress - button * 3 - gap * 3),
-                          button);
-    m_exportBar->setGeometry(videoWidth - progress - button * 3 - gap * 2, y + button / 4, progress,
-                             button / 2);
-    m_cancel->setGeometry(videoWidth - button * 3 - gap, y, button * 3, button);
+    const int zoomWidth = UiLook::scaledX(130);
+    for (int i = 0; i < 4; ++i)
+        m_zoom[i]->setGeometry(videoWidth - (4 - i) * (zoomWidth + gap), y, zoomWidth, button);
+    // The export's status, progress and cancel: a row between the search and details panels.
+    // Two lines: the status text, then the progress bar with the cancel button.
+    const int rowHeight = m_fullScreen ? 0 : UiLook::scaledY(76);
+    const int pad = UiLook::scaledX(8);
+    const int statusTop = m_details->geometry().top;
+    m_details->setGeometry(videoWidth, statusTop + rowHeight, panel,
+                           std::max(0, height() - statusTop - rowHeight));
+    const int line = rowHeight / 2;
+    // While no export runs, the status text may take both lines.
+    const bool exporting = m_session->exportState() == PlaybackSession::ExportState::Running;
+    m_status->setGeometry(videoWidth + pad, statusTop, panel - 2 * pad,
+                          exporting ? line : rowHeight);
+    const int cancelWidth = UiLook::scaledX(100);
+    m_exportBar->setGeometry(videoWidth + pad, statusTop + line + line / 4,
+                             panel - 3 * pad - cancelWidth, line / 2);
+    m_cancel->setGeometry(videoWidth + panel - pad - cancelWidth, statusTop + line + 2, cancelWidth,
+                          line - 4);
 }
 
 void PlaybackWindow::paintEvent(VyPaintEvent*) {

@@ -66,6 +66,10 @@ public:
     MotionSearchPanel* motionPanel() const { return m_motion; }
     PlaybackDetailsPanel* detailsPanel() const { return m_details; }
     VyPushButton* control(Control c) const { return m_controls[c]; }
+    // The four zoom buttons, widest first (RecordTimeBar::kSpans); several may be checked.
+    VyPushButton* zoomButton(int index) const { return m_zoom[index]; }
+    // The shortest span among the checked zoom buttons; 0 when none is checked.
+    uint32_t zoomSpan() const;
     VyProgressBar* exportProgress() const { return m_exportBar; }
     VyPushButton* cancelButton() const { return m_cancel; }
     VyLabel* statusLabel() const { return m_status; }
@@ -95,6 +99,12 @@ private:
     void onCancelExport();
     void onCellSelected();
     void onMotionSearch();
+    void onZoomClicked();
+    void onWheelZoomed();
+    void onTypeFilterChanged();
+    void retranslate();
+    // The status line in the current language, kept so that a language change redraws it.
+    void showStatus(uint32_t textId, int percent = -1);
     void onRowSelected();
     void onSegmentChosen();
     void changeDay(int days);
@@ -108,8 +118,11 @@ private:
     MotionSearchPanel* m_motion = nullptr; // shown instead of the search panel
     PlaybackDetailsPanel* m_details = nullptr;
     VyPushButton* m_controls[ControlCount] = {};
+    VyPushButton* m_zoom[4] = {};
     VyLabel* m_speed = nullptr;
     VyLabel* m_status = nullptr;
+    uint32_t m_statusId = 0; // 0: no status shown
+    int m_statusPercent = -1;
     VyProgressBar* m_exportBar = nullptr;
     VyPushButton* m_cancel = nullptr;
     std::vector<bool> m_audio; // per cell

@@ -8,10 +8,13 @@
 #include "protocol/PlaybackControl.h"
 #include "protocol/PlaybackJump.h"
 #include "protocol/PlaybackStatus.h"
+#include "protocol/RecordTypeBit.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/events/VyWheelEvent.h"
+#include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/playback/MotionSearchPanel.h"
 #include "ui/playback/PlaybackDetailsPanel.h"
@@ -174,6 +177,30 @@ TEST_F(PlaybackWindowTest, InstantPlaybackPlaysTheLastFiveMinutesOfOneChannel) {
     EXPECT_EQ(cmd.windowChannels[0], 5);
     EXPECT_EQ(RecDataManager::unpack(cmd.start), VyDateTime(VyDate(2026, 3, 14), VyTime(23, 57)));
     EXPECT_EQ(RecDataManager::unpack(cmd.end), now);
+}
+
+TEST_F(PlaybackWindowTest, ZoomButtonsTheShortestCheckedWinsAndTypeFiltersReachTheBar) {
+    RecordTimeBar* bar = window->timeBar();
+    EXPECT_EQ(window->zoomSpan(), 86400u);
+    window->zoomButton(2)->click(); // 1 h with 24 h still checked
+    EXPECT_EQ(window->zoomSpan(), 3600u);
+    EXPECT_EQ(bar->span(), 3600u);
+    window->zoomButton(0)->click();
+    window->zoomButton(2)->click(); // none checked: the bar keeps its zoom
+    EXPECT_EQ(window->zoomSpan(), 0u);
+    EXPECT_EQ(bar->span(), 3600u);
+    VyWheelEvent wheel(VyPoint(400, 30), VyPoint(0, 0), 120, 0);
+    VyApplication::sendEvent(bar, &wheel);
+    EXPECT_EQ(bar->span(), 1800u);
+    EXPECT_TRUE(window->zoomButton(3)->isChecked());
+
+    PlaybackSearchPanel* panel = window->searchPanel();
+    panel->typeBox(PlaybackSearchPanel::Motion)->click();
+    panel->typeBox(PlaybackSearchPanel::Alarm)->click();
+    const uint32_t filter = bar->typeFilter();
+    EXPECT_EQ(filter & (RecordTypeBit::Motion | RecordTypeBit::Alarm | RecordTypeBit::Pir), 0u);
+    EXPECT_NE(filter & RecordTypeBit::Continuous, 0u);
+    EXPECT_NE(filter & RecordTypeBit::Smart, 0u);
 }
 
 TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
