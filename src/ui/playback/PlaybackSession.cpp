@@ -4,6 +4,7 @@
 #include "model/RecDataManager.h"
 #include "model/RecordSearchReply.h"
 #include "protocol/MainType.h"
+#include "protocol/PicPlayCommand.h"
 #include "protocol/PlaybackControl.h"
 #include "protocol/SubType.h"
 #include "runtime/VyLog.h"
@@ -98,6 +99,45 @@ bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& fro
     m_speed = 0;
     m_time = from;
     return true;
+}
+
+bool PlaybackSession::playPictures(const std::vector<Cell>& cells, const VyDate& day,
+                                   int outputWidth, int outputHeight) {
+    RecDataManager* m = model();
+    if (m == nullptr || !day.isValid() || cells.empty())
+        return false;
+    std::vector<RecPicWindow> windows;
+    std::vector<int> channels;
+    for (size_t i = 0; i < cells.size(); ++i) {
+        RecPicWindow w;
+        w.splitWnds = uint32_t(cells.size());
+        w.width = uint32_t(std::max(0, outputWidth));
+        w.height = uint32_t(std::max(0, outputHeight));
+        w.window = uint32_t(i);
+        w.x = uint32_t(std::max(0, cells[i].rect.left));
+        w.y = uint32_t(std::max(0, cells[i].rect.top));
+        w.cellWidth = uint32_t(std::max(0, cells[i].rect.width()));
+        w.cellHeight = uint32_t(std::max(0, cells[i].rect.height()));
+        w.time = RecDataManager::pack(VyDateTime(day));
+        w.channel = uint32_t(std::max(0, cells[i].channel));
+        if (cells[i].channel >= 0) {
+            windows.push_back(w);
+            channels.push_back(cells[i].channel);
+        }
+    }
+    if (windows.empty() || !m->recPic(windows) ||
+        !m->picPlay(PicPlayCommand::kPlay, VyDateTime(day), VyDateTime(day.addDays(1)), channels))
+        return false;
+    m_pictures = true;
+    return true;
+}
+
+bool PlaybackSession::stopPictures() {
+    RecDataManager* m = model();
+    if (m == nullptr || !m_pictures)
+        return false;
+    m_pictures = false;
+    return m->stop(RecDataManager::StopKind::Picture);
 }
 
 bool PlaybackSession::stop() {

@@ -54,6 +54,11 @@ public:
     bool jump(int seconds);
     bool seek(const VyDateTime& time);
     bool setAudio(int window, bool on);
+    // Picture playback of the cells: the pictures App took on `day`, one cell window each.
+    bool playPictures(const std::vector<Cell>& cells, const VyDate& day, int outputWidth,
+                      int outputHeight);
+    bool stopPictures();
+    bool isPlayingPictures() const { return m_pictures; }
     bool isPlaying() const { return m_playing; }
     bool isPaused() const { return m_paused; }
     int speed() const { return m_speed; }
@@ -93,6 +98,7 @@ private:
     std::vector<int> m_channels;
     std::vector<Cell> m_cells;
     bool m_playing = false;
+    bool m_pictures = false;
     bool m_paused = false;
     int m_speed = 0;
     VyDateTime m_time;

@@ -51,6 +51,7 @@ const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-clip.png",
     "images/playback-backup.png",
     "images/playback-motion.png",
+    "images/playback-pictures.png",
 };
 
 vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
@@ -94,6 +95,7 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     }
     m_controls[Clip]->setCheckable(true);
     m_controls[MotionSearch]->setCheckable(true);
+    m_controls[PicturePlay]->setCheckable(true);
     for (VyPushButton*& zoom : m_zoom) {
         zoom = new VyPushButton(this);
         zoom->setCheckable(true);
@@ -177,7 +179,7 @@ void PlaybackWindow::search() {
     m_session->searchMonth(m_panel->date(), channels);
 }
 
-void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
+std::vector<PlaybackSession::Cell> PlaybackWindow::cellsOnScreen() const {
     std::vector<PlaybackSession::Cell> cells;
     const std::vector<int>& channels = m_screen->channels();
     const std::vector<VyRect> rects = m_screen->cellRects();
@@ -188,6 +190,12 @@ void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
         cell.rect = VyRect(at.x, at.y, rects[i].width(), rects[i].height());
         cells.push_back(cell);
     }
+    return cells;
+}
+
+void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
+    const std::vector<PlaybackSession::Cell> cells = cellsOnScreen();
+    const std::vector<int>& channels = m_screen->channels();
     if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size()))),
                         to))
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-pause.png"));
@@ -302,6 +310,16 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         layoutChildren();
         break;
     }
+    case PicturePlay:
+        if (m_controls[PicturePlay]->isChecked()) {
+            if (m_session->isPlaying())
+                m_session->stop();
+            if (!m_session->playPictures(cellsOnScreen(), m_panel->date(), width(), height()))
+                m_controls[PicturePlay]->setChecked(false);
+        } else {
+            m_session->stopPictures();
+        }
+        break;
     case Backup: {
         const VyDateTime from = m_timeBar->clipStart(), to = m_timeBar->clipEnd();
         if (!from.isValid() || !to.isValid() || !(from < to))

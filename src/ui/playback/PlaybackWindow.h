@@ -8,6 +8,7 @@
 //     w->instantPlayback(channel, t); // the live view's "last five minutes"
 #include "runtime/VyDateTime.h"
 #include "toolkit/core/VyWidget.h"
+#include "ui/playback/PlaybackSession.h"
 
 #include <vector>
 
@@ -15,7 +16,6 @@ class MotionSearchPanel;
 class PlaybackDetailsPanel;
 class PlaybackScreen;
 class PlaybackSearchPanel;
-class PlaybackSession;
 class RecordTimeBar;
 class VyLabel;
 class VyProgressBar;
@@ -43,6 +43,7 @@ public:
         Clip,
         Backup,
         MotionSearch,
+        PicturePlay,
         ControlCount
     };
 
@@ -109,6 +110,8 @@ private:
     void onSegmentChosen();
     void changeDay(int days);
     void playFrom(const VyDateTime& time, const VyDateTime& to = VyDateTime());
+    // The split's cells with their channels, in output pixels.
+    std::vector<PlaybackSession::Cell> cellsOnScreen() const;
     void updateSpeedText();
 
     PlaybackSession* m_session = nullptr;

@@ -4,6 +4,7 @@
 #include "model/ModelTestSupport.h"
 #include "model/RecDataManager.h"
 #include "protocol/DaySearchResult.h"
+#include "protocol/PicPlayCommand.h"
 #include "protocol/PlaybackCommand.h"
 #include "protocol/PlaybackControl.h"
 #include "protocol/PlaybackJump.h"
@@ -201,6 +202,29 @@ TEST_F(PlaybackWindowTest, ZoomButtonsTheShortestCheckedWinsAndTypeFiltersReachT
     EXPECT_EQ(filter & (RecordTypeBit::Motion | RecordTypeBit::Alarm | RecordTypeBit::Pir), 0u);
     EXPECT_NE(filter & RecordTypeBit::Continuous, 0u);
     EXPECT_NE(filter & RecordTypeBit::Smart, 0u);
+}
+
+TEST_F(PlaybackWindowTest, PicturePlaybackSendsOneWindowPerCellThenPlaysAndStops) {
+    window->togglePlay(); // video playing: picture playback stops it first
+    link.sent.clear();
+    window->control(PlaybackWindow::PicturePlay)->click();
+    ASSERT_EQ(link.sent.size(), 6u); // stop, four windows, play
+    EXPECT_EQ(link.sent[0].subType, 3);
+    for (int i = 1; i <= 4; ++i) {
+        ASSERT_EQ(link.sent[size_t(i)].subType, 27);
+        RecPicWindow w;
+        std::memcpy(&w, link.sent[size_t(i)].body.data(), sizeof w);
+        EXPECT_EQ(w.window, uint32_t(i - 1));
+        EXPECT_EQ(w.channel, uint32_t(i - 1));
+        EXPECT_EQ(w.splitWnds, 4u);
+        EXPECT_EQ(w.width, 1280u);
+    }
+    EXPECT_EQ(link.sent[5].subType, 19);
+    EXPECT_EQ(link.sent[5].body[0], PicPlayCommand::kPlay);
+    link.sent.clear();
+    window->control(PlaybackWindow::PicturePlay)->click();
+    ASSERT_EQ(link.sentOf(300, 19).size(), 1u);
+    EXPECT_EQ(link.sentOf(300, 19)[0]->body[0], PicPlayCommand::kStop);
 }
 
 TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
