@@ -16,6 +16,7 @@
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
+#include "ui/playback/BackupToolBar.h"
 #include "ui/playback/MotionSearchPanel.h"
 #include "ui/playback/PlaybackDetailsPanel.h"
 #include "ui/playback/PlaybackScreen.h"
@@ -34,6 +35,7 @@ constexpr int kPanelWidthDesign = 360;
 constexpr int kTimeBarHeightDesign = 230;
 constexpr int kControlBarDesign = 56;
 constexpr int kButtonDesign = 44;
+constexpr int kBackupBarDesign = 48;
 
 const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-play.png",
@@ -87,8 +89,11 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     connect(m_timeBar, &m_timeBar->channelSelected, this, VY_SLOT(PlaybackWindow, onRowSelected));
     connect(m_motion, &m_motion->searchRequested, this, VY_SLOT(PlaybackWindow, onMotionSearch));
     VyStyle* style = VyStyle::instance();
+    m_backupBar = new BackupToolBar(this);
+    connect(m_backupBar, &m_backupBar->cancelRequested, this,
+            VY_SLOT(PlaybackWindow, onCancelExport));
     for (int c = 0; c < ControlCount; ++c) {
-        m_controls[c] = new VyPushButton(this);
+        m_controls[c] = new VyPushButton(c == Backup ? static_cast<VyWidget*>(m_backupBar) : this);
         m_controls[c]->setIcon(style->image(kIcons[c]));
         connect(m_controls[c], &m_controls[c]->clicked, this,
                 VY_SLOT(PlaybackWindow, onControlClicked));
@@ -108,16 +113,11 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     connect(m_panel, &m_panel->typeFilterChanged, this,
             VY_SLOT(PlaybackWindow, onTypeFilterChanged));
     m_speed = new VyLabel(speedText(0), this);
-    m_status = new VyLabel(this);
-    m_status->setWordWrap(true);
-    m_exportBar = new VyProgressBar(this);
-    m_exportBar->hide();
-    m_cancel = new VyPushButton(this);
+    m_backupBar->setBackupButton(m_controls[Backup]);
     retranslate();
     VyTranslation* tr = VyTranslation::instance();
     connect(tr, &tr->languageChanged, this, VY_SLOT(PlaybackWindow, retranslate));
-    m_cancel->hide();
-    connect(m_cancel, &m_cancel->clicked, this, VY_SLOT(PlaybackWindow, onCancelExport));
+    connect(m_timeBar, &m_timeBar->clipChanged, this, VY_SLOT(PlaybackWindow, onClipChanged));
 
     connect(m_timeBar, &m_timeBar->positionChosen, this, VY_SLOT(PlaybackWindow, onPositionChosen));
     connect(m_timeBar, &m_timeBar->playRequested, this, VY_SLOT(PlaybackWindow, onPositionChosen));
@@ -131,8 +131,7 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     m_timeBar->setDateRange(m_panel->date());
     m_screen->setChannels(m_panel->checkedChannels());
     for (VyWidget* w : {static_cast<VyWidget*>(m_screen), static_cast<VyWidget*>(m_timeBar),
-                        static_cast<VyWidget*>(m_panel), static_cast<VyWidget*>(m_speed),
-                        static_cast<VyWidget*>(m_status)})
+                        static_cast<VyWidget*>(m_panel), static_cast<VyWidget*>(m_speed)})
         w->show();
     for (VyPushButton* b : m_controls)
         b->show();
@@ -291,6 +290,8 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
     }
     case Clip:
         m_timeBar->setClipMode(m_controls[Clip]->isChecked());
+        onClipChanged();
+        layoutChildren();
         break;
     case MotionSearch: {
         const int cell = m_screen->selectedCell();
@@ -360,8 +361,10 @@ void PlaybackWindow::updateSpeedText() {
 
 void PlaybackWindow::onPositionChosen() {
     // In clip mode a press marks the clip; it does not move the playback.
-    if (m_timeBar->clipMode())
+    if (m_timeBar->clipMode()) {
+        onClipChanged();
         return;
+    }
     if (m_session->isPlaying())
         m_session->seek(m_timeBar->cursorTime());
     else
@@ -406,22 +409,12 @@ void PlaybackWindow::onProgressed() {
 void PlaybackWindow::onExportChanged() {
     switch (m_session->exportState()) {
     case PlaybackSession::ExportState::Running:
-        layoutChildren();
-        m_exportBar->show();
-        m_cancel->show();
-        m_exportBar->setValue(m_session->exportPercent());
         showStatus(TextId::Playback::Exporting, m_session->exportPercent());
         break;
     case PlaybackSession::ExportState::Done:
-        layoutChildren();
-        m_exportBar->hide();
-        m_cancel->hide();
         showStatus(TextId::Playback::Exported);
         break;
     case PlaybackSession::ExportState::Failed: {
-        layoutChildren();
-        m_exportBar->hide();
-        m_cancel->hide();
         const uint32_t why = m_session->exportFailure();
         showStatus(why == PlaybackStatus::kNoDevice  ? TextId::Playback::NoUsbDevice
                    : why == PlaybackStatus::kNoSpace ? TextId::Playback::UsbFull
@@ -431,6 +424,11 @@ void PlaybackWindow::onExportChanged() {
     case PlaybackSession::ExportState::Idle:
         break;
     }
+    layoutChildren();
+}
+
+void PlaybackWindow::onClipChanged() {
+    m_backupBar->setClip(m_timeBar->clipStart(), m_timeBar->clipEnd());
 }
 
 void PlaybackWindow::onDateChosen() {
@@ -440,14 +438,15 @@ void PlaybackWindow::onDateChosen() {
 void PlaybackWindow::showStatus(uint32_t textId, int percent) {
     m_statusId = textId;
     m_statusPercent = percent;
-    VyString text = VyTranslation::tr(textId);
-    m_status->setText(percent >= 0 ? text.arg(percent) : text);
+    const VyString text = VyTranslation::tr(textId);
+    const bool running = m_session->exportState() == PlaybackSession::ExportState::Running;
+    m_backupBar->setExport(running, std::max(0, m_session->exportPercent()),
+                           percent >= 0 ? text.arg(percent) : text);
 }
 
 void PlaybackWindow::retranslate() {
     if (m_statusId != 0)
         showStatus(m_statusId, m_statusPercent);
-    m_cancel->setText(VyTranslation::tr(TextId::Playback::CancelExport));
     m_zoom[0]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(24));
     m_zoom[1]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(2));
     m_zoom[2]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(1));
@@ -520,13 +519,23 @@ void PlaybackWindow::layoutChildren() {
     m_panel->setGeometry(videoWidth, 0, panel, top);
     m_details->setGeometry(videoWidth, top, panel, std::max(0, height() - top));
     m_details->setVisible(!m_fullScreen);
-    m_timeBar->setGeometry(0, height() - bar, videoWidth, bar);
+    // The backup tool bar takes the top of the time bar's place in clip mode and while an
+    // export runs.
+    const bool backup =
+        !m_fullScreen && (m_timeBar->clipMode() ||
+                          m_session->exportState() == PlaybackSession::ExportState::Running);
+    const int strip = backup ? UiLook::scaledY(kBackupBarDesign) : 0;
+    m_backupBar->setGeometry(0, height() - bar, videoWidth, strip);
+    m_backupBar->setVisible(backup);
+    m_timeBar->setGeometry(0, height() - bar + strip, videoWidth, bar - strip);
     m_timeBar->setVisible(!m_fullScreen);
     const int button = UiLook::scaledY(kButtonDesign);
     const int gap = UiLook::scaledX(6);
     const int y = videoHeight + (controls - button) / 2;
     int x = gap;
     for (int c = 0; c < ControlCount; ++c) {
+        if (c == Backup) // on the backup tool bar
+            continue;
         m_controls[c]->setGeometry(x, y, button, button);
         x += button + gap;
     }
@@ -534,23 +543,6 @@ void PlaybackWindow::layoutChildren() {
     const int zoomWidth = UiLook::scaledX(130);
     for (int i = 0; i < 4; ++i)
         m_zoom[i]->setGeometry(videoWidth - (4 - i) * (zoomWidth + gap), y, zoomWidth, button);
-    // The export's status, progress and cancel: a row between the search and details panels.
-    // Two lines: the status text, then the progress bar with the cancel button.
-    const int rowHeight = m_fullScreen ? 0 : UiLook::scaledY(76);
-    const int pad = UiLook::scaledX(8);
-    const int statusTop = m_details->geometry().top;
-    m_details->setGeometry(videoWidth, statusTop + rowHeight, panel,
-                           std::max(0, height() - statusTop - rowHeight));
-    const int line = rowHeight / 2;
-    // While no export runs, the status text may take both lines.
-    const bool exporting = m_session->exportState() == PlaybackSession::ExportState::Running;
-    m_status->setGeometry(videoWidth + pad, statusTop, panel - 2 * pad,
-                          exporting ? line : rowHeight);
-    const int cancelWidth = UiLook::scaledX(100);
-    m_exportBar->setGeometry(videoWidth + pad, statusTop + line + line / 4,
-                             panel - 3 * pad - cancelWidth, line / 2);
-    m_cancel->setGeometry(videoWidth + panel - pad - cancelWidth, statusTop + line + 2, cancelWidth,
-                          line - 4);
 }
 
 void PlaybackWindow::paintEvent(VyPaintEvent*) {
@@ -559,4 +551,16 @@ void PlaybackWindow::paintEvent(VyPaintEvent*) {
     const VyRect bar(0, m_screen->height(), m_screen->width(), UiLook::scaledY(kControlBarDesign));
     c->fillRect(bar, m_controlBar);
     c->drawLine(bar.left, bar.top, bar.right, bar.top, m_controlBorder);
+}
+
+VyProgressBar* PlaybackWindow::exportProgress() const {
+    return m_backupBar->progress();
+}
+
+VyPushButton* PlaybackWindow::cancelButton() const {
+    return m_backupBar->cancelButton();
+}
+
+VyLabel* PlaybackWindow::statusLabel() const {
+    return m_backupBar->statusLabel();
 }

@@ -12,6 +12,7 @@
 
 #include <vector>
 
+class BackupToolBar;
 class MotionSearchPanel;
 class PlaybackDetailsPanel;
 class PlaybackScreen;
@@ -71,9 +72,10 @@ public:
     VyPushButton* zoomButton(int index) const { return m_zoom[index]; }
     // The shortest span among the checked zoom buttons; 0 when none is checked.
     uint32_t zoomSpan() const;
-    VyProgressBar* exportProgress() const { return m_exportBar; }
-    VyPushButton* cancelButton() const { return m_cancel; }
-    VyLabel* statusLabel() const { return m_status; }
+    BackupToolBar* backupBar() const { return m_backupBar; }
+    VyProgressBar* exportProgress() const;
+    VyPushButton* cancelButton() const;
+    VyLabel* statusLabel() const;
     bool isFullScreenVideo() const { return m_fullScreen; }
 
     void search();
@@ -99,6 +101,7 @@ private:
     void onDateChosen();
     void onCancelExport();
     void onCellSelected();
+    void onClipChanged();
     void onMotionSearch();
     void onZoomClicked();
     void onWheelZoomed();
@@ -123,11 +126,9 @@ private:
     VyPushButton* m_controls[ControlCount] = {};
     VyPushButton* m_zoom[4] = {};
     VyLabel* m_speed = nullptr;
-    VyLabel* m_status = nullptr;
-    uint32_t m_statusId = 0; // 0: no status shown
+    BackupToolBar* m_backupBar = nullptr; // holds the backup button, progress and status
+    uint32_t m_statusId = 0;              // 0: no status shown
     int m_statusPercent = -1;
-    VyProgressBar* m_exportBar = nullptr;
-    VyPushButton* m_cancel = nullptr;
     std::vector<bool> m_audio; // per cell
     bool m_fullScreen = false;
     VyString m_snapshotDirectory = "/tmp";
