@@ -33,6 +33,7 @@ PACKAGES=(
     libharfbuzz0b libharfbuzz-dev libglib2.0-0 libglib2.0-dev libpcre2-8-0 libpcre2-dev
     libgraphite2-3 libgraphite2-dev libffi8 libmount1 libblkid1 libselinux1
     libfribidi0 libfribidi-dev
+    libqrencode4 libqrencode-dev
     libgtest-dev libgmock-dev
 )
 

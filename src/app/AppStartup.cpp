@@ -1,18 +1,23 @@
 #include "app/AppStartup.h"
+#include "app/KeySources.h"
 #include "protocol/DeviceDefaultRecord.h"
 #include "protocol/MainType.h"
 #include "protocol/StartupHello.h"
 #include "protocol/SubType.h"
 
+#include "app/ControlChannel.h"
 #include "app/CustomConfigSender.h"
 #include "app/ResourcesOverride.h"
 #include "app/ScaledTimerSource.h"
 #include "ipc/IpcClient.h"
+#include "model/DeviceProfile.h"
 #include "model/IpcRecorderLink.h"
+#include "model/KeyManagerLink.h"
 #include "model/ParamAccess.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "model/UiModels.h"
+#include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
@@ -109,6 +114,10 @@ int AppStartup::run(int argc, char** argv) {
         CustomConfigSender config(CustomConfigSender::ipcLink(ipc));
         const VyString configPath = VyResources::path(kCustomConfigFile);
         config.configureAppDefaults(configPath);
+        // What the settings pages offer on this model.
+        DeviceProfile& profile = DeviceProfile::current();
+        profile.readDeviceRecord(config.deviceRecord().data(), config.deviceRecord().size());
+        profile.readRecordSwitches(VyIniSettings(configPath));
     }
     // The exchange allocated and freed about 2 MB of records; give it back to the system
     // rather than keep it in the allocator for a run that never needs it again.
@@ -121,12 +130,24 @@ int AppStartup::run(int argc, char** argv) {
 
     // 15-16. The device description; its display device, if any, is the screen to open.
     ParamAccess::getSystemInfo();
+    DeviceProfile::current().channelCount = SystemInfo::record().channelCount;
     VyApplication::setDisplayDevice(VyString(SystemInfo::record().displayDeviceName()));
 
     // 17. The application opens the display (it exits the process when it cannot) and
     // starts the mouse reader made by the factory installed here.
     VyMouseWatcher::install();
     auto* app = new VyApplication(argc, argv);
+
+    // The key sources, handed to the key manager that the models make next. The serial
+    // keyboard is a feature of the device's customisation.
+    static KeyManagerLink keyLink;
+    {
+        VyKeyRecorderLink::Features features;
+        const VyIniSettings config(VyResources::path(kCustomConfigFile));
+        features.serialKeyboard = config.intValue("CustomFuncs/KeyBoardEnble") != 0;
+        keyLink.setFeatures(features);
+    }
+    KeySources::install(app, &keyLink);
 
     // 18. The UiManager and the models it creates live to the end of the process.
     static ScaledTimerSource timers;
@@ -142,6 +163,10 @@ int AppStartup::run(int argc, char** argv) {
     // Kept past the loop: its thread may still see a late signal.
     static SignalQuitter* quitter = new SignalQuitter;
     quitter->start(quitSignals);
+    // Drivers that run the GUI from outside (the soak) talk to it here; unset on a device.
+    // Kept past the loop for the same reason as the quitter.
+    static ControlChannel* control = new ControlChannel;
+    control->startFromEnvironment();
 
     // 20. The loop; its result is the exit code.
     const int code = app->exec();

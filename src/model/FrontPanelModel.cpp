@@ -1,5 +1,7 @@
 #include "model/FrontPanelModel.h"
 
+#include "toolkit/input/VyKeyManager.h"
+
 #include "model/ModelInstance.h"
 
 FrontPanelModel* FrontPanelModel::instance() {
@@ -18,5 +20,8 @@ void FrontPanelModel::setLedState(uint8_t state) {
     // App repeats the state on every change of any lamp; the lamps are redriven each time.
     m_ledState = state;
     ++m_changeCount;
+    // The state is the lamp mode the front panel shows (1, 2, 3; anything else is off).
+    if (VyKeyManager* keys = VyKeyManager::liveInstance())
+        keys->setLampMode(state);
     emitSignal(this, &ledStateChanged);
 }

@@ -7,7 +7,9 @@
 #include "model/ParamAccess.h"
 #include "model/UiRouteTable.h"
 #include "protocol/OutputSettingsBlock.h"
+#include "protocol/SubType.h"
 #include "toolkit/events/CEvent.h"
+#include "toolkit/events/CtrlReqEvent.h"
 
 MainViewManager* MainViewManager::instance() {
     return ModelInstance<MainViewManager>::get();
@@ -25,6 +27,9 @@ void MainViewManager::setShown(bool shown) {
     if (m_shown == shown)
         return;
     m_shown = shown;
+    // The first record after the view appears tells App to (re)start every decoder.
+    if (shown)
+        m_firstPreviewPending = true;
     emitSignal(this, &viewChanged);
 }
 
@@ -46,13 +51,37 @@ void MainViewManager::refreshSettings() {
 }
 
 void MainViewManager::customEvent(VyEvent* e) {
-    if (e->type() != UiEventType::MainViewNotice)
+    switch (e->type()) {
+    case UiEventType::MainViewNotice:
+        break;
+    case UiEventType::ChannelState:
+        e->accept();
+        handleChannelEvent(static_cast<CEvent*>(e)->data());
         return;
+    case UiEventType::CtrlReq: {
+        // A layout menu's choice: the identifier travels as the request code.
+        e->accept();
+        m_requestedLayout = static_cast<CtrlReqEvent*>(e)->requestCode();
+        emitSignal(this, &layoutRequested);
+        return;
+    }
+    case UiEventType::DualTalk:
+        e->accept();
+        m_talking = static_cast<CEvent*>(e)->param != 0;
+        emitSignal(this, &talkStateChanged);
+        return;
+    default:
+        return;
+    }
     e->accept();
     const void* block = static_cast<CEvent*>(e)->data();
     if (block == nullptr)
         return;
     const IpcMsgHeader h = ipcBlockHeader(block);
+    if (h.SubType == PreviewSubType::SnapshotDone) {
+        m_changedChannel = int(h.msgValue);
+        emitSignal(this, &snapshotTaken);
+    }
     ++m_previewMessageCount;
     m_lastPreviewSubType = h.SubType;
     m_lastPreviewValue = h.msgValue;

@@ -3,7 +3,7 @@
 #include "model/ModelInstance.h"
 
 #include "model/ParamAccess.h"
-#include "model/VyKeyManager.h"
+#include "toolkit/input/VyKeyManager.h"
 
 #include <cstring>
 

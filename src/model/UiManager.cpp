@@ -2,6 +2,7 @@
 #include "model/UiManager.h"
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
+#include "protocol/UiEventType.h"
 
 #include "model/CameraModel.h"
 #include "model/ParamAccess.h"
@@ -20,6 +21,7 @@
 #include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/input/VyKeyManager.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
 #include <unistd.h>
@@ -124,6 +126,8 @@ UiManager* UiManager::instance() {
 void UiManager::createModels() {
     VY_ASSERT(m_models != nullptr);
     m_models->create(SystemInfo::record());
+    // App's key notifications (186) go to the key manager like any other device key.
+    setReceiver(UiEventType::DvrKey, m_models->keyManager());
     // Sees all input as an application filter, to restart its period.
     m_windowTimeout = new WndTimeoutManager(this);
     if (VyApplication* app = VyApplication::instance())

@@ -9,8 +9,8 @@
 #include "model/MainViewManager.h"
 #include "model/RecDataManager.h"
 #include "model/RemoteAccessModel.h"
-#include "model/VyKeyManager.h"
 #include "protocol/SystemInfoRecord.h"
+#include "toolkit/input/VyKeyManager.h"
 
 UiModels::UiModels() = default;
 

@@ -15,7 +15,9 @@ struct DeviceParamBlock {
     uint32_t remoteAccessEnabled; // non-zero: register with the remote-access server
     char remoteAddress[128];      // server host name or address, NUL-terminated
     uint16_t remotePort;          // TCP port of the remote-access server
-    uint8_t reserved202[678];     // the device page's own fields
+    uint8_t reserved202[2];
+    uint32_t remoteControlAddress; // address last entered on an addressed remote, 0..999
+    uint8_t reserved208[672];      // the device page's own fields
 
     std::string remoteAddressText() const {
         return std::string(remoteAddress, strnlen(remoteAddress, sizeof remoteAddress));
@@ -25,3 +27,4 @@ struct DeviceParamBlock {
 static_assert(sizeof(DeviceParamBlock) == DeviceParamBlock::kSize, "wire size");
 static_assert(offsetof(DeviceParamBlock, deviceId) == 64, "device id");
 static_assert(offsetof(DeviceParamBlock, remoteAddress) == 72, "remote address");
+static_assert(offsetof(DeviceParamBlock, remoteControlAddress) == 204, "remote control address");

@@ -17,6 +17,7 @@ struct GeneralSettingsBlock {
     static constexpr uint32_t kBlockNumber = 21;
     static constexpr size_t kSize = 168; // bytes on the wire
     static constexpr int kLanguageCount = 34;
+    static constexpr uint8_t kMaxMenuTimeout = 60; // minutes
 
     uint32_t languageMask;   // languages the device offers, bit i for language i (0..31)
     uint8_t languageIndex;   // low byte of App's language word, 0..33

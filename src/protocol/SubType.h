@@ -22,10 +22,17 @@ constexpr uint16_t DefaultsConfigured = 105; // GUI -> App: defaults are in plac
 constexpr uint16_t NetworkStatus = 116;      // App -> GUI: network status in msgValue
 constexpr uint16_t RemotePointer = 134;      // App -> GUI: IpcRemotePointer
 constexpr uint16_t OutputCheckSkipped = 151; // GUI -> App: no output check at start-up
+constexpr uint16_t ServiceKey = 186;         // App -> GUI: a key code in msgValue, ServiceKeyNotice
+constexpr uint16_t SerialPtzCommand = 187;   // GUI -> App: SerialPtzCommand
+constexpr uint16_t PointOfSaleText = 189;    // GUI -> App: point-of-sale text, see PointOfSaleText
 constexpr uint16_t Query199 = 199;           // App -> GUI: answered with Ack201
 constexpr uint16_t Ack201 = 201;             // GUI -> App: answer to Query199
 constexpr uint16_t Shutdown = 280;           // App -> GUI: the recorder is shutting down
 constexpr uint16_t SubscriptionCheck2 = 308; // App -> GUI: answered with Busy
+// The live view's notifications, on forwarded SubTypes (UiEventType::ChannelState).
+constexpr uint16_t ChannelState = 8;   // App -> GUI: ChannelStateNotice, msgValue = channel
+constexpr uint16_t DeviceState = 10;   // App -> GUI: DeviceState bits in msgValue
+constexpr uint16_t CameraRoster = 298; // request: u64 mask of the channels with a camera
 
 // App's notifications that the UI manager routes lie in this range.
 constexpr uint16_t FirstRouted = 8;
@@ -35,7 +42,11 @@ constexpr uint16_t LastRouted = 308;
 
 namespace PreviewSubType {
 
-constexpr uint16_t StreamPair = 15; // request: u32 argument -> two u32 words
+constexpr uint16_t Show = 0;          // GUI -> App: PreviewRecord
+constexpr uint16_t ShowFirst = 1;     // GUI -> App: PreviewRecord, first since the view appeared
+constexpr uint16_t StreamPair = 15;   // request: u32 argument -> two u32 words
+constexpr uint16_t Control = 20;      // GUI -> App: PreviewControl (tool bar)
+constexpr uint16_t SnapshotDone = 21; // App -> GUI: snapshot taken, msgValue = channel
 
 } // namespace PreviewSubType
 
@@ -55,6 +66,8 @@ constexpr uint16_t DeviceTail = 14;    // request: the device default record's t
 
 namespace PlaybackSubType {
 
+// GUI -> App, no body: the live view is in front again, playback decoders may be released.
+constexpr uint16_t LiveViewActive = 35;
 // GUI -> App, one-way, sent by the record data model.
 constexpr uint16_t SplitScreen = 0;   // PlaybackSplitScreen
 constexpr uint16_t MonthSearch = 1;   // MonthSearchRequest

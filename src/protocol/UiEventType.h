@@ -7,8 +7,10 @@
 
 namespace UiEventType {
 
-constexpr int32_t IpcMessage = 1000;     // a message block from App as the IPC client posts it
-constexpr int32_t NtpUpdate = 1014;      // SystemSubType::Ntp, msgValue as the event parameter
+constexpr int32_t IpcMessage = 1000; // a message block from App as the IPC client posts it
+constexpr int32_t NtpUpdate = 1014;
+constexpr int32_t ChannelState = 1018;   // SystemSubType::ChannelState and DeviceState      //
+                                         // SystemSubType::Ntp, msgValue as the event parameter
 constexpr int32_t ParamNotice1 = 1015;   // ParamSubType::Notice1
 constexpr int32_t ParamNotice2 = 1016;   // ParamSubType::Notice2
 constexpr int32_t MainViewNotice = 1024; // any MainType::Preview message

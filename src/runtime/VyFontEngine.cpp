@@ -8,34 +8,38 @@
 #include <hb-ft.h>
 #include <hb.h>
 
+#include "runtime/VyMapping.h"
+#include "runtime/VyUniqueFd.h"
+
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <fstream>
 #include <string>
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
 namespace {
-
-struct FileCloser {
-    void operator()(std::FILE* f) const { std::fclose(f); }
-};
-using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 
 // 26.6 fixed point (FreeType's unit for outlines and metrics) to whole pixels.
 int ceil26_6(FT_Pos v) {
     return static_cast<int>((v + 63) >> 6);
 }
 
-// Reads a whole regular file of at most maxBytes into out; logs and fails otherwise.
-bool readFontFile(const char* path, int64_t maxBytes, std::vector<uint8_t>* out) {
-    FilePtr file(std::fopen(path, "rb"));
-    if (!file) {
+// Maps the font file at path, a non-empty regular file of at most maxBytes, read-only;
+// logs and fails otherwise. Only the pages FreeType touches (tables, the glyphs drawn)
+// become resident, and they are the page cache's to drop again: a CJK font is megabytes.
+// Random access, so that the kernel maps no neighbouring pages around each one touched.
+bool mapFontFile(const char* path, int64_t maxBytes, VyMapping* out) {
+    const VyUniqueFd fd(::open(path, O_RDONLY | O_CLOEXEC));
+    if (!fd.isValid()) {
         vyFrameworkLog("Font file %s can not be opened: %s !!!\n", path, std::strerror(errno));
         return false;
     }
     struct stat st {};
-    if (fstat(fileno(file.get()), &st) != 0 || !S_ISREG(st.st_mode)) {
+    if (fstat(fd.get(), &st) != 0 || !S_ISREG(st.st_mode)) {
         vyFrameworkLog("Font file %s is not a regular file !!!\n", path);
         return false;
     }
@@ -49,12 +53,13 @@ bool readFontFile(const char* path, int64_t maxBytes, std::vector<uint8_t>* out)
         vyFrameworkLog("Font file %s is empty !!!\n", path);
         return false;
     }
-    out->resize(static_cast<size_t>(size));
-    if (std::fread(out->data(), 1, out->size(), file.get()) != out->size()) {
-        vyFrameworkLog("Font file %s could not be read to its end !!!\n", path);
-        out->clear();
+    void* address = ::mmap(nullptr, size_t(size), PROT_READ, MAP_PRIVATE, fd.get(), 0);
+    if (address == MAP_FAILED) {
+        vyFrameworkLog("Font file %s can not be mapped: %s !!!\n", path, std::strerror(errno));
         return false;
     }
+    ::madvise(address, size_t(size), MADV_RANDOM);
+    *out = VyMapping(address, size_t(size));
     return true;
 }
 
@@ -84,8 +89,7 @@ VyFontEngine::VyFontEngine()
     m_library.reset(library);
 }
 
-// The shaper and the glyph cache go first, then the faces, then the bytes the device face
-// read from, then the library.
+// The shaper and the glyph cache go first, then the faces, then the library.
 VyFontEngine::~VyFontEngine() {
     m_shaper.reset();
     clearCache();
@@ -103,8 +107,6 @@ void VyFontEngine::unloadFont() {
     m_lineMetrics.clear();
     m_faces[0] = Face();
     m_face = nullptr;
-    m_fontData.clear();
-    m_fontData.shrink_to_fit();
 }
 
 bool VyFontEngine::setFontFile(const VyString& path, int64_t reservedBytes) {
@@ -118,18 +120,19 @@ bool VyFontEngine::setFontFile(const VyString& path, int64_t reservedBytes) {
                        static_cast<long long>(reservedBytes));
         return false;
     }
-    if (!readFontFile(path.c_str(), reservedBytes, &m_fontData))
+    VyMapping mapping;
+    if (!mapFontFile(path.c_str(), reservedBytes, &mapping))
         return false;
-
     FT_Face face = nullptr;
-    const FT_Error error = FT_New_Memory_Face(m_library.get(), m_fontData.data(),
-                                              static_cast<FT_Long>(m_fontData.size()), 0, &face);
+    const FT_Error error =
+        FT_New_Memory_Face(m_library.get(), static_cast<const FT_Byte*>(mapping.address()),
+                           static_cast<FT_Long>(mapping.length()), 0, &face);
     if (error) {
         vyFrameworkLog("Font file %s is not a font FreeType can read (error %d) !!!\n",
                        path.c_str(), error);
-        m_fontData.clear();
         return false;
     }
+    m_faces[0].file = std::move(mapping);
     m_faces[0].ft.reset(face);
     m_faces[0].path = path;
     m_face = face;
@@ -158,22 +161,45 @@ int VyFontEngine::setFallbackFonts(const std::vector<VyString>& paths) {
                            kMaxFaces);
             continue;
         }
-        FT_Face face = nullptr;
-        // From the file: FreeType maps it and reads only the tables and glyphs it needs.
-        const FT_Error error = FT_New_Face(m_library.get(), path.c_str(), 0, &face);
-        if (error) {
-            vyFrameworkLog("Fallback font %s can not be used (error %d); the next one is !!!\n",
-                           path.c_str(), error);
+        // Only looked at here; the face is opened when a text first needs a code point the
+        // faces before it lack, so that a screen in one script maps no other script's font.
+        struct stat st {};
+        const bool found = ::stat(path.c_str(), &st) == 0;
+        if (!found || !S_ISREG(st.st_mode) || st.st_size == 0) {
+            vyFrameworkLog("Fallback font %s can not be used (%s); the next one is !!!\n",
+                           path.c_str(), found ? "not a font file" : std::strerror(errno));
             continue;
         }
         Face slot;
-        slot.ft.reset(face);
         slot.path = path;
         m_faces.push_back(std::move(slot));
-        VY_DEBUG("font", "fallback %s: %s", path.c_str(),
-                 face->family_name ? face->family_name : "?");
     }
     return static_cast<int>(m_faces.size()) - 1;
+}
+
+FT_FaceRec_* VyFontEngine::openedFace(int face) {
+    if (face < 0 || face >= faceCount())
+        return nullptr;
+    Face& f = m_faces[size_t(face)];
+    if (f.ft || f.broken || face == 0)
+        return f.ft.get();
+    VyMapping mapping;
+    FT_Face opened = nullptr;
+    FT_Error error = 0;
+    if (mapFontFile(f.path.c_str(), kMaxFallbackBytes, &mapping))
+        error = FT_New_Memory_Face(m_library.get(), static_cast<const FT_Byte*>(mapping.address()),
+                                   static_cast<FT_Long>(mapping.length()), 0, &opened);
+    if (!opened) {
+        vyFrameworkLog("Fallback font %s can not be used (error %d); the next one is !!!\n",
+                       f.path.c_str(), error);
+        f.broken = true;
+        return nullptr;
+    }
+    f.file = std::move(mapping);
+    f.ft.reset(opened);
+    VY_DEBUG("font", "fallback %s: %s", f.path.c_str(),
+             opened->family_name ? opened->family_name : "?");
+    return opened;
 }
 
 int VyFontEngine::loadFallbackList(const VyString& listFile, const VyString& baseDir) {
@@ -197,18 +223,15 @@ int VyFontEngine::loadFallbackList(const VyString& listFile, const VyString& bas
     return setFallbackFonts(paths);
 }
 
-uint32_t VyFontEngine::glyphIndex(int face, char32_t codePoint) const {
-    if (face < 0 || face >= faceCount() || !m_faces[size_t(face)].ft)
-        return 0;
-    return FT_Get_Char_Index(m_faces[size_t(face)].ft.get(), codePoint);
+uint32_t VyFontEngine::glyphIndex(int face, char32_t codePoint) {
+    FT_FaceRec_* ft = openedFace(face);
+    return ft ? FT_Get_Char_Index(ft, codePoint) : 0;
 }
 
 bool VyFontEngine::selectPixelSize(int face, int pixelSize) {
-    if (face < 0 || face >= faceCount() || pixelSize <= 0 || pixelSize > kMaxPixelSize)
+    if (pixelSize <= 0 || pixelSize > kMaxPixelSize || !openedFace(face))
         return false;
     Face& f = m_faces[size_t(face)];
-    if (!f.ft)
-        return false;
     if (pixelSize == f.pixelSize)
         return true;
     const FT_Error error = FT_Set_Pixel_Sizes(f.ft.get(), 0, static_cast<FT_UInt>(pixelSize));

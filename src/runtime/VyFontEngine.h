@@ -1,13 +1,14 @@
 #pragma once
-// The process-wide FreeType engine: the device font, read into memory, then a list of
-// fallback fonts mapped from their files (a script the device font lacks is drawn from the
-// first fallback that has it), rendered at any pixel size, with a byte-bounded LRU cache of
-// the rendered glyphs. Text is shaped into positioned glyphs by the shaper it owns.
+// The process-wide FreeType engine: the device font, then a list of fallback fonts, all
+// mapped from their files (the fallbacks opened on first need) (a script the device font lacks is
+// drawn from the first fallback that has it), rendered at any pixel size, with a byte-bounded LRU
+// cache of the rendered glyphs. Text is shaped into positioned glyphs by the shaper it owns.
 //
 // GUI thread only: FreeType faces are not thread-safe and the cache is unlocked. Other
 // threads measure or draw text by posting to the GUI thread.
 #include "runtime/VyGlobal.h"
 #include "runtime/VyGlyph.h"
+#include "runtime/VyMapping.h"
 #include "runtime/VyString.h"
 
 #include <cstddef>
@@ -24,12 +25,15 @@ class VyTextShaper;
 
 class VyFontEngine {
 public:
-    // What the device reserves in memory for the font file, in bytes.
+    // What the device reserves in memory for the font file, in bytes: a larger file is
+    // refused.
     static constexpr int64_t kDeviceFontReserveBytes = 5242880;
     // Rendered glyph bytes the cache keeps before it evicts the least recently used.
     static constexpr size_t kDefaultCacheBudgetBytes = size_t(2) * 1024 * 1024;
     // Larger requests are refused: a glyph bitmap grows with the square of the size.
     static constexpr int kMaxPixelSize = 512;
+    // Larger fallback files are refused (the largest CJK collections are a few tens of MB).
+    static constexpr int64_t kMaxFallbackBytes = int64_t(64) * 1024 * 1024;
     // The device font and at most this many fallbacks.
     static constexpr int kMaxFaces = 32;
     // The face index of a code point no font has: drawn as a box.
@@ -41,8 +45,8 @@ public:
 
     static VyFontEngine& instance();
 
-    // Loads the font file (TrueType, OpenType or a collection, whose first face is used)
-    // into memory, reading at most reservedBytes. A missing file, a file larger than the
+    // Opens the font file (TrueType, OpenType or a collection, whose first face is used),
+    // mapped, not read, and at most reservedBytes long. A missing file, a file larger than the
     // reserve or a file FreeType does not take logs one line and leaves the engine
     // invalid: metrics answer 0 and glyph() answers null. Drops every cached glyph.
     bool setFontFile(const VyString& path, int64_t reservedBytes);
@@ -57,17 +61,20 @@ public:
     const VyGlyph* glyph(char32_t codePoint, int pixelSize);
 
     // ---- Fallback fonts ----
-    // Replaces the fallback list by the fonts of `paths`, in order. Each is opened from its
-    // file (FreeType maps it; nothing is copied into memory); one that is missing or broken
-    // is logged and left out, the next one is used. Returns how many were taken.
+    // Replaces the fallback list by the fonts of `paths`, in order. One that is missing is
+    // logged and left out at once; the others are opened from their files (FreeType maps
+    // them; nothing is copied into memory) when a text first needs a code point the faces
+    // before them lack, and one that proves broken then is logged and skipped from then on.
+    // Returns how many were taken.
     int setFallbackFonts(const std::vector<VyString>& paths);
     // Reads the fallback list: one font path a line, relative paths resolved against
     // `baseDir`, '#' starts a comment. A missing list leaves no fallbacks (logged).
     int loadFallbackList(const VyString& listFile, const VyString& baseDir);
     // Faces usable for text: the device font (0), then the fallbacks.
     int faceCount() const { return static_cast<int>(m_faces.size()); }
-    // The glyph index of `codePoint` in face `face`; 0 when the face lacks it.
-    uint32_t glyphIndex(int face, char32_t codePoint) const;
+    // The glyph index of `codePoint` in face `face` (opened if it was not yet); 0 when the
+    // face lacks it or can not be opened.
+    uint32_t glyphIndex(int face, char32_t codePoint);
     // The rendered glyph `glyphIndex` of face `face`, cached like glyph(); face kNoFace
     // answers the missing-glyph box for that pixel size.
     const VyGlyph* glyphByIndex(int face, uint32_t glyphIndex, int pixelSize);
@@ -110,14 +117,18 @@ private:
     };
 
     struct Face {
+        VyMapping file; // what ft reads from: declared first, so that it goes last
         std::unique_ptr<FT_FaceRec_, FaceDeleter> ft;
         // Created on first shaping; declared after ft so that it goes first.
         std::unique_ptr<hb_font_t, HbFontDeleter> hb;
         int pixelSize = 0;    // the size last set on the face, 0 = none
         bool hbSized = false; // hb has seen the face's current size
+        bool broken = false;  // a fallback whose file FreeType refused when first opened
         VyString path;
     };
 
+    // The face, a fallback opened on first call; null when it can not be used.
+    FT_FaceRec_* openedFace(int face);
     bool selectPixelSize(int face, int pixelSize);
     bool render(int face, uint32_t glyphIndex, VyGlyph* out);
     void makeMissingBox(int pixelSize, VyGlyph* out);
@@ -128,8 +139,6 @@ private:
     void unloadFont();
 
     std::unique_ptr<FT_LibraryRec_, LibraryDeleter> m_library;
-    // The device face reads from m_fontData for its whole life; the faces go first.
-    std::vector<uint8_t> m_fontData;
     // [0] the device font (null when none is loaded), then the fallbacks.
     std::vector<Face> m_faces;
     FT_FaceRec_* m_face = nullptr; // m_faces[0].ft, the device font

@@ -1,8 +1,14 @@
 #pragma once
-// The main view's window: full screen, below every other window, painted with the main
-// view's background. The live cells, task bar and menus are built into it by the live-view
-// work; the window and its place in the start-up are settled here.
+// The main view's window: full screen, below every other window. It holds the live screen
+// of video cells, the task bar along the bottom edge and a short notice line, wired together
+// by the live-view controller. Only what the cells do not cover is painted with the main
+// view's background: the cells are transparent over the video plane.
 #include "toolkit/core/VyWidget.h"
+
+class LiveViewController;
+class MainViewTaskBar;
+class VyLabel;
+class VyVideoScreen;
 
 class MainViewWindow : public VyWidget {
     VY_OBJECT(MainViewWindow, VyWidget)
@@ -11,6 +17,20 @@ public:
     // Covers the whole screen (again, after a resolution change).
     void fitScreen();
 
+    VyVideoScreen* videoScreen() const { return m_screen; }
+    MainViewTaskBar* taskBar() const { return m_taskBar; }
+    LiveViewController* controller() const { return m_controller; }
+    // Deals the channels in the start-up layout and tells App (the first preview record).
+    void startLiveView(int channelCount);
+
 protected:
     void paintEvent(VyPaintEvent* e) override;
+    void resizeEvent(VyResizeEvent* e) override;
+
+private:
+    VyVideoScreen* m_screen;          // child
+    MainViewTaskBar* m_taskBar;       // child
+    VyLabel* m_notice;                // child
+    LiveViewController* m_controller; // child
+    bool m_started = false;
 };

@@ -22,6 +22,8 @@ ResolutionConfirmDialog::ResolutionConfirmDialog(const VyString& resolutionName,
         m_timer = new VyTimer(this);
         connect(m_timer, &m_timer->timeout, this, VY_SLOT(ResolutionConfirmDialog, countDown));
     }
+    // Escape, the close button and the menu time-out keep nothing.
+    setEscapeResult(kRevert);
     place(kDesignWidth, kDesignHeight);
 }
 

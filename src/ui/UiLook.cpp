@@ -4,9 +4,7 @@
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
-#include "toolkit/style/VyPushButtonOption.h"
 #include "toolkit/style/VyStyle.h"
-#include "toolkit/style/VyStyleSlot.h"
 
 namespace {
 
@@ -44,17 +42,6 @@ UiLook::UiLook() {
     titleBackground = colourOr(dialog, "Dialog/Title/Background", titleBackground);
     titleForeground = colourOr(dialog, "Dialog/Title/Foreground", titleForeground);
     textForeground = colourOr(dialog, "Dialog/Text/Foreground", textForeground);
-
-    // Buttons look like every push button of the common style.
-    const VyPushButtonOption& b = VyStyle::instance()->option().get<VyPushButtonOption>();
-    if (b.background.isSet(VyStyleNormal))
-        buttonBackground = b.background.value(VyStyleNormal).color.argb();
-    if (b.background.isSet(VyStyleFocus))
-        buttonFocusBackground = b.background.value(VyStyleFocus).color.argb();
-    if (b.foreground.isSet(VyStyleNormal))
-        buttonForeground = b.foreground.value(VyStyleNormal).color.argb();
-    if (b.borderColor.isSet(VyStyleFocus))
-        buttonBorder = b.borderColor.value(VyStyleFocus).color.argb();
 }
 
 int UiLook::fontPixelSize() const {

@@ -1,7 +1,7 @@
 #pragma once
-// Colours and metrics the start-up windows share: read once from "style/dialog.ini",
-// "style/mainview.ini" and the common style, with dark fallbacks for keys a sheet lacks, and
-// scaled to the screen like every control.
+// Colours and metrics the start-up windows share: read once from "style/dialog.ini" and
+// "style/mainview.ini", with dark fallbacks for keys a sheet lacks, and scaled to the screen
+// like every control. The dialogs themselves draw through VyDialog, which reads the same keys.
 #include "runtime/VyGlobal.h"
 #include "runtime/VyString.h"
 
@@ -18,10 +18,6 @@ public:
     vyargb titleBackground = 0xFF2C2F35;
     vyargb titleForeground = 0xFFE6E8EB;
     vyargb textForeground = 0xFFE6E8EB;
-    vyargb buttonBackground = 0xFF3A3D44;
-    vyargb buttonFocusBackground = 0xFF0096DC;
-    vyargb buttonForeground = 0xFFFFFFFF;
-    vyargb buttonBorder = 0xFF5A5E66;
 
     // Pixel size of text at the screen's scale.
     int fontPixelSize() const;

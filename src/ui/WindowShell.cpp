@@ -1,5 +1,7 @@
 #include "ui/WindowShell.h"
 
+#include "model/MainViewManager.h"
+#include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
@@ -48,7 +50,18 @@ void WindowShell::closeAll() {
 }
 
 void WindowShell::showMessage(uint32_t textId) {
-    keep(MessageBox::information(textId));
+    // A notice App repeats (busy, say) brings its open box to the front instead of
+    // stacking one more box that the user must dismiss.
+    forgetClosed();
+    auto open = m_messages.find(textId);
+    if (open != m_messages.end() && !open->second.isNull()) {
+        open->second->raise();
+        VY_GUI_LOG("message box: %s (again)\n", VyTranslation::tr(textId).c_str());
+        return;
+    }
+    MessageBox* box = MessageBox::information(textId);
+    m_messages[textId].reset(box);
+    keep(box);
     // Printed once the box is up: a watcher of the log may act on what it announces.
     VY_GUI_LOG("message box: %s\n", VyTranslation::tr(textId).c_str());
 }
@@ -57,6 +70,9 @@ void WindowShell::showMainView() {
     if (m_mainView == nullptr)
         m_mainView = std::make_unique<MainViewWindow>();
     m_mainView->show();
+    if (MainViewManager* manager = MainViewManager::instance())
+        manager->setShown(true);
+    m_mainView->startLiveView(SystemInfo::record().channelCount);
     VY_GUI_LOG("main view shown\n");
 }
 

@@ -6,6 +6,7 @@
 
 #include "toolkit/core/VyPointer.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -40,5 +41,7 @@ private:
     // The self-deleting dialogs still open: not owned while open, since each deletes
     // itself when dismissed; whatever is left at the end goes with the shell's windows.
     std::vector<VyPointer<VyWidget>> m_open;
+    // The message box open for each notice text, so a repeated notice is not stacked.
+    std::map<uint32_t, VyPointer<VyWidget>> m_messages;
     double m_timeScale = 1.0;
 };

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
+#include <string>
 
 #include "ControlGallery.h"
+#include "ItemGallery.h"
 #include "platform/display/VyFrameDump.h"
 #include "runtime/VyBitmap.h"
 #include "runtime/VyFontEngine.h"
@@ -19,9 +22,19 @@ namespace {
 
 const char* const kFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
-class GalleryGolden : public ::testing::TestWithParam<const char*> {};
+struct GalleryCase {
+    const char* size;
+    int page;
+};
 
-VyBitmap drawGallery(const VyString& device) {
+// Named in test listings by its values, not its bytes.
+void PrintTo(const GalleryCase& c, std::ostream* os) {
+    *os << "page " << c.page << " at " << c.size;
+}
+
+class GalleryGolden : public ::testing::TestWithParam<GalleryCase> {};
+
+VyBitmap drawGallery(const VyString& device, int page) {
     VyApplication::setDisplayDevice(device);
     // No timer thread: nothing may change the page between the flush and the read-back.
     VyApplication::setTimerClock([] { return int64_t(0); });
@@ -32,7 +45,11 @@ VyBitmap drawGallery(const VyString& device) {
         screen->cursor()->hide();
         VyStyle::instance()->followScreen(screen);
         ControlGallery gallery(screen->width(), screen->height());
-        gallery.showPage();
+        ItemGallery items(screen->width(), screen->height());
+        if (page == 2)
+            items.showPage();
+        else
+            gallery.showPage();
         app.processPostedEvents();
         image = VyFrameDump::toBitmap(screen->mapping(), screen->width(), screen->height(),
                                       screen->lineLength());
@@ -46,14 +63,16 @@ VyBitmap drawGallery(const VyString& device) {
 TEST_P(GalleryGolden, EveryControlInEveryStateMatchesTheCheckedImage) {
     if (!VyFontEngine::instance().setFontFile(kFont, VyFontEngine::kDeviceFontReserveBytes))
         GTEST_SKIP() << "font missing: " << kFont;
-    const VyString size = GetParam();
+    const VyString size = GetParam().size;
+    const VyString name = VyString(VY_TEST_DATA_DIR "/gallery/") +
+                          (GetParam().page == 2 ? "items-" : "gallery-") + size;
     const VyString oldRoot = VyResources::root();
     VyResources::setRoot(VY_RESOURCES_DIR);
-    const VyBitmap actual = drawGallery("mem:" + size);
+    const VyBitmap actual = drawGallery("mem:" + size, GetParam().page);
     VyResources::setRoot(oldRoot);
     ASSERT_FALSE(actual.isNull());
 
-    const VyString expectedPath = VyString(VY_TEST_DATA_DIR "/gallery/gallery-") + size + ".png";
+    const VyString expectedPath = name + ".png";
     const VyBitmap expected = VyBitmap::loadPng(expectedPath);
     int differing = -1;
     if (!expected.isNull() && expected.width() == actual.width() &&
@@ -68,8 +87,7 @@ TEST_P(GalleryGolden, EveryControlInEveryStateMatchesTheCheckedImage) {
                 }
     }
     if (differing != 0) {
-        const VyString actualPath =
-            VyString(VY_TEST_DATA_DIR "/gallery/gallery-") + size + ".actual.png";
+        const VyString actualPath = name + ".actual.png";
         actual.savePng(actualPath);
         FAIL() << (differing < 0
                        ? VyString("no golden image ") + expectedPath
@@ -79,4 +97,10 @@ TEST_P(GalleryGolden, EveryControlInEveryStateMatchesTheCheckedImage) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OutputSizes, GalleryGolden, ::testing::Values("1920x1080", "1280x720"));
+INSTANTIATE_TEST_SUITE_P(OutputSizes, GalleryGolden,
+                         ::testing::Values(GalleryCase{"1920x1080", 1}, GalleryCase{"1280x720", 1},
+                                           GalleryCase{"1920x1080", 2}, GalleryCase{"1280x720", 2}),
+                         [](const ::testing::TestParamInfo<GalleryCase>& param) {
+                             return std::string(param.param.page == 2 ? "Items" : "Controls") +
+                                    "_" + param.param.size;
+                         });

@@ -53,7 +53,11 @@ TEST(StartupE2e, HandshakeRunsInOrderWithItsBodiesAndPrintedLines) {
         "(600,11) len=2480",
         "(1000,105) len=0",
         "(1000,33) len=0",
-        // The UiManager: general settings, display switches, output settings, then its pid.
+        // The UiManager: the serial keyboard (the sample customisation has one) and device
+        // blocks the key manager reads as the models are made, general settings, display
+        // switches, output settings, then its pid.
+        "(600,0) len=12",
+        "(600,0) len=12",
         "(600,0) len=12",
         "(600,0) len=12",
         "(600,0) len=12",

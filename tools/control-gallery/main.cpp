@@ -1,16 +1,19 @@
 // control-gallery: every standard control in every state on one page, for looking at the
 // style and for the golden images of the tests.
-//   control-gallery [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k]
-// -k opens the on-screen keyboard on the focused line edit.
+//   control-gallery [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k] [-p PAGE]
+// -k opens the on-screen keyboard on the focused line edit; -p 2 shows the second page (item
+// views, menus and windows).
 // DEVICE is a display as VY_FBDEV_NODE takes it (default mem:1920x1080, or window:1280x720
 // to look at it on a desktop). With -o the page is drawn once, written as a PNG, and the
 // program ends; without it the program runs until the window is closed.
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "ControlGallery.h"
+#include "ItemGallery.h"
 #include "platform/display/VyFrameDump.h"
 #include "runtime/VyFontEngine.h"
 #include "runtime/VyResources.h"
@@ -32,8 +35,9 @@ int main(int argc, char** argv) {
     const char* shot = nullptr;
     const char* font = nullptr;
     bool keyboard = false;
+    int page = 1;
     int opt;
-    while ((opt = getopt(argc, argv, "d:o:r:f:kh")) != -1) {
+    while ((opt = getopt(argc, argv, "d:o:r:f:kp:h")) != -1) {
         switch (opt) {
         case 'd':
             device = optarg;
@@ -44,6 +48,9 @@ int main(int argc, char** argv) {
         case 'k':
             keyboard = true;
             break;
+        case 'p':
+            page = std::atoi(optarg);
+            break;
         case 'f':
             font = optarg;
             break;
@@ -51,9 +58,10 @@ int main(int argc, char** argv) {
             VyResources::setRoot(optarg);
             break;
         default:
-            std::fprintf(stderr,
-                         "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k]\n",
-                         argv[0]);
+            std::fprintf(
+                stderr,
+                "usage: %s [-d DEVICE] [-o shot.png] [-r RESOURCES] [-f FONT] [-k] [-p PAGE]\n",
+                argv[0]);
             return opt == 'h' ? 0 : 2;
         }
     }
@@ -75,9 +83,14 @@ int main(int argc, char** argv) {
     VyScreen* screen = app.screen();
     VyStyle::instance()->followScreen(screen);
     ControlGallery gallery(screen->width(), screen->height());
-    gallery.showPage();
-    if (keyboard)
-        gallery.focusedEdit()->openKeyboard();
+    ItemGallery items(screen->width(), screen->height());
+    if (page == 2) {
+        items.showPage();
+    } else {
+        gallery.showPage();
+        if (keyboard)
+            gallery.focusedEdit()->openKeyboard();
+    }
     if (!shot) {
         VyObject::connect(screen, &screen->displayClosed, &app, VY_SLOT(VyApplication, quit));
         return app.exec();

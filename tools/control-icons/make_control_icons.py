@@ -24,6 +24,10 @@ RECORD = "\ue061"            # fiber_manual_record: a filled disc
 ARROW_UP = "\ue316"          # keyboard_arrow_up
 ARROW_DOWN = "\ue313"        # keyboard_arrow_down
 DROP_DOWN = "\ue5c5"         # arrow_drop_down
+INFO = "\ue88e"              # info
+HELP = "\ue887"              # help
+WARNING = "\ue002"           # warning
+CLOSE = "\ue5cd"             # close
 CHEVRON_LEFT = "\ue5cb"      # chevron_left
 CHEVRON_RIGHT = "\ue5cc"     # chevron_right
 VISIBILITY = "\ue8f4"        # visibility: an eye
@@ -53,6 +57,7 @@ ACCENT = (0, 150, 220, 255)
 ACCENT_LIGHT = (40, 175, 240, 255)
 DISABLED_FILL = (60, 63, 69, 255)
 WHITE = (255, 255, 255, 255)
+WARN = (240, 170, 40, 255)
 CLIP = (255, 200, 0, 255)    # the clip marker, as the time bar's cursor
 
 # name -> (size at 1920x1080, [(glyph, colour), ...] drawn over each other)
@@ -79,6 +84,12 @@ IMAGES = {
     "combobox-dropdown-disabled": (20, [(DROP_DOWN, DIMMED)]),
     "datetimeedit-down-arrow": (20, [(DROP_DOWN, TEXT)]),
     "datetimeedit-down-arrow-focus": (20, [(DROP_DOWN, ACCENT_LIGHT)]),
+    "messagebox-information": (48, [(INFO, ACCENT)]),
+    "messagebox-question": (48, [(HELP, ACCENT)]),
+    "messagebox-warning": (48, [(WARNING, WARN)]),
+    "titlebar-close": (20, [(CLOSE, TEXT)]),
+    "calendar-previous": (20, [(CHEVRON_LEFT, TEXT)]),
+    "calendar-next": (20, [(CHEVRON_RIGHT, TEXT)]),
     # The record time bar: day navigation, the selected row's eye, the clip marker.
     "prev": (24, [(CHEVRON_LEFT, TEXT)]),
     "prev_disable": (24, [(CHEVRON_LEFT, DIMMED)]),
@@ -104,6 +115,13 @@ IMAGES = {
     "playback-motion": (28, [(RUN, TEXT)]),
     "playback-pictures": (28, [(PHOTOS, TEXT)]),
 }
+
+
+# The live view's images live in a module of their own.
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import liveview_icons  # noqa: E402
+
+IMAGES.update(liveview_icons.IMAGES)
 
 
 def render(size, layers):

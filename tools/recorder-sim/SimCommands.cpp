@@ -1,5 +1,6 @@
 #include "SimCommands.h"
 
+#include "SimKeyCommand.h"
 #include "SimRecorder.h"
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
@@ -49,8 +50,9 @@ void sleepMs(unsigned long ms) {
 
 const char* const kHelp =
     "commands: notify MAIN SUB [VALUE [HEXBODY]] | tz TEXT [INDEX] | net STATUS | led STATE | "
-    "shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | lang INDEX | sleep MS | "
-    "await MAIN SUB [COUNT] | exit";
+    "raw HEXBYTES | drop | shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | "
+    "lang INDEX | sleep MS | await MAIN SUB [COUNT] | key CODE|up|down|left|right|ok|0..9 "
+    "[ORIGIN] | exit";
 
 } // namespace
 
@@ -84,6 +86,15 @@ bool SimCommands::run(const std::string& rawLine) {
         std::vector<uint8_t> body;
         if ((n < 4 || number(w[3], 0xFFFFFFFFul, &c)) && (n < 5 || hexBody(w[4], &body))) {
             m_recorder.notify(uint16_t(a), uint16_t(b), uint32_t(c), body);
+            ok = true;
+        }
+    } else if (cmd == "drop" && n == 1) {
+        m_recorder.dropConnection();
+        ok = true;
+    } else if (cmd == "raw" && n == 2) {
+        std::vector<uint8_t> bytes;
+        if (hexBody(w[1], &bytes) && !bytes.empty()) {
+            m_recorder.writeRaw(bytes);
             ok = true;
         }
     } else if (cmd == "tz" && (n == 2 || (n == 3 && number(w[2], 0xFFFFFFFFul, &a)))) {
@@ -129,6 +140,8 @@ bool SimCommands::run(const std::string& rawLine) {
         // The main thread waits for this signal to stop the server cleanly.
         kill(getpid(), SIGTERM);
         ok = true;
+    } else if (cmd == "key") {
+        ok = SimKeyCommand::run(m_recorder, w);
     } else if (cmd == "help" && n == 1) {
         simRecorderLog("%s", kHelp);
         ok = true;

@@ -9,6 +9,7 @@
 //   setbyte BLOCK OFFSET VALUE          change a stored block, then "parameter changed"
 //   sleep MS                            pause (scripts)
 //   await MAIN SUB [COUNT]              wait until the GUI sent that message COUNT times
+//   key CODE|NAME [ORIGIN]              a remote key (notification 186), see SimKeyCommand.h
 //   exit                                stop the simulator
 //   help
 // A command that ran is logged as "sim: > LINE" after it has taken effect.

@@ -1,5 +1,7 @@
 #include "SimRecorder.h"
 
+#include "SimSettingsBlocks.h"
+
 #include "SimServer.h"
 #include "protocol/ByteOrder.h"
 #include "protocol/ColorDefaultBlock.h"
@@ -124,6 +126,19 @@ bool SimRecorder::notify(uint16_t mainType, uint16_t subType, uint32_t value,
                             uint32_t(body.size()));
 }
 
+void SimRecorder::dropConnection() {
+    if (m_server != nullptr)
+        m_server->dropClient();
+}
+
+bool SimRecorder::writeRaw(const std::vector<uint8_t>& bytes) {
+    if (m_server == nullptr || !m_server->hasClient()) {
+        simRecorderLog("sim: no GUI connected, raw bytes not sent");
+        return false;
+    }
+    return m_server->writeRaw(bytes.data(), bytes.size());
+}
+
 bool SimRecorder::timeZone(const std::string& tz, uint32_t index) {
     TimeZoneNotice n{};
     if (tz.size() >= sizeof n.tz) {
@@ -225,14 +240,37 @@ bool SimRecorder::onParameter(SimServer& s, const SimMessage& m) {
     if (!req)
         return false;
     if (req->getFlag == 1) {
-        const std::vector<uint8_t> block = m_store.get(req->blockNumber, req->blockSize);
+        const uint32_t key = SimSettingsBlocks::storeKey(req->blockNumber, req->index);
+        if (!m_store.contains(key)) {
+            const auto factory =
+                SimSettingsBlocks::defaults(req->blockNumber, req->index, m_config);
+            if (!factory.empty())
+                m_store.set(key, factory.data(), uint32_t(factory.size()));
+        }
+        std::vector<uint8_t> block = m_store.get(key, req->blockSize);
         if (block.empty() && req->blockSize != 0)
             return false; // a size no block can have
-        return s.reply(m, block.data(), uint32_t(block.size()));
+        const bool replied = s.reply(m, block.data(), uint32_t(block.size()));
+        if (replied && SimSettingsBlocks::advance(req->blockNumber, block)) {
+            m_store.set(key, block.data(), uint32_t(block.size()));
+            parameterChanged(req->blockNumber);
+        }
+        return replied;
     }
     if (m.body.size() != ParamRequest::kSize + size_t(req->blockSize))
         return false;
-    if (!m_store.set(req->blockNumber, m.body.data() + ParamRequest::kSize, req->blockSize))
+    const uint8_t* record = m.body.data() + ParamRequest::kSize;
+    const std::string refused =
+        SimSettingsBlocks::check(req->blockNumber, record, req->blockSize, m_config);
+    if (!refused.empty()) {
+        simRecorderLog("sim: block %u refused, not stored: %s", req->blockNumber, refused.c_str());
+        return true; // understood, and answered by not changing anything
+    }
+    const uint32_t key =
+        SimSettingsBlocks::storeKey(req->blockNumber, req->blockSize > 0 ? record[0] : 0);
+    const std::vector<uint8_t> accepted = SimSettingsBlocks::accept(
+        req->blockNumber, record, req->blockSize, m_store.get(key, req->blockSize));
+    if (!m_store.set(key, accepted.data(), uint32_t(accepted.size())))
         return false;
     simRecorderLog("sim: block %u set, %u bytes", req->blockNumber, req->blockSize);
     return parameterChanged(req->blockNumber);

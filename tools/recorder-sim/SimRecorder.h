@@ -35,6 +35,10 @@ public:
     bool notify(uint16_t mainType, uint16_t subType, uint32_t value,
                 const std::vector<uint8_t>& body = {});
     bool timeZone(const std::string& tz, uint32_t index);
+    // Closes the GUI's connection as a restarting App does.
+    void dropConnection();
+    // Bytes written to the GUI as they are (a broken frame on purpose).
+    bool writeRaw(const std::vector<uint8_t>& bytes);
     bool parameterChanged(uint32_t block);
 
     // Waits until `count` messages (mainType, subType) arrived from the GUI since start.

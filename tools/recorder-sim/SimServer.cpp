@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -14,12 +15,16 @@ std::mutex g_logMutex; // keeps the one-line log entries of several threads whol
 
 void simLog(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 void simLog(const char* fmt, ...) {
-    std::lock_guard<std::mutex> lock(g_logMutex);
+    // One stdio call per line: the recorder's own lines come from other threads, and a
+    // reader of the log takes it line by line.
+    char line[1024];
     va_list args;
     va_start(args, fmt);
-    std::vprintf(fmt, args);
+    std::vsnprintf(line, sizeof line - 1, fmt, args);
     va_end(args);
-    std::fputc('\n', stdout);
+    std::strcat(line, "\n");
+    std::lock_guard<std::mutex> lock(g_logMutex);
+    std::fputs(line, stdout);
     std::fflush(stdout);
 }
 
@@ -85,6 +90,20 @@ bool SimServer::listen(const std::string& path) {
     return true;
 }
 
+bool SimServer::adopt(int listenFd, const std::string& path) {
+    int type = 0;
+    socklen_t len = sizeof type;
+    if (::getsockopt(listenFd, SOL_SOCKET, SO_TYPE, &type, &len) != 0 || type != SOCK_STREAM) {
+        simLog("sim: descriptor %d is not a listening socket", listenFd);
+        return false;
+    }
+    m_path = path;
+    m_listenFd = listenFd;
+    m_adopted = true;
+    simLog("sim: listening on %s (handed down)", path.c_str());
+    return true;
+}
+
 bool SimServer::start() {
     if (m_listenFd < 0 || m_thread.joinable())
         return false;
@@ -95,7 +114,8 @@ bool SimServer::start() {
 
 void SimServer::stop() {
     m_stopping.store(true);
-    if (m_listenFd >= 0)
+    // A handed-down socket outlives this simulator: the accept loop sees the flag instead.
+    if (m_listenFd >= 0 && !m_adopted)
         ::shutdown(m_listenFd, SHUT_RDWR);
     {
         std::lock_guard<std::mutex> lock(m_clientMutex);
@@ -108,7 +128,16 @@ void SimServer::stop() {
     if (m_listenFd >= 0) {
         ::close(m_listenFd);
         m_listenFd = -1;
-        ::unlink(m_path.c_str());
+        if (!m_adopted)
+            ::unlink(m_path.c_str());
+    }
+}
+
+void SimServer::dropClient() {
+    std::lock_guard<std::mutex> lock(m_clientMutex);
+    if (m_clientFd >= 0) {
+        simLog("sim: dropping the GUI's connection");
+        ::shutdown(m_clientFd, SHUT_RDWR);
     }
 }
 
@@ -136,6 +165,11 @@ bool SimServer::hasClient() const {
 
 void SimServer::serve() {
     while (!m_stopping.load()) {
+        // Polled rather than blocked in accept: a handed-down socket is never shut down.
+        pollfd p{m_listenFd, POLLIN, 0};
+        const int ready = ::poll(&p, 1, 100);
+        if (ready == 0 || (ready < 0 && errno == EINTR))
+            continue;
         int fd = ::accept(m_listenFd, nullptr, nullptr);
         if (fd < 0) {
             if (errno == EINTR)
@@ -242,6 +276,17 @@ bool SimServer::writeMessage(const IpcMsgHeader& h, const void* body, bool isRep
         return false;
     }
     return true;
+}
+
+bool SimServer::writeRaw(const void* data, size_t size) {
+    std::lock_guard<std::mutex> lock(m_clientMutex);
+    if (m_clientFd < 0) {
+        simLog("sim: no GUI connected, %zu raw bytes not sent", size);
+        return false;
+    }
+    if (m_logging.load())
+        simLog("sim -> raw len=%zu", size);
+    return writeAll(m_clientFd, data, size);
 }
 
 bool SimServer::reply(const SimMessage& request, const void* body, uint32_t len) {

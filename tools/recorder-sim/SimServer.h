@@ -38,6 +38,10 @@ public:
 
     // Binds and listens on `path` (a stale socket file there is removed first).
     bool listen(const std::string& path);
+    // Serves on a socket that is already listening (handed down by whoever started the
+    // simulator), so that a GUI can connect while one simulator ends and the next starts;
+    // the socket is left as it is on stop().
+    bool adopt(int listenFd, const std::string& path);
     // Serves on a thread of its own until stop(): one GUI connection at a time; when it
     // ends, the next one is accepted.
     bool start();
@@ -50,6 +54,11 @@ public:
     // Writes a one-way message with msgValue as its small argument.
     bool notify(uint16_t mainType, uint16_t subType, uint32_t value, const void* body = nullptr,
                 uint32_t len = 0);
+
+    // Closes the GUI's connection, as App does when it restarts; the next one is accepted.
+    void dropClient();
+    // Writes bytes as they are, framed or not: how a test sends the GUI a broken frame.
+    bool writeRaw(const void* data, size_t size);
 
     // Blocks until a GUI is connected (true) or the server stops (false).
     bool waitForClient();
@@ -68,6 +77,7 @@ private:
 
     std::string m_path;
     int m_listenFd = -1;
+    bool m_adopted = false;
     std::thread m_thread;
     std::atomic<bool> m_stopping{false};
     std::atomic<bool> m_logging{true};

@@ -26,7 +26,14 @@ int main(int argc, char** argv) {
 
     SimServer server;
     registerDefaultHandlers(server);
-    if (!server.listen(path) || !server.start())
+    // VY_SIM_LISTEN_FD: a socket already listening on the path, handed down by a driver that
+    // restarts the simulator under a connected GUI.
+    bool listening = false;
+    if (const char* fd = std::getenv("VY_SIM_LISTEN_FD"); fd && *fd)
+        listening = server.adopt(std::atoi(fd), path);
+    else
+        listening = server.listen(path);
+    if (!listening || !server.start())
         return 1;
     int sig = 0;
     sigwait(&stopSignals, &sig);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "runtime/VyGlobal.h"
 #include "runtime/VyRect.h"
@@ -49,6 +50,14 @@ public:
     // 120. Called from pumpEvents(), on the thread that calls it.
     using PointerHandler = std::function<void(int x, int y, int buttons, int wheel)>;
     void setPointerHandler(PointerHandler handler) { m_pointerHandler = std::move(handler); }
+    // Outputs with a keyboard of their own (a desktop window) hand on the name of each key
+    // pressed ("Up", "Return", "F2"; see keymap/window.ini). Called from pumpEvents().
+    using KeyHandler = std::function<void(const char* keyName)>;
+    void setKeyHandler(KeyHandler handler) { m_keyHandler = std::move(handler); }
+    // A short status text such an output shows where the user sees it (a window's title):
+    // the source answers true and fills the text when it changed. Asked from pumpEvents().
+    using StatusSource = std::function<bool(std::string* text)>;
+    void setStatusSource(StatusSource source) { m_statusSource = std::move(source); }
     // Whether pumpEvents() must be called regularly (a desktop window's event queue).
     virtual bool needsEventPump() const { return false; }
     // Takes the output's pending events: pointer input goes to the pointer handler, a close
@@ -65,7 +74,14 @@ protected:
         if (m_pointerHandler)
             m_pointerHandler(x, y, buttons, wheel);
     }
+    void notifyKey(const char* keyName) {
+        if (m_keyHandler)
+            m_keyHandler(keyName);
+    }
+    bool takeStatus(std::string* text) { return m_statusSource && m_statusSource(text); }
 
 private:
     PointerHandler m_pointerHandler;
+    KeyHandler m_keyHandler;
+    StatusSource m_statusSource;
 };

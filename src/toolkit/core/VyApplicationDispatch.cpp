@@ -4,6 +4,8 @@
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyDrag.h"
 #include "toolkit/core/VyPointer.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/events/VyEvent.h"
 #include "toolkit/events/VyHoverEvent.h"
@@ -275,6 +277,8 @@ void VyApplication::handleRawMouse(VyRawMouseEvent* e) {
     };
     if (pos != m_rawPos) {
         m_rawPos = pos;
+        if (m_screen && m_screen->cursor())
+            m_screen->cursor()->mouseMoved();
         VyMouseEvent move(VyEvent::MouseMove, pos, pos, 0, static_cast<uint8_t>(m_rawButtons));
         notify(receiverFor(pos, m_rawButtons), &move);
     }

@@ -51,6 +51,7 @@ void VyPostedEventQueue::post(VyObject* receiver, std::unique_ptr<VyEvent> event
     } else {
         m_entries.push_back(VyPostedEvent{receiver, std::move(event)});
     }
+    notePeakLocked();
     ++receiver->m_postedEventCount;
     if (wasEmpty)
         m_nonEmpty.notify_one();
@@ -71,6 +72,7 @@ void VyPostedEventQueue::postMany(std::vector<VyPostedEvent>& entries) {
                 m_entries.push_back(std::move(entry));
             }
         }
+        notePeakLocked();
         if (wasEmpty && !(m_entries.empty() && m_layouts.empty()))
             m_nonEmpty.notify_one();
     }
@@ -148,6 +150,11 @@ int VyPostedEventQueue::removePostedEvents(VyObject* receiver) {
 int VyPostedEventQueue::size() const {
     std::lock_guard<std::mutex> lock(m_mutex);
     return static_cast<int>(m_layouts.size() + m_entries.size() + m_batch.size() - m_batchHead);
+}
+
+int VyPostedEventQueue::peakWaiting() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return static_cast<int>(m_peakWaiting);
 }
 
 int VyPostedEventQueue::batchedCount(const VyObject* receiver) const {

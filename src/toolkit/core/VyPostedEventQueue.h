@@ -11,6 +11,7 @@
 #include "runtime/VyGlobal.h"
 #include "toolkit/core/VyPostedEvent.h"
 
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
@@ -45,6 +46,9 @@ public:
     // Deletes the receiver's queued events without delivery; returns how many.
     int removePostedEvents(VyObject* receiver);
     int size() const;
+    // The most events that ever waited at once (not yet taken into the GUI thread's batch):
+    // the figure a soak run bounds.
+    int peakWaiting() const;
     // The receiver's events already moved into the batch (they left its postedEventCount
     // under the lock when the batch was taken).
     int batchedCount(const VyObject* receiver) const;
@@ -71,4 +75,9 @@ private:
     size_t m_batchHead = 0;
     // Refills in a row that used little of a large batch array (under m_mutex).
     int m_quietRefills = 0;
+    // Under m_mutex.
+    size_t m_peakWaiting = 0;
+    void notePeakLocked() {
+        m_peakWaiting = std::max(m_peakWaiting, m_entries.size() + m_layouts.size());
+    }
 };

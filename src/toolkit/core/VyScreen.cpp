@@ -58,6 +58,8 @@ bool VyScreen::openBackend(const VyString& device) {
     m_clipRect = VyRect::fromEdges(0, 0, m_width - 1, m_height - 1);
     m_presents = m_backend->needsPresent();
     m_backend->setPointerHandler(m_pointerHandler);
+    m_backend->setKeyHandler(m_keyHandler);
+    m_backend->setStatusSource(m_statusSource);
     vyFrameworkLog("FrameBuffer length:%d(bytes), (%dx%d) \n", static_cast<int>(m_length), m_width,
                    m_height);
     if (m_backend->bitsPerPixel() != 16)
@@ -119,6 +121,18 @@ void VyScreen::setPointerHandler(VyDisplayBackend::PointerHandler handler) {
     m_pointerHandler = std::move(handler);
     if (m_backend)
         m_backend->setPointerHandler(m_pointerHandler);
+}
+
+void VyScreen::setKeyHandler(VyDisplayBackend::KeyHandler handler) {
+    m_keyHandler = std::move(handler);
+    if (m_backend)
+        m_backend->setKeyHandler(m_keyHandler);
+}
+
+void VyScreen::setStatusSource(VyDisplayBackend::StatusSource source) {
+    m_statusSource = std::move(source);
+    if (m_backend)
+        m_backend->setStatusSource(m_statusSource);
 }
 
 void VyScreen::startEventPump() {

@@ -104,6 +104,10 @@ public:
     // Where pointer input of an output that has its own (a desktop window) goes, as
     // absolute framebuffer positions; kept across reopens.
     void setPointerHandler(VyDisplayBackend::PointerHandler handler);
+    // The output's keyboard and its status text (a desktop window's keys and title); kept
+    // across reopens like the pointer handler.
+    void setKeyHandler(VyDisplayBackend::KeyHandler handler);
+    void setStatusSource(VyDisplayBackend::StatusSource source);
     // For outputs with an event queue of their own: takes their events every
     // kEventPumpIntervalMs from the GUI thread (needs the timer service).
     void startEventPump();
@@ -158,5 +162,7 @@ private:
     bool m_closeAnnounced = false;
     uint64_t m_flushedPixels = 0;
     VyDisplayBackend::PointerHandler m_pointerHandler;
+    VyDisplayBackend::KeyHandler m_keyHandler;
+    VyDisplayBackend::StatusSource m_statusSource;
     int m_pumpTimerId = 0;
 };

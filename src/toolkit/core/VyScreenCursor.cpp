@@ -1,6 +1,7 @@
 #include "toolkit/core/VyScreenCursor.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 #include "runtime/VyLog.h"
@@ -23,14 +24,46 @@ constexpr ShapeInfo kShapes[VyScreenCursor::ShapeCount] = {
     {"cursor-busy", {0, 0}},  {"cursor-openhand", {0, 0}},  {"cursor-closehand", {0, 0}},
 };
 
-// A cursor row is a few dozen pixels: fixed 16-byte copies (one vector move each) beat a
-// call to memcpy with a size it cannot see.
-inline void copyPixels(uint16_t* to, const uint16_t* from, int count) {
-    constexpr int kChunk = 8; // pixels in 16 bytes
-    for (; count >= kChunk; count -= kChunk, to += kChunk, from += kChunk)
-        std::memcpy(to, from, kChunk * sizeof(uint16_t));
-    for (; count > 0; --count)
-        *to++ = *from++;
+// A cursor row is a few dozen pixels: a handful of fixed-size moves, the last ones
+// overlapping the first, beat a call to memcpy with a size it cannot see (what a plain loop
+// of chunks turns into). Source and destination never overlap each other.
+template <size_t kBytes>
+inline void copyBytes(uint8_t* to, const uint8_t* from) {
+    std::memcpy(to, from, kBytes);
+}
+
+inline void copyPixels(uint16_t* toPixels, const uint16_t* fromPixels, int count) {
+    auto* to = reinterpret_cast<uint8_t*>(toPixels);
+    const auto* from = reinterpret_cast<const uint8_t*>(fromPixels);
+    size_t n = static_cast<size_t>(count) * sizeof(uint16_t);
+    if (n >= 16) {
+        if (n > 128) {
+            // Wider than any cursor shape (a drag image may be): whole 64-byte blocks first.
+            for (; n > 64; n -= 64, to += 64, from += 64)
+                copyBytes<64>(to, from);
+            to -= 64 - n;
+            from -= 64 - n;
+            n = 64;
+        }
+        if (n <= 32) {
+            copyBytes<16>(to, from);
+            copyBytes<16>(to + n - 16, from + n - 16);
+        } else if (n <= 64) {
+            copyBytes<32>(to, from);
+            copyBytes<32>(to + n - 32, from + n - 32);
+        } else {
+            copyBytes<64>(to, from);
+            copyBytes<64>(to + n - 64, from + n - 64);
+        }
+    } else if (n >= 8) {
+        copyBytes<8>(to, from);
+        copyBytes<8>(to + n - 8, from + n - 8);
+    } else if (n >= 4) {
+        copyBytes<4>(to, from);
+        copyBytes<4>(to + n - 4, from + n - 4);
+    } else if (n == 2) {
+        copyBytes<2>(to, from);
+    }
 }
 
 bool validShape(int shape) {
@@ -102,10 +135,8 @@ void VyScreenCursor::changeUnderLocks(Change change) {
 }
 
 void VyScreenCursor::redrawIfShown() {
-    if (m_shown && m_base) {
-        save(m_position - m_hotspot);
-        draw();
-    }
+    if (m_shown && m_base)
+        saveAndDraw(m_position - m_hotspot);
 }
 
 bool VyScreenCursor::setShape(int shape) {
@@ -140,8 +171,10 @@ void VyScreenCursor::setPosition(int x, int y) {
         m_position = VyPoint(x, y);
         if (!m_shown || !m_base)
             return false;
-        restore();
-        redrawIfShown();
+        if (!jumpWhole(m_position - m_hotspot)) {
+            restore();
+            redrawIfShown();
+        }
         return true;
     });
 }
@@ -176,6 +209,18 @@ void VyScreenCursor::hide() {
         m_shown = false;
         return true;
     });
+}
+
+void VyScreenCursor::hideUntilMouseMoves() {
+    m_hiddenForKeys = true;
+    hide();
+}
+
+void VyScreenCursor::mouseMoved() {
+    if (!m_hiddenForKeys)
+        return;
+    m_hiddenForKeys = false;
+    show();
 }
 
 bool VyScreenCursor::isShown() const {
@@ -242,29 +287,6 @@ VyRect VyScreenCursor::clippedArea(VyPoint topLeft) const {
         .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
 }
 
-void VyScreenCursor::save(VyPoint topLeft) {
-    if (m_image.isNull() || !m_base)
-        return;
-    const int w = m_image.width();
-    const int h = m_image.height();
-    if (w != m_saveWidth || h != m_saveHeight) {
-        m_saveUnder.assign(static_cast<size_t>(w) * h, 0);
-        m_saveWidth = w;
-        m_saveHeight = h;
-    }
-    m_savedAt = topLeft;
-    m_saved = true;
-    const VyRect r = clippedArea(topLeft);
-    // Off the screen on either axis (a remote pointer may say so): nothing to save.
-    if (r.isEmpty())
-        return;
-    for (int y = r.top; y <= r.bottom; ++y) {
-        const uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
-        copyPixels(&m_saveUnder[(y - topLeft.y) * w + (r.left - topLeft.x)],
-                   reinterpret_cast<const uint16_t*>(line) + r.left, r.width());
-    }
-}
-
 void VyScreenCursor::restore() {
     if (!m_saved || !m_base)
         return;
@@ -272,11 +294,99 @@ void VyScreenCursor::restore() {
     if (r.isEmpty())
         return;
     m_touched = m_touched.united(r);
-    for (int y = r.top; y <= r.bottom; ++y) {
-        uint8_t* line = m_base + static_cast<size_t>(y) * m_lineLength;
-        copyPixels(reinterpret_cast<uint16_t*>(line) + r.left,
-                   &m_saveUnder[(y - m_savedAt.y) * m_saveWidth + (r.left - m_savedAt.x)],
-                   r.width());
+    // Locals, so that the loop reloads nothing from the object after each store.
+    const int width = r.width();
+    const size_t pitch = static_cast<size_t>(m_lineLength) / sizeof(uint16_t);
+    uint16_t* line =
+        reinterpret_cast<uint16_t*>(m_base) + static_cast<size_t>(r.top) * pitch + r.left;
+    const uint16_t* saved = m_saveUnder.data() +
+                            static_cast<size_t>(r.top - m_savedAt.y) * m_saveWidth +
+                            (r.left - m_savedAt.x);
+    for (int y = r.top; y <= r.bottom; ++y, line += pitch, saved += m_saveWidth)
+        copyPixels(line, saved, width);
+}
+
+bool VyScreenCursor::wholeOnScreen(VyPoint topLeft) const {
+    return topLeft.x >= 0 && topLeft.y >= 0 && topLeft.x + m_saveWidth <= m_screenWidth &&
+           topLeft.y + m_saveHeight <= m_screenHeight;
+}
+
+// A move to a place the old image does not overlap, both wholly on the screen (a quick
+// pointer's usual step): restore, save and draw row by row in one pass, with no clipping.
+bool VyScreenCursor::jumpWhole(VyPoint to) {
+    const int w = m_saveWidth;
+    const int h = m_saveHeight;
+    const VyPoint from = m_savedAt;
+    if (!m_saved || m_image.isNull() || w != m_image.width() || h != m_image.height() ||
+        !wholeOnScreen(from) || !wholeOnScreen(to) ||
+        (std::abs(to.x - from.x) < w && std::abs(to.y - from.y) < h))
+        return false;
+    const size_t pitch = static_cast<size_t>(m_lineLength) / sizeof(uint16_t);
+    uint16_t* const base = reinterpret_cast<uint16_t*>(m_base);
+    uint16_t* oldLine = base + static_cast<size_t>(from.y) * pitch + from.x;
+    uint16_t* newLine = base + static_cast<size_t>(to.y) * pitch + to.x;
+    uint16_t* saved = m_saveUnder.data();
+    const uint16_t* ink = m_ink.data();
+    const std::pair<int, int>* runs = m_runs.data();
+    const int* rowRuns = m_rowRuns.data();
+    for (int iy = 0; iy < h; ++iy, oldLine += pitch, newLine += pitch, saved += w, ink += w) {
+        copyPixels(oldLine, saved, w);
+        copyPixels(saved, newLine, w);
+        const int runEnd = rowRuns[iy + 1];
+        for (int i = rowRuns[iy]; i < runEnd; ++i)
+            copyPixels(newLine + runs[i].first, ink + runs[i].first, runs[i].second);
+    }
+    m_touched = m_touched.united(VyRect(from, VySize(w, h))).united(VyRect(to, VySize(w, h)));
+    m_savedAt = to;
+    return true;
+}
+
+void VyScreenCursor::prepareSaveUnder() {
+    const int w = m_image.width();
+    const int h = m_image.height();
+    if (w != m_saveWidth || h != m_saveHeight) {
+        m_saveUnder.assign(static_cast<size_t>(w) * h, 0);
+        m_saveWidth = w;
+        m_saveHeight = h;
+    }
+}
+
+// One pass per row: the pixels under the image are saved, then its ink runs written over
+// them while the row is still in the cache.
+void VyScreenCursor::saveAndDraw(VyPoint topLeft) {
+    if (m_image.isNull() || !m_base)
+        return;
+    prepareSaveUnder();
+    m_savedAt = topLeft;
+    m_saved = true;
+    const VyRect r = clippedArea(topLeft);
+    // Off the screen on either axis (a remote pointer may say so): nothing to save or draw.
+    if (r.isEmpty())
+        return;
+    m_touched = m_touched.united(r);
+    const int w = m_saveWidth;
+    const int first = r.left - topLeft.x; // visible image columns first .. last
+    const int last = r.right - topLeft.x;
+    const int width = r.width();
+    const size_t pitch = static_cast<size_t>(m_lineLength) / sizeof(uint16_t);
+    const std::pair<int, int>* runs = m_runs.data();
+    const int* rowRuns = m_rowRuns.data();
+    // All three at the first visible column: the screen's r.left, the image's `first`.
+    uint16_t* line =
+        reinterpret_cast<uint16_t*>(m_base) + static_cast<size_t>(r.top) * pitch + r.left;
+    const size_t firstRow = static_cast<size_t>(r.top - topLeft.y);
+    uint16_t* saved = m_saveUnder.data() + firstRow * w + first;
+    const uint16_t* ink = m_ink.data() + firstRow * w + first;
+    for (int iy = int(firstRow); iy <= r.bottom - topLeft.y;
+         ++iy, line += pitch, saved += w, ink += w) {
+        copyPixels(saved, line, width);
+        const int runEnd = rowRuns[iy + 1];
+        for (int i = rowRuns[iy]; i < runEnd; ++i) {
+            const int from = std::max(runs[i].first, first);
+            const int to = std::min(runs[i].first + runs[i].second - 1, last);
+            if (from <= to)
+                copyPixels(line + (from - first), ink + (from - first), to - from + 1);
+        }
     }
 }
 
@@ -309,30 +419,4 @@ void VyScreenCursor::prepareInk() {
         }
     }
     m_rowRuns[h] = static_cast<int>(m_runs.size());
-}
-
-void VyScreenCursor::draw() {
-    if (m_image.isNull() || !m_shown || !m_base)
-        return;
-    const VyPoint topLeft = m_position - m_hotspot;
-    const int w = m_image.width();
-    const VyRect r = VyRect(topLeft, VySize(w, m_image.height()))
-                         .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
-    if (r.isEmpty())
-        return;
-    m_touched = m_touched.united(r);
-    const int first = r.left - topLeft.x; // visible image columns first .. last
-    const int last = r.right - topLeft.x;
-    for (int y = r.top; y <= r.bottom; ++y) {
-        const int iy = y - topLeft.y;
-        uint16_t* line =
-            reinterpret_cast<uint16_t*>(m_base + static_cast<size_t>(y) * m_lineLength);
-        const uint16_t* ink = &m_ink[static_cast<size_t>(iy) * w];
-        for (int i = m_rowRuns[iy]; i < m_rowRuns[iy + 1]; ++i) {
-            const int from = std::max(m_runs[i].first, first);
-            const int to = std::min(m_runs[i].first + m_runs[i].second - 1, last);
-            if (from <= to)
-                copyPixels(line + (topLeft.x + from), ink + from, to - from + 1);
-        }
-    }
 }

@@ -79,6 +79,11 @@ public:
     void show();
     void hide();
     bool isShown() const;
+    // A key press hides the cursor; the next mouse move brings it back, whatever the idle
+    // count says. GUI thread.
+    void hideUntilMouseMoves();
+    void mouseMoved();
+    bool isHiddenUntilMouseMoves() const { return m_hiddenForKeys; }
     // The rectangle the image covers on screen now (unclipped), empty with no image.
     VyRect area() const;
     // The drawing area's right edge minus its left edge, which picks the image size.
@@ -107,15 +112,21 @@ private:
     // Under m_mutex: saves what the image covers and draws it, when shown on a mapping.
     void redrawIfShown();
 
-    void save(VyPoint topLeft);
     void restore();
-    void draw();
+    // Saves what the image covers at topLeft and draws the image there.
+    void saveAndDraw(VyPoint topLeft);
+    void prepareSaveUnder();
+    bool wholeOnScreen(VyPoint topLeft) const;
+    // Moves the drawn image to `to` in one pass when neither place is clipped and the two
+    // do not overlap; false (nothing done) otherwise.
+    bool jumpWhole(VyPoint to);
     // The image as framebuffer pixels and, per row, its runs of drawn pixels.
     void prepareInk();
     VyRect clippedArea(VyPoint topLeft) const;
     bool loadShape(int shape);
 
     VyScreen* m_screen;
+    bool m_hiddenForKeys = false; // GUI thread only
     // Guards everything below; taken after the screen's framebuffer mutex.
     mutable std::mutex m_mutex;
     uint8_t* m_base = nullptr;

@@ -203,6 +203,13 @@ public:
     bool hasCursorShape() const { return m_cursorShape >= 0; }
     int cursorShape() const;
 
+    // The widget's kind for the key navigation: a widget of kind 2 (a panel, a tab page)
+    // keeps the arrow keys' focus search inside itself; kind 3 does so for Down and Left
+    // when no kind-2 ancestor exists. 0 for everything else.
+    enum WidgetKind { OrdinaryKind = 0, NavigationArea = 2, DownLeftArea = 3 };
+    int widgetKind() const { return m_widgetKind; }
+    void setWidgetKind(int kind) { m_widgetKind = uint8_t(kind); }
+
     int styleFontSize() const { return m_styleFontSize; }
     void setStyleFontSize(int size) { m_styleFontSize = size; }
     void invalidateStyle();
@@ -233,4 +240,5 @@ private:
     VyLayout* m_layout = nullptr;
     int m_styleFontSize = kStyleReloadSentinel;
     int m_cursorShape = -1; // -1: the parent's
+    uint8_t m_widgetKind = OrdinaryKind;
 };

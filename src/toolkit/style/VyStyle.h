@@ -12,6 +12,7 @@
 #include "runtime/VyString.h"
 #include "runtime/VyStringList.h"
 #include "toolkit/core/VyObject.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/style/VyStyleOption.h"
 
 class VyCanvas;
@@ -126,6 +127,61 @@ public:
     VySize toolTipSize(const VyStringList& lines) const;
     int toolTipFontSize() const;
 
+    // Item views: combo boxes and their popups, lists, tables with headers, date and time
+    // fields (VyStyleViews.cpp). Rows of every item view share one height.
+    int itemHeight() const { return scaledHeight(kItemHeightDesign); }
+    // The field of a combo box with its drop-down button at the right.
+    virtual void drawComboBox(VyCanvas* canvas, const VyRect& rect, int slot,
+                              const VyString& text) const;
+    VyRect comboBoxButtonRect(const VyRect& rect) const;
+    // The popup's background and border, and one of its rows (`chosen` is the highlighted one).
+    virtual void drawComboPopup(VyCanvas* canvas, const VyRect& rect) const;
+    virtual void drawComboPopupItem(VyCanvas* canvas, const VyRect& rect, const VyString& text,
+                                    bool chosen) const;
+    int comboPopupBorderWidth() const;
+    // A list or table frame: the border of the Normal or Focus state around the background.
+    virtual void drawItemViewFrame(VyCanvas* canvas, const VyRect& rect, bool focused, bool enabled,
+                                   bool table) const;
+    struct ItemLook {
+        VyString text;
+        VyBitmap icon;
+        int alignment = VyCanvas::AlignLeft | VyCanvas::AlignVCenter;
+        bool checkable = false;
+        bool checked = false;
+        bool selected = false;
+        bool current = false; // the row the keys move (outlined while the view has the focus)
+        bool focused = false; // the view has the focus
+        bool enabled = true;
+        vyargb foreground = 0; // 0: the style's
+    };
+    virtual void drawListItem(VyCanvas* canvas, const VyRect& rect, const ItemLook& item) const;
+    // The check box of a list row sits at the row's left, this wide.
+    int listCheckWidth() const { return indicatorSize() + 2 * indicatorSpacing(); }
+    // One cell of a table; `item.current` outlines it in "VyTableWidget/Cell/Border/Focus".
+    virtual void drawTableCell(VyCanvas* canvas, const VyRect& rect, const ItemLook& item) const;
+    // A header section; sortOrder 0 draws no indicator, 1 ascending, 2 descending.
+    virtual void drawHeaderSection(VyCanvas* canvas, const VyRect& rect, const VyString& text,
+                                   int sortOrder, bool horizontal) const;
+    // A date or time field: the text with the focused section highlighted (pixel range
+    // sectionFromX..sectionToX of the text area, empty for none) and, when `dropDown`, the
+    // calendar button.
+    virtual void drawDateEdit(VyCanvas* canvas, const VyRect& rect, int slot, const VyString& text,
+                              int sectionFromX, int sectionToX, bool dropDown) const;
+    VyRect dateEditTextRect(const VyRect& rect, bool dropDown) const;
+    VyRect dateEditButtonRect(const VyRect& rect) const;
+
+    // Menus draw on the combo box popup's background and border (drawComboPopup); an item has
+    // an optional icon, its text and, for a sub-menu, an arrow at the right.
+    virtual void drawMenuItem(VyCanvas* canvas, const VyRect& rect, const VyString& text,
+                              const VyBitmap& icon, bool highlighted, bool enabled,
+                              bool subMenu) const;
+    virtual void drawMenuSeparator(VyCanvas* canvas, const VyRect& rect) const;
+    int menuSeparatorHeight() const { return scaledHeight(kMenuSeparatorDesign); }
+    // One tab of a tab bar; the bar's base line is drawn by drawTabBarBase.
+    virtual void drawTab(VyCanvas* canvas, const VyRect& rect, const VyString& text, bool current,
+                         bool focused, bool hovered, bool enabled) const;
+    virtual void drawTabBarBase(VyCanvas* canvas, const VyRect& rect) const;
+
     // The side of the check box and radio button indicators, and the gap to their text.
     int indicatorSize() const { return scaled(kIndicatorDesign); }
     int indicatorSpacing() const { return scaled(kIndicatorSpacingDesign); }
@@ -134,6 +190,8 @@ public:
     static constexpr int kIndicatorDesign = 22;
     static constexpr int kIndicatorSpacingDesign = 8;
     static constexpr int kFieldPaddingDesign = 8;
+    static constexpr int kItemHeightDesign = 36;
+    static constexpr int kMenuSeparatorDesign = 9;
 
 private:
     template <typename Option>

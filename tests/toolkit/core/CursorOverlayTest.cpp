@@ -72,9 +72,11 @@ TEST(CursorOverlay, DrawsWithoutBlendingAndRestoresTheExactPixels) {
 
     cursor->setImage(cursorImage(), VyPoint(1, 1));
     cursor->show();
-    // Inside, across each edge and off the screen on one axis or both.
-    const VyPoint places[] = {{10, 10},   {0, 0},    {31, 23},   {-2, 12}, {30, 1},
-                              {500, 500}, {500, 10}, {10, -300}, {12, 5}};
+    // Inside, across each edge and off the screen on one axis or both; then whole jumps
+    // (one pass) and short overlapping steps between them.
+    const VyPoint places[] = {{10, 10},  {0, 0},     {31, 23}, {-2, 12}, {30, 1},  {500, 500},
+                              {500, 10}, {10, -300}, {12, 5},  {20, 15}, {22, 16}, {5, 5},
+                              {5, 5},    {6, 4},     {11, 4},  {1, 1},   {27, 20}};
     for (VyPoint p : places) {
         cursor->setPosition(p.x, p.y);
         const std::vector<uint16_t> now = snapshot(s);

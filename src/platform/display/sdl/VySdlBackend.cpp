@@ -149,6 +149,9 @@ void VySdlBackend::pumpEvents() {
             notifyPointer(p.x, p.y, m_buttons, 0);
             break;
         }
+        case SDL_KEYDOWN:
+            notifyKey(SDL_GetKeyName(event.key.keysym.sym));
+            break;
         case SDL_MOUSEWHEEL: {
             int x = 0;
             int y = 0;
@@ -164,4 +167,7 @@ void VySdlBackend::pumpEvents() {
             break;
         }
     }
+    std::string status;
+    if (takeStatus(&status))
+        SDL_SetWindowTitle(m_window, ("dvrgui - " + status).c_str());
 }

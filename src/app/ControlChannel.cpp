@@ -1,0 +1,135 @@
+#include "app/ControlChannel.h"
+
+#include "toolkit/input/VyKeyManager.h"
+#include "runtime/VyLog.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyPostedEventQueue.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyWidget.h"
+#include "toolkit/events/DvrKeyEvent.h"
+#include "toolkit/graphics/VyWindowSurface.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <pthread.h>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kControlLineEventType = 1201; // the GUI's own, next to the quit event
+constexpr size_t kMaxLine = 256;            // longer lines are dropped whole
+
+class ControlLineEvent : public VyEvent {
+public:
+    explicit ControlLineEvent(std::string line)
+        : VyEvent(kControlLineEventType)
+        , text(std::move(line)) {}
+    std::string text;
+};
+
+} // namespace
+
+bool ControlChannel::startFromEnvironment() {
+    const char* path = std::getenv("VY_CONTROL_FIFO");
+    if (path == nullptr || *path == '\0')
+        return false;
+    // Read-write, so that the FIFO never reports end of file between two writers.
+    m_fd = ::open(path, O_RDWR | O_CLOEXEC);
+    if (m_fd < 0) {
+        vySystemLine("control: cannot open %s (%d)\n", path, errno);
+        return false;
+    }
+    pthread_t thread;
+    if (pthread_create(&thread, nullptr, &ControlChannel::readLoop, this) != 0) {
+        ::close(m_fd);
+        m_fd = -1;
+        return false;
+    }
+    pthread_detach(thread);
+    vySystemLine("control: reading %s\n", path);
+    return true;
+}
+
+void* ControlChannel::readLoop(void* self) {
+    auto* channel = static_cast<ControlChannel*>(self);
+    std::string line;
+    bool overlong = false;
+    char buffer[512];
+    for (;;) {
+        const ssize_t n = ::read(channel->m_fd, buffer, sizeof buffer);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return nullptr;
+        for (ssize_t i = 0; i < n; ++i) {
+            if (buffer[i] != '\n') {
+                if (line.size() < kMaxLine)
+                    line += buffer[i];
+                else
+                    overlong = true;
+                continue;
+            }
+            if (overlong)
+                vySystemLine("control: line over %zu bytes dropped\n", kMaxLine);
+            else
+                VyApplication::postEvent(channel, std::make_unique<ControlLineEvent>(line));
+            line.clear();
+            overlong = false;
+        }
+    }
+}
+
+void ControlChannel::customEvent(VyEvent* e) {
+    if (e->type() != kControlLineEventType)
+        return;
+    e->accept();
+    runCommand(VyString(static_cast<ControlLineEvent*>(e)->text.c_str()));
+}
+
+bool ControlChannel::runCommand(const VyString& line) {
+    const std::string text = line.c_str();
+    unsigned long key = 0;
+    char tail = 0;
+    if (std::sscanf(text.c_str(), "key %lu %c", &key, &tail) == 1) {
+        VyKeyManager* keys = VyKeyManager::instance();
+        if (keys != nullptr)
+            VyApplication::postEvent(keys,
+                                     std::make_unique<DvrKeyEvent>(static_cast<uint32_t>(key)));
+        return true;
+    }
+    if (text == "state") {
+        ++m_stateSeq;
+        std::printf("state: seq=%u %s\n", m_stateSeq, stateText().c_str());
+        std::fflush(stdout);
+        return true;
+    }
+    vySystemLine("control: unknown command \"%s\"\n", text.c_str());
+    return false;
+}
+
+VyString ControlChannel::stateText() const {
+    VyApplication* app = VyApplication::instance();
+    if (app == nullptr)
+        return VyString("no-application");
+    std::string windows;
+    VyScreen* screen = app->screen();
+    for (int i = 0; screen != nullptr && i < screen->windowCount(); ++i) {
+        const VyWindowSurface* window = screen->windowAt(i);
+        if (window == nullptr || !window->isShown() || window->owner() == nullptr)
+            continue;
+        if (!windows.empty())
+            windows += ',';
+        windows += window->owner()->className().c_str();
+    }
+    const VyWidget* focus = app->focusWidget();
+    char buffer[160];
+    std::snprintf(buffer, sizeof buffer, " modal=%d focus=%s queue=%d peak=%d",
+                  static_cast<int>(app->modalStack().size()),
+                  focus != nullptr ? focus->className().c_str() : "none",
+                  app->postedEvents()->size(), app->postedEvents()->peakWaiting());
+    return VyString(
+        ("windows=" + (windows.empty() ? std::string("none") : windows) + buffer).c_str());
+}

@@ -1,0 +1,27 @@
+#include "model/DeviceProfile.h"
+
+#include "protocol/DeviceDefaultRecord.h"
+#include "runtime/VyIniSettings.h"
+
+DeviceProfile& DeviceProfile::current() {
+    static DeviceProfile profile;
+    return profile;
+}
+
+void DeviceProfile::readDeviceRecord(const uint8_t* record, size_t size) {
+    auto byteAt = [&](uint32_t offset) { return offset < size ? record[offset] : uint8_t(0); };
+    alarmInputNum = byteAt(DeviceDefaultRecord::kNumberSettingAlarmInputNum);
+    alarmOutputNum = byteAt(DeviceDefaultRecord::kNumberSettingAlarmOutputNum);
+    audioNum = byteAt(DeviceDefaultRecord::kNumberSettingAudioNum);
+    maxDiskNum = byteAt(DeviceDefaultRecord::kDiskConfigMaxDiskNum);
+    ftpEnable = byteAt(DeviceDefaultRecord::kFuncSwitchFtpEnable) != 0;
+    emailScheduleEnable = byteAt(DeviceDefaultRecord::kFuncSwitchEmailScheduleEnable) != 0;
+    emailTestEnable = byteAt(DeviceDefaultRecord::kFuncSwitchEamilTestEnable) != 0;
+    usePersianDate = byteAt(DeviceDefaultRecord::kCustomFuncsUsePersianDate) != 0;
+}
+
+void DeviceProfile::readRecordSwitches(const VyIniSettings& ini) {
+    enablePirRecord = ini.intValue("RecordSchedulDef/EnablePirRecord") != 0;
+    enableMotionRecord = ini.intValue("RecordSchedulDef/EnableMotionRecord") != 0;
+    enableNormalRecord = ini.intValue("RecordSchedulDef/EnableNormalRecord") != 0;
+}

@@ -1,0 +1,172 @@
+// The live screen's pointer hooks: selection and the tool bar on release, the right click,
+// single view on a double click, press and hold, and dragging a cell onto another.
+#include "ui/liveview/VyVideoScreen.h"
+
+#include "model/MainViewManager.h"
+#include "protocol/ChannelStateNotice.h"
+#include "runtime/VyByteArray.h"
+#include "toolkit/core/VyDrag.h"
+#include "toolkit/events/VyDragEnterEvent.h"
+#include "toolkit/events/VyDragMoveEvent.h"
+#include "toolkit/events/VyDropEvent.h"
+#include "toolkit/events/VyMimeData.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
+#include "toolkit/style/VyStyle.h"
+#include "ui/UiLook.h"
+#include "ui/liveview/MainViewVideo.h"
+
+#include <cstdlib>
+
+namespace {
+
+bool keepsToolBar(const ChannelState& s) {
+    return s.kind == ChannelStateNotice::kKindFisheye &&
+           (s.subMode == ChannelStateNotice::kSubModeDewarp ||
+            s.subMode == ChannelStateNotice::kSubModePanorama);
+}
+
+} // namespace
+
+void VyVideoScreen::stopHold() {
+    if (m_holdTimer != 0)
+        killTimer(m_holdTimer);
+    m_holdTimer = 0;
+    m_holdTicks = 0;
+    m_held.reset();
+}
+
+void VyVideoScreen::cellPressed(int button, Video* cell, VyPoint pos) {
+    m_pressPos = cell->geometry().topLeft() + pos;
+    m_dragging = false;
+    stopHold();
+    if (button == VyMouseEvent::LeftButton && (m_flags & kPressAndHold) != 0) {
+        m_held.reset(static_cast<MainViewVideo*>(cell));
+        m_holdTimer = startTimer(kHoldTickMs);
+    }
+}
+
+void VyVideoScreen::cellMoved(int buttons, Video* cell, VyPoint pos) {
+    if ((buttons & VyMouseEvent::LeftButton) == 0 || m_dragging)
+        return;
+    const VyPoint at = cell->geometry().topLeft() + pos;
+    const int distance = std::abs(at.x - m_pressPos.x) + std::abs(at.y - m_pressPos.y);
+    if (distance < UiLook::scaledX(kDragDistancePx))
+        return;
+    auto* mcell = static_cast<MainViewVideo*>(cell);
+    if (isSingleView() || mcell->channel() == Video::kNoChannel || mcell->isExclusive())
+        return;
+    stopHold();
+    startDrag(mcell);
+}
+
+void VyVideoScreen::startDrag(MainViewVideo* cell) {
+    m_dragging = true;
+    auto* drag = new VyDrag(this);
+    const VyString position = VyString::number(positionOf(cell));
+    drag->setMimeData(
+        VyMimeData(VyString(kDragType), VyByteArray(position.c_str(), int(position.size()))));
+    drag->setImage(VyStyle::instance()->image(VyString(kDragImage)));
+    connect(drag, &drag->finished, drag, VY_SLOT(VyObject, deleteLater));
+    if (!drag->start(VyDropEvent::MoveAction))
+        delete drag;
+}
+
+void VyVideoScreen::dragEnterEvent(VyDragEnterEvent* e) {
+    if (e->mimeData() && e->mimeData()->hasType(VyString(kDragType)))
+        e->accept();
+    else
+        e->ignore();
+}
+
+void VyVideoScreen::dragMoveEvent(VyDragMoveEvent* e) {
+    if (cellAt(e->pos()) != nullptr)
+        e->accept();
+    else
+        e->ignore();
+}
+
+void VyVideoScreen::dropEvent(VyDropEvent* e) {
+    m_dragging = false;
+    if (!e->mimeData() || !e->mimeData()->hasType(VyString(kDragType)))
+        return;
+    const VyByteArray& bytes = e->mimeData()->data();
+    const int from = std::atoi(VyString(bytes.constData(), bytes.size()).c_str());
+    Video* target = cellAt(e->pos());
+    const int to = positionOf(target);
+    if (target == nullptr || to < 0 || from == to)
+        return;
+    e->accept();
+    swapChannels(from, to);
+}
+
+void VyVideoScreen::cellReleased(int button, Video* cell, VyPoint) {
+    auto* mcell = static_cast<MainViewVideo*>(cell);
+    const bool wasHeldEnlarged = !m_holdEnlarged.isNull() && m_holdEnlarged.data() == mcell;
+    stopHold();
+    if (wasHeldEnlarged) {
+        // The hold showed the cell alone; letting go brings the chosen layout back.
+        m_holdEnlarged.reset();
+        toggleSingleView();
+        return;
+    }
+    m_holdEnlarged.reset();
+    MainViewManager* manager = MainViewManager::instance();
+    const bool pickMode = manager != nullptr && manager->isPickMode();
+    if (button == VyMouseEvent::RightButton) {
+        if (pickMode)
+            manager->pickChannel(mcell->channel());
+        m_rightClicked.reset(mcell);
+        emitSignal(this, &rightClicked);
+        return;
+    }
+    if (pickMode || selectedIsExclusive())
+        return;
+    if (mcell != m_selected.data()) {
+        selectCell(mcell);
+        if (mcell == m_selected.data())
+            showToolBar(mcell);
+        return;
+    }
+    const ChannelState& s = mcell->channelState();
+    if (keepsToolBar(s))
+        showToolBar(mcell);
+    else if (!mcell->hasChannelInfo() || s.kind != ChannelStateNotice::kKindCamera ||
+             mcell->noToolBar())
+        hideToolBar();
+    else
+        showToolBar(mcell);
+}
+
+void VyVideoScreen::cellDoubleClicked(int button, Video* cell, VyPoint) {
+    if (button == VyMouseEvent::RightButton)
+        return;
+    auto* mcell = static_cast<MainViewVideo*>(cell);
+    if (!mcell->hasCamera() && !isSingleView())
+        return;
+    if (mcell->noToolBar())
+        return;
+    hideToolBar();
+    if (selectedIsExclusive())
+        return;
+    selectCell(mcell);
+    toggleSingleView();
+    if (m_inFront)
+        showToolBar(m_selected.data());
+}
+
+void VyVideoScreen::timerEvent(VyTimerEvent* e) {
+    if (e->timerId() != m_holdTimer || m_holdTimer == 0) {
+        VideoScreenBase::timerEvent(e);
+        return;
+    }
+    if (++m_holdTicks < kHoldEnlargeTicks)
+        return;
+    MainViewVideo* held = m_held.data();
+    stopHold();
+    if (held == nullptr || isSingleView() || !held->hasCamera() || selectedIsExclusive())
+        return;
+    selectCell(held);
+    toggleSingleView();
+    m_holdEnlarged.reset(held);
+}

@@ -1,0 +1,124 @@
+#include "ui/settings/SettingsManager.h"
+
+#include "model/DeviceProfile.h"
+#include "model/UiManager.h"
+#include "protocol/ByteOrder.h"
+#include "protocol/IpcMsgHeader.h"
+#include "protocol/UiEventType.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/events/CEvent.h"
+#include "toolkit/i18n/TextId.h"
+#include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/DeviceInfoPage.h"
+#include "ui/settings/NetworkPage.h"
+#include "ui/settings/RecordParamPage.h"
+#include "ui/settings/RecordSchedulePage.h"
+#include "ui/settings/RemoteAccessPage.h"
+#include "ui/settings/SettingsWindow.h"
+#include "ui/settings/StoragePage.h"
+
+namespace {
+
+template <typename Page>
+SettingsPage* makePage(VyWidget* parent) {
+    return new Page(parent);
+}
+
+constexpr uint32_t kCategoryTitles[SettingsManager::CategoryCount] = {
+    TextId::Settings::Camera,  TextId::Settings::Record,  TextId::Settings::Alarm,
+    TextId::Settings::Network, TextId::Settings::Storage, TextId::Settings::System};
+
+SettingsManager* g_instance = nullptr; // the live manager; see instance()
+
+} // namespace
+
+SettingsManager::SettingsManager(VyObject* parent)
+    : VyObject(parent) {
+    g_instance = this;
+}
+
+SettingsManager::~SettingsManager() {
+    delete m_window.data();
+    setCurrentPage(nullptr);
+    if (g_instance == this)
+        g_instance = nullptr;
+}
+
+SettingsManager* SettingsManager::instance() {
+    return g_instance;
+}
+
+SettingsPage* SettingsManager::currentPage() const {
+    return m_page.data();
+}
+
+SettingsWindow* SettingsManager::window() const {
+    return m_window.data();
+}
+
+SettingsWindow* SettingsManager::openWindow() {
+    if (!m_window) {
+        auto* w = new SettingsWindow(this);
+        if (VyApplication* app = VyApplication::instance(); app && app->screen())
+            w->setGeometry(0, 0, app->screen()->width(), app->screen()->height());
+        m_window.reset(w);
+        w->show();
+    }
+    return m_window.data();
+}
+
+uint32_t SettingsManager::categoryTitle(int category) {
+    return category >= 0 && category < CategoryCount ? kCategoryTitles[category] : 0;
+}
+
+std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
+                                                                 const DeviceProfile& profile) {
+    std::vector<PageEntry> pages;
+    switch (category) {
+    case Record:
+        if (profile.enableNormalRecord || profile.enableMotionRecord || profile.enablePirRecord ||
+            profile.alarmInputNum > 0)
+            pages.push_back({TextId::Settings::Schedule, &makePage<RecordSchedulePage>});
+        pages.push_back({TextId::Settings::Record, &makePage<RecordParamPage>});
+        break;
+    case Alarm:
+        if (profile.alarmInputNum > 0)
+            pages.push_back({TextId::Settings::AlarmInput, &makePage<AlarmInputPage>});
+        break;
+    case Network:
+        pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
+        pages.push_back({TextId::Settings::RemoteAccess, &makePage<RemoteAccessPage>});
+        break;
+    case Storage:
+        if (profile.maxDiskNum > 0)
+            pages.push_back({TextId::Settings::Storage, &makePage<StoragePage>});
+        break;
+    case System:
+        pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
+        break;
+    default:
+        break;
+    }
+    return pages;
+}
+
+void SettingsManager::setCurrentPage(SettingsPage* page) {
+    m_page.reset(page);
+    if (UiManager* ui = UiManager::instance())
+        ui->setReceiver(UiEventType::ParamChanged, page != nullptr ? this : nullptr);
+}
+
+void SettingsManager::customEvent(VyEvent* e) {
+    if (e->type() != UiEventType::ParamChanged)
+        return;
+    auto* ce = static_cast<CEvent*>(e);
+    const auto* block = static_cast<const uint8_t*>(ce->data());
+    if (block == nullptr || !m_page)
+        return;
+    const IpcMsgHeader h = ipcDecodeHeader(block);
+    if (h.dataLen < 4)
+        return;
+    if (m_page->parameterChanged(ByteOrder::loadLe32(block + kIpcHeaderSize)))
+        ++m_refreshes;
+}

@@ -1,0 +1,118 @@
+#include "ui/settings/SettingsPage.h"
+
+#include "runtime/VyLog.h"
+#include "toolkit/core/VyPointer.h"
+#include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VySpinBox.h"
+#include "ui/UiLook.h"
+
+namespace {
+
+constexpr int kMarginDesign = 24; // pixels at 1920x1080
+constexpr int kRowHeightDesign = 44;
+constexpr int kRowGapDesign = 12;
+constexpr int kLabelWidthDesign = 320;
+constexpr int kControlWidthDesign = 360;
+
+} // namespace
+
+SettingsPage::SettingsPage(uint32_t titleId, VyWidget* parent)
+    : CWidget(parent)
+    , m_titleId(titleId) {}
+
+void SettingsPage::open() {
+    VyPointer<SettingsPage> self(this);
+    for (int i = 0; i < m_blocks.count(); ++i) {
+        m_blocks.fetchOne(i);
+        if (!self || m_abandoned)
+            return; // left while App was answering: fetch nothing more
+    }
+    m_opened = true;
+    opened();
+    showValues();
+}
+
+int SettingsPage::apply() {
+    collectValues();
+    if (const uint32_t field = invalidField()) {
+        VY_GUI_LOG("settings not applied: field %u is not valid\n", field);
+        return -1;
+    }
+    beforeWrite();
+    return m_blocks.writeChanged();
+}
+
+void SettingsPage::cancel() {
+    m_blocks.revert();
+    showValues();
+}
+
+bool SettingsPage::hasUnsavedChanges() {
+    if (!m_opened)
+        return false;
+    collectValues();
+    return m_blocks.isModified();
+}
+
+bool SettingsPage::parameterChanged(uint32_t number) {
+    if (!m_opened)
+        return false;
+    collectValues();
+    VyPointer<SettingsPage> self(this);
+    const bool held = m_blocks.refresh(number);
+    if (!self || !held)
+        return false;
+    showValues();
+    return true;
+}
+
+int SettingsPage::clampForDisplay(int value, int lo, int hi, const char* field) {
+    if (value >= lo && value <= hi)
+        return value;
+    const int shown = value < lo ? lo : hi;
+    VY_GUI_LOG("%s = %d is out of range %d..%d, shown as %d\n", field, value, lo, hi, shown);
+    return shown;
+}
+
+int SettingsPage::fromControl(int saved, int lo, int hi, int control) {
+    const bool outside = saved < lo || saved > hi;
+    const int shown = saved < lo ? lo : (saved > hi ? hi : saved);
+    return outside && control == shown ? saved : control;
+}
+
+void SettingsPage::showSpin(VySpinBox* box, int value) {
+    if (box->isTyping() || box->value() == value)
+        return;
+    box->setValue(value);
+}
+
+void SettingsPage::watch(VyObject* control, const VySignal* signal) {
+    VyObject::connect(control, signal, this, VY_SLOT(SettingsPage, markEdited));
+}
+
+VyWidget* SettingsPage::addRow(uint32_t textId, VyWidget* control) {
+    auto* label = new VyLabel(this);
+    label->setTextId(textId);
+    label->show();
+    control->show();
+    m_rows.push_back({label, control});
+    return control;
+}
+
+int SettingsPage::rowsBottom() const {
+    const int n = int(m_rows.size());
+    return UiLook::scaledY(kMarginDesign) + n * UiLook::scaledY(kRowHeightDesign + kRowGapDesign);
+}
+
+void SettingsPage::resizeEvent(VyResizeEvent*) {
+    const int x = UiLook::scaledX(kMarginDesign);
+    const int labelWidth = UiLook::scaledX(kLabelWidthDesign);
+    const int controlWidth = UiLook::scaledX(kControlWidthDesign);
+    const int h = UiLook::scaledY(kRowHeightDesign);
+    int y = UiLook::scaledY(kMarginDesign);
+    for (const Row& r : m_rows) {
+        r.label->setGeometry(x, y, labelWidth, h);
+        r.control->setGeometry(x + labelWidth, y, controlWidth, h);
+        y += UiLook::scaledY(kRowHeightDesign + kRowGapDesign);
+    }
+}

@@ -1,0 +1,267 @@
+#include "ui/settings/SettingsWindow.h"
+
+#include "model/DeviceProfile.h"
+#include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
+#include "runtime/VyResources.h"
+#include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "ui/MessageBox.h"
+#include "ui/UiLook.h"
+#include "ui/settings/SettingsPage.h"
+#include "ui/settings/SettingsTile.h"
+
+namespace {
+
+// Pixels at 1920x1080.
+constexpr int kTitleHeightDesign = 64;
+constexpr int kTabHeightDesign = 56;
+constexpr int kButtonRowDesign = 80;
+constexpr int kButtonWidthDesign = 180;
+constexpr int kButtonHeightDesign = 48;
+constexpr int kTileWidthDesign = 420;
+constexpr int kTileHeightDesign = 260;
+constexpr int kGapDesign = 24;
+constexpr int kTileColumns = 3;
+
+} // namespace
+
+SettingsWindow::SettingsWindow(SettingsManager* manager)
+    : CWidget(nullptr, Window)
+    , m_manager(manager) {
+    const VyIniSettings ini(VyResources::path(kStyleFile));
+    auto colour = [&](const char* key) { return ini.color(VyString(key)).argb(); };
+    m_background = colour("SettingsWindow/Background");
+    m_border = colour("SettingsWindow/Border");
+    m_pageBackground = colour("SettingsWindow/Page/Background");
+    m_separator = colour("SettingsWindow/Separator");
+
+    m_title = new VyLabel(this);
+    m_title->setTextId(TextId::Settings::Title);
+    m_title->show();
+    const DeviceProfile& profile = DeviceProfile::current();
+    for (int c = 0; c < SettingsManager::CategoryCount; ++c) {
+        if (SettingsManager::pagesOf(c, profile).empty())
+            continue;
+        auto* tile = new SettingsTile(c, SettingsManager::categoryTitle(c), this);
+        VyObject::connect(tile, &tile->clicked, this, VY_SLOT(SettingsWindow, tileClicked));
+        m_tiles.push_back(tile);
+    }
+    auto button = [&](uint32_t textId, VySlot slot) {
+        auto* b = new VyPushButton(VyTranslation::tr(textId), this);
+        VyObject::connect(b, &b->clicked, this, slot);
+        return b;
+    };
+    m_default = button(TextId::Settings::Default, VY_SLOT(SettingsWindow, restoreDefaults));
+    m_apply = button(TextId::Settings::Apply, VY_SLOT(SettingsWindow, applyClicked));
+    m_save = button(TextId::Settings::Save, VY_SLOT(SettingsWindow, save));
+    m_cancel = button(TextId::Settings::Cancel, VY_SLOT(SettingsWindow, cancelEdits));
+    showHome(true);
+}
+
+SettingsWindow::~SettingsWindow() {
+    if (m_manager != nullptr)
+        m_manager->setCurrentPage(nullptr);
+}
+
+VyRect SettingsWindow::pageArea() const {
+    const int top = UiLook::scaledY(kTitleHeightDesign + kTabHeightDesign);
+    const int bottom = height() - UiLook::scaledY(kButtonRowDesign);
+    return VyRect(0, top, width(), bottom - top);
+}
+
+void SettingsWindow::showHome(bool home) {
+    for (SettingsTile* t : m_tiles)
+        t->setVisible(home);
+    for (VyPushButton* b : {m_default, m_apply, m_save, m_cancel})
+        b->setVisible(!home);
+    m_title->setTextId(home ? TextId::Settings::Title : SettingsManager::categoryTitle(m_category));
+    if (home && !m_tiles.empty())
+        m_tiles.front()->setFocus();
+    update();
+}
+
+void SettingsWindow::tileClicked(VyObject* sender) {
+    for (SettingsTile* t : m_tiles)
+        if (t == sender)
+            openCategory(t->category());
+}
+
+bool SettingsWindow::openCategory(int category) {
+    const auto entries = SettingsManager::pagesOf(category, DeviceProfile::current());
+    if (entries.empty()) {
+        VY_GUI_LOG("settings category %d is not offered on this model\n", category);
+        return false;
+    }
+    if (m_category >= 0 && !leaveCategory())
+        return false;
+    m_category = category;
+    m_entries = entries;
+    m_pageIndex = -1;
+    showHome(false);
+    return showPage(0);
+}
+
+bool SettingsWindow::confirmLeavingPage() {
+    SettingsPage* p = m_page.data();
+    if (p == nullptr || m_opening || !p->hasUnsavedChanges())
+        return true;
+    const UnsavedAnswer answer = m_ask ? m_ask() : DiscardChanges;
+    if (answer == StayOnPage)
+        return false;
+    if (answer == SaveChanges)
+        return apply();
+    return true;
+}
+
+void SettingsWindow::dropPage() {
+    SettingsPage* p = m_page.data();
+    m_manager->setCurrentPage(nullptr);
+    m_page.reset();
+    m_pageIndex = -1;
+    if (p == nullptr)
+        return;
+    p->hide();
+    if (m_opening) {
+        // Still inside open() further up the stack: it ends there.
+        p->abandon();
+        m_abandoned = true;
+        return;
+    }
+    p->deleteLater();
+}
+
+bool SettingsWindow::showPage(int index) {
+    if (index < 0 || index >= pageCount())
+        return false;
+    if (index == m_pageIndex && m_page)
+        return true;
+    if (!confirmLeavingPage())
+        return false;
+    dropPage();
+    VyPointer<SettingsWindow> self(this);
+    SettingsPage* p = m_entries[size_t(index)].make(this);
+    p->setGeometry(pageArea());
+    p->show();
+    m_page.reset(p);
+    m_pageIndex = index;
+    m_manager->setCurrentPage(p);
+    pagesChanged();
+    m_opening = true;
+    m_abandoned = false;
+    p->open(); // runs the event loop until App answers
+    if (!self)
+        return false;
+    m_opening = false;
+    if (m_abandoned) {
+        m_abandoned = false;
+        p->deleteLater();
+        return false;
+    }
+    p->setFocus();
+    return true;
+}
+
+bool SettingsWindow::leaveCategory() {
+    if (m_category < 0)
+        return true;
+    if (!confirmLeavingPage())
+        return false;
+    dropPage();
+    m_category = -1;
+    m_entries.clear();
+    showHome(true);
+    pagesChanged();
+    return true;
+}
+
+bool SettingsWindow::apply() {
+    if (!m_page || !m_page->isOpened())
+        return true;
+    if (m_page->apply() >= 0)
+        return true;
+    MessageBox::information(TextId::Settings::InvalidValue);
+    return false;
+}
+
+void SettingsWindow::save() {
+    if (apply())
+        leaveCategory();
+}
+
+void SettingsWindow::cancelEdits() {
+    if (m_page && m_page->isOpened())
+        m_page->cancel();
+    leaveCategory();
+}
+
+void SettingsWindow::restoreDefaults() {
+    if (m_page)
+        m_page->restoreDefaults();
+}
+
+void SettingsWindow::closeEvent(VyCloseEvent*) {
+    // Closing is leaving: unsaved changes are asked about like any other way out.
+    if (m_category >= 0 && !leaveCategory())
+        return;
+    deleteLater();
+}
+
+void SettingsWindow::keyPressEvent(VyKeyEvent* e) {
+    if (e->key() != VyKeyEvent::KeyEscape) {
+        CWidget::keyPressEvent(e);
+        return;
+    }
+    e->accept();
+    if (m_category >= 0)
+        leaveCategory();
+    else
+        close();
+}
+
+void SettingsWindow::resizeEvent(VyResizeEvent*) {
+    const int gap = UiLook::scaledX(kGapDesign);
+    m_title->setGeometry(gap, 0, width() - 2 * gap, UiLook::scaledY(kTitleHeightDesign));
+    const int tw = UiLook::scaledX(kTileWidthDesign), th = UiLook::scaledY(kTileHeightDesign);
+    const int columns = std::min<int>(kTileColumns, int(m_tiles.size()));
+    const int rows = (int(m_tiles.size()) + kTileColumns - 1) / kTileColumns;
+    const int left = (width() - columns * tw - (columns - 1) * gap) / 2;
+    const int top = (height() - rows * th - (rows - 1) * gap) / 2;
+    for (size_t i = 0; i < m_tiles.size(); ++i) {
+        const int col = int(i) % kTileColumns, row = int(i) / kTileColumns;
+        m_tiles[i]->setGeometry(left + col * (tw + gap), top + row * (th + gap), tw, th);
+    }
+    layoutButtons();
+    if (m_page)
+        m_page->setGeometry(pageArea());
+}
+
+void SettingsWindow::layoutButtons() {
+    const int bw = UiLook::scaledX(kButtonWidthDesign), bh = UiLook::scaledY(kButtonHeightDesign);
+    const int gap = UiLook::scaledX(kGapDesign);
+    const int row = UiLook::scaledY(kButtonRowDesign);
+    const int y = height() - row + (row - bh) / 2;
+    m_default->setGeometry(gap, y, bw, bh);
+    int x = width() - gap - bw;
+    for (VyPushButton* b : {m_cancel, m_save, m_apply}) {
+        b->setGeometry(x, y, bw, bh);
+        x -= bw + gap;
+    }
+}
+
+void SettingsWindow::paintEvent(VyPaintEvent*) {
+    VyCanvas* c = canvas();
+    c->fillRect(rect(), m_background);
+    const int titleBottom = UiLook::scaledY(kTitleHeightDesign);
+    c->drawLine(0, titleBottom, width() - 1, titleBottom, m_separator);
+    if (m_category >= 0) {
+        c->fillRect(pageArea(), m_pageBackground);
+        const int y = height() - UiLook::scaledY(kButtonRowDesign);
+        c->drawLine(0, y, width() - 1, y, m_separator);
+    }
+    c->drawRect(rect(), m_border);
+}

@@ -1,0 +1,98 @@
+#pragma once
+// The settings window: a start page of category tiles, and for the category chosen its
+// pages one at a time with Default, Apply, Save and Cancel below them. Colours from
+// "style/settingswindow.ini".
+//
+// Only the page on screen exists: showing a page makes it and fetches its blocks, leaving it
+// deletes it. Leaving a page with unsaved changes asks first (save, discard or stay).
+// Escape goes back one level: from a page to the tiles, from the tiles out of the window;
+// it works while a page waits for App, because the wait runs the event loop.
+#include "ui/settings/SettingsManager.h"
+
+#include "toolkit/core/VyPointer.h"
+#include "toolkit/widgets/CWidget.h"
+
+#include <functional>
+#include <vector>
+
+class SettingsPage;
+class SettingsTile;
+class VyLabel;
+class VyPushButton;
+
+class SettingsWindow : public CWidget {
+    VY_OBJECT(SettingsWindow, CWidget)
+public:
+    static constexpr const char* kStyleFile = "style/settingswindow.ini";
+
+    enum UnsavedAnswer { SaveChanges, DiscardChanges, StayOnPage };
+    using UnsavedQuestion = std::function<UnsavedAnswer()>;
+
+    // Top-level. `manager` hands App's changes to the page on screen; it must outlive the
+    // window.
+    explicit SettingsWindow(SettingsManager* manager);
+    ~SettingsWindow() override;
+
+    // What to ask before unsaved changes are left behind.
+    void setUnsavedQuestion(UnsavedQuestion question) { m_ask = std::move(question); }
+
+    // Opens a category on its first page; false for a category this model does not offer.
+    bool openCategory(int category);
+    // Shows page `index` of the open category; false when the user chose to stay.
+    bool showPage(int index);
+    // Back to the tiles; false when the user chose to stay.
+    bool leaveCategory();
+
+    int category() const { return m_category; }
+    int pageIndex() const { return m_pageIndex; }
+    int pageCount() const { return int(m_entries.size()); }
+    SettingsPage* page() const { return m_page.data(); }
+    const std::vector<SettingsTile*>& tiles() const { return m_tiles; }
+    VyPushButton* applyButton() const { return m_apply; }
+    VyPushButton* saveButton() const { return m_save; }
+    VyPushButton* cancelButton() const { return m_cancel; }
+    VyPushButton* defaultButton() const { return m_default; }
+
+    // False (and a message) when the page holds a value that cannot be sent.
+    bool apply();
+    void save();
+    void cancelEdits();
+    void restoreDefaults();
+
+protected:
+    void paintEvent(VyPaintEvent* e) override;
+    void resizeEvent(VyResizeEvent* e) override;
+    void keyPressEvent(VyKeyEvent* e) override;
+    void closeEvent(VyCloseEvent* e) override;
+
+    // Where the page of a category goes; the tab strip lies above it.
+    VyRect pageArea() const;
+    // Called when the category or page changes, for the page list above the page.
+    virtual void pagesChanged() {}
+
+private:
+    void tileClicked(VyObject* sender);
+    void applyClicked() { apply(); }
+    bool confirmLeavingPage();
+    void dropPage();
+    void showHome(bool home);
+    void layoutButtons();
+
+    SettingsManager* m_manager;
+    UnsavedQuestion m_ask;
+    std::vector<SettingsTile*> m_tiles; // children
+    VyLabel* m_title;
+    VyPushButton* m_default;
+    VyPushButton* m_apply;
+    VyPushButton* m_save;
+    VyPushButton* m_cancel;
+
+    int m_category = -1; // -1: the tiles
+    std::vector<SettingsManager::PageEntry> m_entries;
+    int m_pageIndex = -1;
+    VyPointer<SettingsPage> m_page;
+    bool m_opening = false;   // the page on screen is fetching its blocks
+    bool m_abandoned = false; // left while fetching: dropped once the fetch returns
+
+    vyargb m_background = 0, m_border = 0, m_pageBackground = 0, m_separator = 0;
+};

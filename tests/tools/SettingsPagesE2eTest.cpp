@@ -1,0 +1,388 @@
+// The settings pages against the simulated recorder on a real socket, in one process: what
+// a page fetches when it opens, what the recorder stores after Apply (the record bytes it
+// received), Cancel, the recorder's range checks, and a change made elsewhere reaching an
+// open page through the UiManager.
+#include "SimRecorder.h"
+#include "SimServer.h"
+#include "SimSettingsBlocks.h"
+
+#include "ipc/IpcClient.h"
+#include "model/DeviceProfile.h"
+#include "model/IpcRecorderLink.h"
+#include "model/ParamAccess.h"
+#include "model/UiManager.h"
+#include "model/UiModels.h"
+#include "protocol/AlarmInputBlock.h"
+#include "protocol/DeviceParamBlock.h"
+#include "protocol/DiskGroupBlock.h"
+#include "protocol/MainType.h"
+#include "protocol/NetworkBlock.h"
+#include "protocol/RecordParamBlock.h"
+#include "protocol/RecordScheduleBlock.h"
+#include "protocol/SubType.h"
+#include "runtime/VyFontMetrics.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/widgets/VyProgressBar.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VySpinBox.h"
+#include "ui/settings/AlarmInputPage.h"
+#include "ui/settings/BitMaskChecks.h"
+#include "ui/settings/NetworkPage.h"
+#include "ui/settings/QrCodeView.h"
+#include "ui/settings/RecScheduleFrame.h"
+#include "ui/settings/RecordParamPage.h"
+#include "ui/settings/RecordSchedulePage.h"
+#include "ui/settings/RemoteAccessPage.h"
+#include "ui/settings/SettingsManager.h"
+#include "ui/settings/StoragePage.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kChannels = 4;
+constexpr const char* kFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+
+class SettingsPagesE2e : public ::testing::Test {
+protected:
+    void SetUp() override {
+        char dir[] = "/tmp/settings-e2e-XXXXXX";
+        ASSERT_TRUE(::mkdtemp(dir));
+        m_dir = dir;
+        VyResources::setRoot(VY_RESOURCES_DIR);
+        VyFontMetrics::setFontFile(kFont, 5242880);
+        translation = new VyTranslation(VyString(VY_RESOURCES_DIR "/language"), nullptr);
+        VyTranslation::resetInstance(translation);
+        translation->changeLanguage(VyTranslation::kEnglish);
+        VyApplication::setDisplayDevice("mem:1280x720");
+        app = std::make_unique<VyApplication>();
+        app->screen()->cursor()->hide();
+
+        SimRecorderConfig config;
+        config.channels = kChannels;
+        config.alarmInputs = 2;
+        config.alarmOutputs = 1;
+        recorder = std::make_unique<SimRecorder>(config);
+        recorder->attach(server);
+        ASSERT_TRUE(server.listen(m_dir + "/IPC_UI"));
+        ASSERT_TRUE(server.start());
+        IpcClientConfig cc;
+        cc.socketPath = m_dir + "/IPC_UI";
+        cc.joinableThreads = true;
+        ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, cc));
+        RecorderLink::setInstance(&link);
+        manager = std::make_unique<UiManager>(models.get(), nullptr);
+        link.setWaiterMode(true);
+
+        DeviceProfile& p = DeviceProfile::current();
+        p = DeviceProfile{};
+        p.channelCount = kChannels;
+        p.enableNormalRecord = p.enableMotionRecord = true;
+        p.alarmInputNum = 2;
+        p.alarmOutputNum = 1;
+        p.audioNum = 1;
+        settings = std::make_unique<SettingsManager>();
+        window = std::make_unique<VyWidget>();
+        window->setGeometry(0, 0, 1280, 720);
+        window->show();
+    }
+    void TearDown() override {
+        window.reset();
+        settings.reset();
+        client.stop();
+        server.stop();
+        manager.reset();
+        models.reset();
+        RecorderLink::setInstance(nullptr);
+        app.reset();
+        VyTranslation::resetInstance();
+        DeviceProfile::current() = DeviceProfile{};
+        ::rmdir(m_dir.c_str());
+    }
+    template <typename Done>
+    bool runUntil(Done done) {
+        for (int i = 0; i < 3000 && !done(); ++i) {
+            if (app->processPostedEvents() == 0)
+                usleep(2000);
+        }
+        return done();
+    }
+    int paramMessages() { return recorder->receivedCount(MainType::Param, ParamSubType::Access); }
+    template <typename Record>
+    Record stored(uint8_t channel) {
+        Record r{};
+        const auto bytes = recorder->store().get(
+            SimSettingsBlocks::storeKey(Record::kBlockNumber, channel), sizeof r);
+        std::memcpy(&r, bytes.data(), std::min(bytes.size(), sizeof r));
+        return r;
+    }
+    static void click(VyWidget* w, int x, int y) {
+        for (int type : {int(VyEvent::MouseButtonPress), int(VyEvent::MouseButtonRelease)}) {
+            VyMouseEvent e(type, VyPoint(x, y), VyPoint(x, y), 1,
+                           type == VyEvent::MouseButtonPress ? 1 : 0);
+            VyApplication::sendEvent(w, &e);
+        }
+    }
+    static void drag(VyWidget* w, VyPoint from, VyPoint to) {
+        VyMouseEvent press(VyEvent::MouseButtonPress, from, from, 1, 1);
+        VyApplication::sendEvent(w, &press);
+        VyMouseEvent move(VyEvent::MouseMove, to, to, 0, 1);
+        VyApplication::sendEvent(w, &move);
+        VyMouseEvent release(VyEvent::MouseButtonRelease, to, to, 1, 0);
+        VyApplication::sendEvent(w, &release);
+    }
+    static void key(VyObject* w, int code) {
+        VyKeyEvent e(VyEvent::KeyPress, code, "");
+        VyApplication::sendEvent(w, &e);
+    }
+    template <typename Page>
+    Page* openPage() {
+        auto* page = new Page(window.get());
+        page->setGeometry(0, 0, 1280, 720);
+        page->show();
+        settings->setCurrentPage(page);
+        beforeOpen = paramMessages();
+        page->open();
+        return page;
+    }
+
+    std::unique_ptr<VyApplication> app;
+    VyTranslation* translation = nullptr;
+    SimServer server;
+    std::unique_ptr<SimRecorder> recorder;
+    IpcClient client;
+    IpcRecorderLink link{client};
+    std::unique_ptr<UiModels> models = std::make_unique<UiModels>();
+    std::unique_ptr<UiManager> manager;
+    std::unique_ptr<SettingsManager> settings;
+    std::unique_ptr<VyWidget> window;
+    int beforeOpen = 0; // parameter messages the UiManager's own start had sent
+
+private:
+    std::string m_dir;
+};
+
+TEST_F(SettingsPagesE2e, RecordScheduleEditedWithMouseKeysAndCopyReachesTheRecorder) {
+    auto* page = openPage<RecordSchedulePage>();
+    // Block 16 of each channel and nothing else.
+    EXPECT_EQ(paramMessages() - beforeOpen, kChannels);
+    EXPECT_EQ(page->blocks().fetchCount(), kChannels);
+    ASSERT_EQ(page->typeButton(3), nullptr); // no PIR recording on this model
+
+    ScheduleBoard* board = page->frame()->board();
+    const float cw = board->cellWidth(), ch = board->cellHeight();
+    auto at = [&](int c, int r) { return VyPoint(int((c + 0.5f) * cw), int((r + 0.5f) * ch)); };
+    // Motion on Tuesday 00:00-01:00 with the keys alone: focus down to (0, 2), OK, right, OK.
+    click(page->typeButton(1), 2, 2);
+    EXPECT_EQ(board->currentType(), 1);
+    key(board, VyKeyEvent::KeyDown);
+    key(board, VyKeyEvent::KeyDown);
+    key(board, VyKeyEvent::KeyOk);
+    key(board, VyKeyEvent::KeyRight);
+    key(board, VyKeyEvent::KeyOk);
+    // The factory schedule records normally all week; the mouse takes normal out of Monday
+    // 08:00-10:00.
+    click(page->typeButton(0), 2, 2);
+    drag(board, at(16, 1), at(19, 1));
+    click(page->copyButton(), 2, 2); // this week onto every channel
+    EXPECT_TRUE(page->hasUnsavedChanges());
+
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), kChannels);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() >= before + kChannels; }));
+    RecordScheduleBlock expected{};
+    expected.enabled = 1;
+    std::memset(expected.schedule, ScheduleGrid::kRecordNormal, sizeof expected.schedule);
+    for (int c = 16; c <= 19; ++c)
+        expected.schedule[48 + c] = 0;
+    expected.schedule[2 * 48 + 0] |= ScheduleGrid::kRecordMotion;
+    expected.schedule[2 * 48 + 1] |= ScheduleGrid::kRecordMotion;
+    for (uint8_t channel = 0; channel < kChannels; ++channel) {
+        expected.channel = channel;
+        const RecordScheduleBlock got = stored<RecordScheduleBlock>(channel);
+        EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0) << "channel " << int(channel);
+    }
+    EXPECT_FALSE(page->hasUnsavedChanges());
+}
+
+TEST_F(SettingsPagesE2e, RecordParametersApplyCancelAndTheRecordersRangeCheck) {
+    auto* page = openPage<RecordParamPage>();
+    EXPECT_EQ(paramMessages() - beforeOpen, kChannels);
+    EXPECT_EQ(page->preRecordBox()->value(), 5);
+    // Channel 3: pre-record up three steps with the keys, post-record typed, audio on.
+    page->channelBox()->setValue(3);
+    key(page->preRecordBox(), VyKeyEvent::KeyUp);
+    key(page->preRecordBox(), VyKeyEvent::KeyUp);
+    key(page->preRecordBox(), VyKeyEvent::KeyUp);
+    page->postRecordBox()->setValue(120);
+    click(page->audioBox(), 2, 2);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), 1); // one channel changed, one block sent
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    RecordParamBlock expected{};
+    expected.channel = 2;
+    expected.audioEnabled = 1;
+    expected.preRecordSec = 8;
+    expected.postRecordSec = 120;
+    RecordParamBlock got = stored<RecordParamBlock>(2);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+
+    // Cancel puts back what the recorder holds.
+    page->postRecordBox()->setValue(300);
+    page->cancel();
+    EXPECT_EQ(page->postRecordBox()->value(), 120);
+    EXPECT_FALSE(page->hasUnsavedChanges());
+
+    // A record out of range is refused and not stored.
+    RecordParamBlock bad = expected;
+    bad.postRecordSec = 2;
+    ParamAccess::setParam(RecordParamBlock::kBlockNumber, &bad, sizeof bad);
+    ParamAccess::get<RecordParamBlock>(2); // answered after the set was handled
+    got = stored<RecordParamBlock>(2);
+    EXPECT_EQ(got.postRecordSec, 120);
+}
+
+TEST_F(SettingsPagesE2e, AChangeMadeElsewhereRefreshesTheOpenPageAndKeepsTheUsersEdit) {
+    auto* page = openPage<RecordParamPage>();
+    page->postRecordBox()->setValue(60); // the user's edit on channel 1
+    // Another client changes channel 1's pre-record time.
+    RecordParamBlock other = stored<RecordParamBlock>(0);
+    other.preRecordSec = 20;
+    recorder->store().set(SimSettingsBlocks::storeKey(RecordParamBlock::kBlockNumber, 0),
+                          reinterpret_cast<const uint8_t*>(&other), sizeof other);
+    recorder->parameterChanged(RecordParamBlock::kBlockNumber);
+    ASSERT_TRUE(runUntil([&] { return settings->refreshCount() == 1; }));
+    EXPECT_EQ(page->preRecordBox()->value(), 20);
+    EXPECT_EQ(page->postRecordBox()->value(), 60);
+    EXPECT_TRUE(page->hasUnsavedChanges());
+}
+
+TEST_F(SettingsPagesE2e, AlarmInputActionsReachTheRecorder) {
+    auto* page = openPage<AlarmInputPage>();
+    EXPECT_EQ(paramMessages() - beforeOpen, 2); // block 11 of both inputs
+    ASSERT_NE(page->alarmOutputs(), nullptr);   // one relay output in the simulator
+    page->inputBox()->setValue(2);
+    click(page->enabledBox(), 2, 2);
+    click(page->normallyClosedBox(), 2, 2);
+    click(page->recordChannels()->box(3), 2, 2);
+    click(page->alarmOutputs()->box(0), 2, 2);
+    click(page->buzzerBox(), 2, 2); // on by default: now off
+    key(page->holdBox(), VyKeyEvent::KeyDown);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    AlarmInputBlock expected{};
+    expected.input = 1;
+    expected.enabled = 1;
+    expected.normallyClosed = 1;
+    expected.popup = 1;
+    expected.alarmOutputs = 1;
+    expected.recordChannels = 1 | 8;
+    expected.holdSec = 9;
+    const AlarmInputBlock got = stored<AlarmInputBlock>(1);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, StaticAddressesAreCheckedAndReachTheRecorder) {
+    auto* page = openPage<NetworkPage>();
+    EXPECT_EQ(paramMessages() - beforeOpen, 1);
+    EXPECT_EQ(page->addressEdit()->text(), "192.168.1.100");
+    click(page->dhcpBox(), 2, 2); // static from now on
+    page->addressEdit()->setText("10.0.0.7");
+    page->gatewayEdit()->setText("10.0.0.1");
+    page->netmaskEdit()->setText("255.0.255.0"); // not contiguous
+    key(page->serverPortBox(), VyKeyEvent::KeyUp);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), -1);
+    EXPECT_EQ(recorder->receivedCount(MainType::Param, ParamSubType::Access), before);
+    page->netmaskEdit()->setText("255.0.0.0");
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    NetworkBlock expected{};
+    const uint8_t address[4] = {10, 0, 0, 7}, mask[4] = {255, 0, 0, 0}, gateway[4] = {10, 0, 0, 1},
+                  dns[4] = {192, 168, 1, 1};
+    std::memcpy(expected.address, address, 4);
+    std::memcpy(expected.netmask, mask, 4);
+    std::memcpy(expected.gateway, gateway, 4);
+    std::memcpy(expected.dns1, dns, 4);
+    expected.httpPort = 80;
+    expected.serverPort = 6037;
+    const NetworkBlock got = stored<NetworkBlock>(0);
+    EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0);
+}
+
+TEST_F(SettingsPagesE2e, RemoteAccessShowsTheDeviceIdAsAQrCodeAndSetsTheSwitch) {
+    auto* page = openPage<RemoteAccessPage>();
+    EXPECT_EQ(page->deviceIdLabel()->text(), "20261123");
+    QrCodeView* qr = page->qrCode();
+    ASSERT_EQ(qr->symbolWidth(), 21); // eight digits fit the smallest symbol
+    for (auto [x, y] : {std::pair{0, 0}, {6, 6}, {20, 0}, {0, 20}}) // the finder patterns
+        EXPECT_TRUE(qr->isDark(x, y)) << x << "," << y;
+    EXPECT_FALSE(qr->isDark(7, 7)); // the separator around the top-left finder
+    click(page->enabledBox(), 2, 2);
+    const int before = paramMessages();
+    EXPECT_EQ(page->apply(), 1);
+    ASSERT_TRUE(runUntil([&] { return paramMessages() > before; }));
+    EXPECT_EQ(stored<DeviceParamBlock>(0).remoteAccessEnabled, 1u);
+}
+
+TEST(NetworkPage, ParsesOnlyWholeAddresses) {
+    uint8_t a[4] = {9, 9, 9, 9};
+    for (const char* bad : {"1.2.3", "256.1.1.1", "1.2.3.4.", "1..3.4", "", "1.2.3.4x"})
+        EXPECT_FALSE(NetworkPage::parseAddress(bad, a)) << bad;
+    EXPECT_EQ(a[0], 9);
+    ASSERT_TRUE(NetworkPage::parseAddress("172.16.0.254", a));
+    EXPECT_EQ(NetworkPage::addressText(a), "172.16.0.254");
+}
+
+TEST_F(SettingsPagesE2e, FormattingAsksFirstThenFollowsTheRecordersProgress) {
+    auto* page = openPage<StoragePage>();
+    ASSERT_EQ(page->diskRowCount(), 2); // the simulator's two disks
+    EXPECT_EQ(page->diskRow(1).state->text(), "Unformatted");
+    bool answer = false;
+    int asked = 0;
+    page->setFormatConfirmation([&] {
+        ++asked;
+        return answer;
+    });
+    const int before = paramMessages();
+    EXPECT_FALSE(page->formatSelected()); // nothing ticked: nothing asked
+    click(page->diskRow(1).select, 2, 2);
+    click(page->overwriteBox(), 2, 2);    // stop recording when full, sent with the request
+    EXPECT_FALSE(page->formatSelected()); // declined
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(paramMessages(), before);
+
+    answer = true; // the tick stayed
+    click(page->formatButton(), 2, 2);
+    EXPECT_EQ(asked, 2);
+    // The recorder reports the progress a quarter at a time until the disk is ready.
+    int progressSeen = 0;
+    ASSERT_TRUE(runUntil([&] {
+        progressSeen = std::max(progressSeen, page->diskRow(1).progress->value());
+        return page->diskRow(1).state->text() == "Normal";
+    }));
+    EXPECT_GE(progressSeen, 25);
+    EXPECT_FALSE(page->diskRow(1).progress->isVisible());
+    const DiskGroupBlock got = stored<DiskGroupBlock>(0);
+    EXPECT_EQ(got.overwrite, 0);
+    EXPECT_EQ(got.formatRequest, 0);
+    EXPECT_EQ(got.disks[1].freeMB, got.disks[1].capacityMB);
+    EXPECT_EQ(got.disks[0].freeMB, got.disks[0].capacityMB / 5 * 2); // not formatted
+    EXPECT_FALSE(page->hasUnsavedChanges());
+}
+
+} // namespace
