@@ -125,7 +125,8 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     connect(m_session, &m_session->monthSearched, this, VY_SLOT(PlaybackWindow, onMonthSearched));
     connect(m_session, &m_session->progressed, this, VY_SLOT(PlaybackWindow, onProgressed));
     connect(m_session, &m_session->exportChanged, this, VY_SLOT(PlaybackWindow, onExportChanged));
-    connect(m_panel, &m_panel->dateChosen, this, VY_SLOT(PlaybackWindow, onDateChosen));
+    connect(m_panel, &m_panel->dateChosen, this, VY_SLOT(PlaybackWindow, search));
+    connect(m_panel, &m_panel->monthShown, this, VY_SLOT(PlaybackWindow, onMonthShown));
     connect(m_panel, &m_panel->searchRequested, this, VY_SLOT(PlaybackWindow, search));
     connect(m_screen, &m_screen->cellSelected, this, VY_SLOT(PlaybackWindow, onCellSelected));
     m_timeBar->setDateRange(m_panel->date());
@@ -431,8 +432,8 @@ void PlaybackWindow::onClipChanged() {
     m_backupBar->setClip(m_timeBar->clipStart(), m_timeBar->clipEnd());
 }
 
-void PlaybackWindow::onDateChosen() {
-    m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
+void PlaybackWindow::onMonthShown() {
+    m_session->searchMonth(m_panel->shownMonth(), m_panel->checkedChannels());
 }
 
 void PlaybackWindow::showStatus(uint32_t textId, int percent) {

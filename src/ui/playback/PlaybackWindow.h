@@ -98,7 +98,7 @@ private:
     void onMonthSearched();
     void onProgressed();
     void onExportChanged();
-    void onDateChosen();
+    void onMonthShown();
     void onCancelExport();
     void onCellSelected();
     void onClipChanged();
