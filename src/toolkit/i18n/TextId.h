@@ -61,6 +61,12 @@ constexpr uint32_t NoUsbDevice = 104004;     // No USB device found.
 constexpr uint32_t UsbFull = 104005;         // Not enough free space on the USB device.
 constexpr uint32_t ExportCancelled = 104006; // The export was cancelled.
 constexpr uint32_t CancelExport = 104007;    // Cancel
+constexpr uint32_t HoursSpan = 104008;       // %1 h
+constexpr uint32_t MinutesSpan = 104009;     // %1 min
+constexpr uint32_t Continuous = 104010;      // Continuous
+constexpr uint32_t Motion = 104011;          // Motion detection
+constexpr uint32_t Alarm = 104012;           // Alarm
+constexpr uint32_t Analytics = 104013;       // Analytics
 } // namespace Playback
 namespace Settings {
 constexpr uint32_t Sunday = 105001;           // Sun
@@ -264,6 +270,12 @@ constexpr uint32_t kAll[] = {
     Playback::UsbFull,
     Playback::ExportCancelled,
     Playback::CancelExport,
+    Playback::HoursSpan,
+    Playback::MinutesSpan,
+    Playback::Continuous,
+    Playback::Motion,
+    Playback::Alarm,
+    Playback::Analytics,
     Settings::Sunday,
     Settings::Monday,
     Settings::Tuesday,
