@@ -1,8 +1,8 @@
 // libFuzzer target: arbitrary bytes as the body of the App messages the GUI decodes. The
 // first byte picks the decoder, the rest is the body. Never crashes; a record that decodes
 // encodes to bytes that decode and encode to the same bytes again (a field read at one
-// offset and written at another shows here); a day's record search keeps only the channels asked for, at most the capped
-// number of segments, each inside the day and not empty.
+// offset and written at another shows here); a day's record search keeps only the channels asked
+// for, at most the capped number of segments, each inside the day and not empty.
 #include "model/RecordSearchReply.h"
 #include "protocol/ChannelStateNotice.h"
 #include "protocol/DaySearchResult.h"

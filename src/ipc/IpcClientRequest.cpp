@@ -133,6 +133,11 @@ IpcMsgBlock IpcClient::waitInNestedLoop(uint16_t mainType, uint16_t subType, con
         IpcMsgBlock reply = waiter.takeReply();
         if (reply)
             return reply;
+        if (app && app->isQuitting()) {
+            // The process is stopping: asking again would keep it from ever getting there.
+            VY_IPC_LOG("quitting, (MainType:%u, SubType:%u) not asked again\n", mainType, subType);
+            return nullptr;
+        }
         if (rc != 0) {
             // No application to run a loop on (or this loop already runs): waiting here
             // would only repeat the request as fast as the CPU allows.

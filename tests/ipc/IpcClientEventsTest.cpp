@@ -6,6 +6,7 @@
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/events/CEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/events/VyWheelEvent.h"
@@ -166,6 +167,23 @@ TEST_F(IpcClientEvents, WaiterModeRequestLetsOtherEventsFlowWhileItWaits) {
     // The user saw the busy cursor while each request waited, and the arrow after.
     EXPECT_EQ(receiver->cursorShapes, std::vector<int>(8, VyScreenCursor::Busy));
     EXPECT_EQ(app->screen()->cursor()->shape(), VyScreenCursor::Arrow);
+}
+
+TEST_F(IpcClientEvents, WaiterModeRequestGivesUpWhenTheApplicationQuits) {
+    // App never answers; the process is told to stop while the request waits.
+    client.setWaiterMode(true);
+    peerThread = std::thread([this] {
+        IpcMsgHeader h;
+        std::vector<uint8_t> body;
+        peer.readMessage(h, body);
+    });
+    VySingleShotTimer::singleShot(0, app.get(), VY_SLOT(VyApplication, quit));
+    std::vector<uint8_t> out;
+    const uint8_t get[12] = {12, 0, 0, 0, 96, 1, 0, 0, 0, 1, 0, 0};
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(client.request(out, 600, 0, get, sizeof get));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("not asked again"), std::string::npos);
+    EXPECT_TRUE(app->isQuitting());
 }
 
 TEST_F(IpcClientEvents, RemotePointerIsScaledToTheScreen) {

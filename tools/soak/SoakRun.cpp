@@ -405,8 +405,8 @@ void SoakDriver::randomNotification() {
         cmd << "led " << m_random.range(0, 8);
     } else if (kind < 88) { // another family (preview, playback, parameters, unknown)
         static const int families[] = {100, 300, 600, 2000, 0, 65535};
-        cmd << "notify " << families[m_random.range(0, 5)] << " " << m_random.range(0, 400)
-            << " " << m_random.range(0, 100);
+        cmd << "notify " << families[m_random.range(0, 5)] << " " << m_random.range(0, 400) << " "
+            << m_random.range(0, 100);
         randomBody(cmd);
     } else { // a broken frame
         ++m_report.malformed;
