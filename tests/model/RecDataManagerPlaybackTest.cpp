@@ -237,7 +237,8 @@ Bytes dayReply(uint32_t channel, uint32_t count, std::vector<RecordSegmentEntry>
     head.segmentCount = count;
     head.day = RecDataManager::pack(VyDateTime(VyDate(2026, 2, 7)));
     std::memcpy(b.data(), &head, sizeof head);
-    std::memcpy(b.data() + 16, entries.data(), 16 * entries.size());
+    if (!entries.empty())
+        std::memcpy(b.data() + 16, entries.data(), 16 * entries.size());
     return b;
 }
 

@@ -16,7 +16,8 @@ public:
     }
     // Uniform in [lo, hi]; the modulo bias is far below anything a soak can notice.
     int range(int lo, int hi) {
-        return lo + static_cast<int>(next() % static_cast<uint64_t>(hi - lo + 1));
+        const auto span = static_cast<uint64_t>(int64_t(hi) - int64_t(lo) + 1);
+        return static_cast<int>(int64_t(lo) + int64_t(next() % span));
     }
     bool chance(int percent) { return range(0, 99) < percent; }
 
