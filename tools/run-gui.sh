@@ -6,7 +6,8 @@
 # the first screen. Lines typed here go to recorder-sim's console ("help" lists them, e.g.
 # "tz CST-8", "net 1", "led 3", "shutdown"). Ctrl-C ends both.
 #
-# Environment: VY_SIM_CONFIG (simulator configuration file, see SimRecorderConfig.h),
+# Environment: VY_SIM_CONFIG (simulator configuration file, see SimRecorderConfig.h; default
+# tools/recorder-sim/demo.conf, sixteen channels),
 # VY_SIM_SCRIPT (a script of timed steps), VY_SIM_STORE (parameter store; default
 # BUILD_DIR/recorder-sim.params, so settings survive a restart), SHOT_DELAY (seconds from the
 # first screen to the screenshot, default 3).
@@ -28,6 +29,10 @@ done
 TMP=$(mktemp -d /tmp/dvrgui-run-XXXXXX)
 export VY_IPC_SOCKET="$TMP/ipc.sock"
 export VY_SIM_STORE="${VY_SIM_STORE:-$BUILD/recorder-sim.params}"
+export VY_SIM_CONFIG="${VY_SIM_CONFIG:-$ROOT/tools/recorder-sim/demo.conf}"
+# The simulator draws its camera pictures here; the window (or fbshot) shows them beneath
+# the interface wherever its pixels are transparent.
+export VY_VIDEO_PLANE="$TMP/videoplane.raw"
 mkfifo "$TMP/sim-console"
 
 SIM_PID=""
@@ -84,7 +89,8 @@ if wait_first_screen; then
     log "$(grep "GUI: first screen" "$TMP/dvrgui.log" | tail -1)"
     if [ "$HEADLESS" = 1 ] && [ -x "$FBSHOT" ]; then
         sleep "$SHOT_DELAY"
-        if "$FBSHOT" -s 1920x1080 -o "$TMP/screenshot.png" "$TMP/framebuffer.raw" >/dev/null; then
+        if "$FBSHOT" -s 1920x1080 -v "$VY_VIDEO_PLANE" -o "$TMP/screenshot.png" \
+            "$TMP/framebuffer.raw" >/dev/null; then
             log "screenshot: $TMP/screenshot.png"
         else
             log "fbshot failed"

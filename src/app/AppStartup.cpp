@@ -25,6 +25,7 @@
 #include "toolkit/input/VyMouseWatcher.h"
 #include "toolkit/style/VyStyle.h"
 #include "ui/WindowShell.h"
+#include "ui/users/UserLoginDialog.h"
 
 #include <csignal>
 #include <cstdio>
@@ -156,6 +157,8 @@ int AppStartup::run(int argc, char** argv) {
     static UiModels* models = new UiModels;
     static UiManager* manager = new UiManager(models, &timers);
     manager->setShell(&shell);
+    // Protected actions ask for a login through the login dialog.
+    UserLoginDialog::install();
 
     // 19. The common style, at the screen's scale and again whenever the screen changes.
     VyStyle::instance()->followScreen(app->screen());

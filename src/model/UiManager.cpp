@@ -10,6 +10,7 @@
 #include "model/SystemInfo.h"
 #include "model/UiModels.h"
 #include "model/UiTimerSource.h"
+#include "model/UserAccess.h"
 #include "protocol/DisplaySwitchBlock.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "protocol/OutputSettingsBlock.h"
@@ -132,6 +133,8 @@ void UiManager::createModels() {
     m_windowTimeout = new WndTimeoutManager(this);
     if (VyApplication* app = VyApplication::instance())
         app->installEventFilter(m_windowTimeout);
+    connect(m_windowTimeout, &m_windowTimeout->timedOut, m_models->users(),
+            VY_SLOT(UserAccess, menuTimedOut));
 }
 
 int UiManager::delayedStartInterval(uint8_t count) {

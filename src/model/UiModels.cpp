@@ -9,6 +9,7 @@
 #include "model/MainViewManager.h"
 #include "model/RecDataManager.h"
 #include "model/RemoteAccessModel.h"
+#include "model/UserAccess.h"
 #include "protocol/SystemInfoRecord.h"
 #include "toolkit/input/VyKeyManager.h"
 
@@ -17,6 +18,7 @@ UiModels::UiModels() = default;
 UiModels::~UiModels() {
     // Later models may point at earlier ones; they go first.
     m_keyManager.reset();
+    m_users.reset();
     m_mainView.reset();
     m_alarmInfo.reset();
     m_remoteAccess.reset();
@@ -41,6 +43,7 @@ void UiModels::create(const SystemInfoRecord& info) {
     if (info.alarmInfoPresent != 0)
         m_alarmInfo = std::make_unique<AlarmInfoModel>(info);
     m_mainView = std::make_unique<MainViewManager>();
+    m_users = std::make_unique<UserAccess>();
     m_keyManager = std::make_unique<VyKeyManager>();
     // The remote-access model tells the key manager which address the remote must use.
     m_remoteAccess->setKeyManager(m_keyManager.get());

@@ -20,6 +20,7 @@ class FrontPanelModel;
 class MainViewManager;
 class RecDataManager;
 class RemoteAccessModel;
+class UserAccess;
 class VyKeyManager;
 struct SystemInfoRecord;
 
@@ -33,7 +34,7 @@ public:
     // Creates every model, in the order the device has always made them: AI manager, camera
     // model, disk manager, record-data manager, device parameters, front panel, remote
     // access, the alarm-information model only when `info` says the device reports alarm
-    // details, main-view manager, key manager. Once per set.
+    // details, main-view manager, user access, key manager. Once per set.
     void create(const SystemInfoRecord& info);
     bool isCreated() const { return m_created; }
 
@@ -47,6 +48,7 @@ public:
     // Null unless the device reports alarm details.
     AlarmInfoModel* alarmInfo() const { return m_alarmInfo.get(); }
     MainViewManager* mainView() const { return m_mainView.get(); }
+    UserAccess* users() const { return m_users.get(); }
     VyKeyManager* keyManager() const { return m_keyManager.get(); }
 
 private:
@@ -60,5 +62,6 @@ private:
     std::unique_ptr<RemoteAccessModel> m_remoteAccess;
     std::unique_ptr<AlarmInfoModel> m_alarmInfo;
     std::unique_ptr<MainViewManager> m_mainView;
+    std::unique_ptr<UserAccess> m_users;
     std::unique_ptr<VyKeyManager> m_keyManager;
 };

@@ -18,6 +18,26 @@ struct CustomField {
     uint32_t size;   // bytes
 };
 
+// The shapes the tables use: integers of 1, 4 or 8 bytes and text of a given size.
+constexpr CustomField customU8(const char* key, uint32_t offset) {
+    return {key, 'U', CustomField::Unsigned, offset, 1};
+}
+constexpr CustomField customU32(const char* key, uint32_t offset) {
+    return {key, 'U', CustomField::Unsigned, offset, 4};
+}
+constexpr CustomField customU64(const char* key, uint32_t offset) {
+    return {key, 'L', CustomField::Unsigned, offset, 8};
+}
+constexpr CustomField customI8(const char* key, uint32_t offset) {
+    return {key, 'I', CustomField::Signed, offset, 1};
+}
+constexpr CustomField customI32(const char* key, uint32_t offset) {
+    return {key, 'I', CustomField::Signed, offset, 4};
+}
+constexpr CustomField customText(const char* key, uint32_t offset, uint32_t size) {
+    return {key, 'T', CustomField::Text, offset, size};
+}
+
 // True when every field lies inside [begin, end) and no two fields share a byte; the record
 // headers check their tables with it at compile time.
 template <size_t N>

@@ -88,3 +88,11 @@ constexpr uint16_t DayResult = 3;   // DaySearchResult + RecordSegmentEntry list
 constexpr uint16_t Status = 14;     // PlaybackStatus
 
 } // namespace PlaybackSubType
+
+namespace UserSubType {
+
+constexpr uint16_t Login = 0;  // request: UserLoginRequest -> UserLoginAnswer
+constexpr uint16_t Logout = 1; // GUI -> App, no body: the user logged in is gone
+constexpr uint16_t List = 2;   // request, no body -> UserListHeader + UserListEntry list
+
+} // namespace UserSubType

@@ -8,7 +8,7 @@ constexpr int kDesignHeight = 240;
 } // namespace
 
 MessageBox::MessageBox(uint32_t textId)
-    : StartupDialog(TextId::Common::Information, textId) {
+    : StartupDialog(TextId::Common::Information, textId, Information) {
     addButton(TextId::Common::Ok, 1);
     place(kDesignWidth, kDesignHeight);
     connect(this, &finished, this, VY_SLOT(MessageBox, dismissed));

@@ -13,6 +13,6 @@ class StartupDialog : public VyMessageBox {
 public:
     // A text ID of 0 leaves the text empty (a dialog that composes its text sets it in
     // retranslate()).
-    StartupDialog(uint32_t titleId, uint32_t textId);
+    StartupDialog(uint32_t titleId, uint32_t textId, Icon icon = NoIcon);
     ~StartupDialog() override;
 };

@@ -89,8 +89,10 @@ void WindowShell::showMainView() {
     m_mainView->show();
     if (MainViewManager* manager = MainViewManager::instance())
         manager->setShown(true);
-    m_mainView->startLiveView(SystemInfo::record().channelCount);
     VY_GUI_LOG("main view shown\n");
+    // After the line: dealing asks App for the camera roster, and the first frame may be
+    // flushed while that request waits.
+    m_mainView->startLiveView(SystemInfo::record().channelCount);
 }
 
 int WindowShell::confirmResolution(bool noticeOnly, int resolution) {

@@ -13,6 +13,7 @@
 
 #include <cstring>
 #include <functional>
+#include <random>
 
 namespace {
 
@@ -268,6 +269,32 @@ TEST_F(RecDataPlaybackTest, DayRepliesAreCheckedBeforeTheyAreKept) {
     const std::string out = ::testing::internal::GetCapturedStdout();
     EXPECT_NE(out.find("segment count 4000000000 capped to 20000 !!!"), std::string::npos);
     EXPECT_NE(out.find("channel 3 not asked for"), std::string::npos);
+}
+
+// Random answers, mostly well formed heads with random entries: whatever the bytes claim,
+// what is kept starts before it ends and lies inside the searched day.
+TEST_F(RecDataPlaybackTest, RandomDayRepliesKeepOnlySegmentsInsideTheDay) {
+    const VyDateTime from(VyDate(2026, 2, 7)), to(VyDate(2026, 2, 8));
+    std::mt19937 rng(7);
+    ::testing::internal::CaptureStdout();
+    for (int round = 0; round < 300; ++round) {
+        std::vector<RecordSegmentEntry> entries(rng() % 40);
+        for (RecordSegmentEntry& e : entries) {
+            e.start = int32_t(rng() % 200000) - 50000;
+            e.end = e.start + int32_t(rng() % 20000) - 2000;
+            e.typeBits = rng();
+        }
+        Bytes body =
+            dayReply(rng() % 4, rng() % 3 == 0 ? rng() : uint32_t(entries.size()), entries);
+        body.resize(body.size() - std::min<size_t>(body.size(), rng() % 20)); // cut short
+        auto ch = RecordSearchReply::parseDay(body.data(), body.size(), {0, 1, 2}, from, to);
+        if (!ch)
+            continue;
+        EXPECT_LE(ch->segments.size(), entries.size());
+        for (const RecordSegment& s : ch->segments)
+            ASSERT_TRUE(from <= s.start && s.start < s.end && s.end <= to);
+    }
+    ::testing::internal::GetCapturedStdout();
 }
 
 TEST_F(RecDataPlaybackTest, MonthAndStatusRepliesAreBounded) {

@@ -11,6 +11,7 @@
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "model/UiModels.h"
+#include "protocol/RecordTypeBit.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
@@ -19,6 +20,7 @@
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "ui/playback/MotionSearchPanel.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
 #include "ui/playback/PlaybackWindow.h"
@@ -202,6 +204,18 @@ TEST_F(PlaybackE2e, SearchPlayPauseSpeedSeekAndExportAClip) {
     EXPECT_NE(window->lastSnapshot().c_str(), std::string());
     EXPECT_NE(std::string(window->lastSnapshot().c_str()).find("/CH1_"), std::string::npos);
     ::unlink(window->lastSnapshot().c_str());
+
+    // Motion search over the whole picture of the selected cell: its motion events alone.
+    window->control(PlaybackWindow::MotionSearch)->click();
+    window->motionPanel()->searchButton()->click();
+    ASSERT_TRUE(runUntil([&] { return window->timeBar()->channels().size() == 1; }));
+    size_t motion = 0;
+    for (const RecordSegmentEntry& e : playback->db().day(0, day))
+        motion += (e.typeBits & RecordTypeBit::Motion) != 0;
+    const auto& found = window->timeBar()->channels()[0].segments;
+    EXPECT_EQ(found.size(), motion);
+    for (const RecordSegment& s : found)
+        EXPECT_NE(s.typeBits & RecordTypeBit::Motion, 0u);
 
     window->control(PlaybackWindow::Stop)->click();
     ASSERT_TRUE(runUntil([&] { return !playback->state().playing; }));

@@ -22,12 +22,12 @@ DISC = g("e061")
 
 # Cell decorations: no hover.
 CELL = {
-    "recording": (20, [(DISC, RED, 0.8)]),
-    "motion-alarm": (20, [(g("e566"), ORANGE)]),
-    "io-alarm": (20, [(g("e8c0"), YELLOW)]),
-    "pir-alarm": (20, [(g("e51e"), PINK)]),
-    "intelligent-alarm": (20, [(g("ea4a"), PURPLE)]),
-    "intelligent-alarm-re": (20, [(g("e87c"), PURPLE)]),
+    "recording": (24, [(DISC, RED, 0.8)]),
+    "motion-alarm": (24, [(g("e566"), ORANGE)]),
+    "io-alarm": (24, [(g("e8c0"), YELLOW)]),
+    "pir-alarm": (24, [(g("e51e"), PINK)]),
+    "intelligent-alarm": (24, [(g("ea4a"), PURPLE)]),
+    "intelligent-alarm-re": (24, [(g("e87c"), PURPLE)]),
     "mainview-startpreview": (48, [(g("e04c"), GREY)]),
     "edit-camera": (28, [(g("e3c9"), TEXT)]),
     "add-camera": (28, [(g("e147"), ACCENT)]),

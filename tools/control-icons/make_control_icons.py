@@ -45,6 +45,8 @@ VOLUME_UP = "\ue050"
 VOLUME_OFF = "\ue04f"
 CAMERA = "\ue412"            # photo_camera
 SAVE = "\ue161"              # save: the clip backup
+RUN = "\ue566"               # directions_run: motion search
+PHOTOS = "\ue413"            # photo_library: picture playback
 
 # Palette of the common style sheet.
 TEXT = (230, 232, 235, 255)
@@ -110,6 +112,8 @@ IMAGES = {
     "playback-snapshot": (28, [(CAMERA, TEXT)]),
     "playback-clip": (28, [(CUT, TEXT)]),
     "playback-backup": (28, [(SAVE, TEXT)]),
+    "playback-motion": (28, [(RUN, TEXT)]),
+    "playback-pictures": (28, [(PHOTOS, TEXT)]),
 }
 
 

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <mutex>
 #include <sstream>
 #include <thread>
 #include <unistd.h>
@@ -52,9 +53,31 @@ const char* const kHelp =
     "commands: notify MAIN SUB [VALUE [HEXBODY]] | tz TEXT [INDEX] | net STATUS | led STATE | "
     "raw HEXBYTES | drop | shutdown | stage N | changed BLOCK | setbyte BLOCK OFFSET VALUE | "
     "lang INDEX | sleep MS | await MAIN SUB [COUNT] | key CODE|up|down|left|right|ok|0..9 "
-    "[ORIGIN] | exit";
+    "[ORIGIN] | exit | alarm CH motion|io|pir|ai|ai2 on|off | record CH on|off | "
+    "manual CH on|off | camera CH on|off | videoloss CH on|off | name CH TEXT | usb 0|1 | "
+    "disk 0..3";
+
+std::mutex g_extensionMutex; // guards g_extensions
+std::vector<SimCommands::Extension> g_extensions;
+
+bool runExtensions(const std::vector<std::string>& words) {
+    std::vector<SimCommands::Extension> extensions;
+    {
+        std::lock_guard<std::mutex> lock(g_extensionMutex);
+        extensions = g_extensions;
+    }
+    for (const SimCommands::Extension& e : extensions)
+        if (e(words))
+            return true;
+    return false;
+}
 
 } // namespace
+
+void SimCommands::addExtension(Extension extension) {
+    std::lock_guard<std::mutex> lock(g_extensionMutex);
+    g_extensions.push_back(std::move(extension));
+}
 
 bool SimCommands::run(const std::string& rawLine) {
     std::string line = rawLine.substr(0, rawLine.find('#'));
@@ -146,6 +169,8 @@ bool SimCommands::run(const std::string& rawLine) {
         simRecorderLog("%s", kHelp);
         ok = true;
     }
+    if (!ok && cmd != "help")
+        ok = runExtensions(w);
     if (!ok)
         simRecorderLog("sim: cannot run \"%s\"; %s", line.c_str(), kHelp);
     else if (cmd != "exit")

@@ -11,11 +11,14 @@
 //   await MAIN SUB [COUNT]              wait until the GUI sent that message COUNT times
 //   key CODE|NAME [ORIGIN]              a remote key (notification 186), see SimKeyCommand.h
 //   exit                                stop the simulator
+//   alarm, record, manual, camera, videoloss, name, usb, disk   the live view (SimLiveView.h)
 //   help
 // A command that ran is logged as "sim: > LINE" after it has taken effect.
 #include <atomic>
+#include <functional>
 #include <istream>
 #include <string>
+#include <vector>
 
 class SimRecorder;
 
@@ -28,6 +31,11 @@ public:
     bool run(const std::string& line);
     // Runs every line of the stream until its end or an "exit".
     void runAll(std::istream& in);
+
+    // Commands of other parts of the simulator (the live view's): tried in order for a line
+    // no built-in command takes; true when one ran it.
+    using Extension = std::function<bool(const std::vector<std::string>& words)>;
+    static void addExtension(Extension extension);
 
     // Console on standard input and the script file, each on a thread of its own.
     void startConsole();

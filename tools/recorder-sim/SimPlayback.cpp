@@ -8,14 +8,17 @@
 #include "protocol/MonthSearchRequest.h"
 #include "protocol/MonthSearchResult.h"
 #include "protocol/MotionSearchRequest.h"
+#include "protocol/PicPlayCommand.h"
 #include "protocol/PlaybackCommand.h"
 #include "protocol/PlaybackControl.h"
 #include "protocol/PlaybackJump.h"
 #include "protocol/PlaybackSeek.h"
 #include "protocol/PlaybackSplitScreen.h"
 #include "protocol/PlaybackStatus.h"
+#include "protocol/RecPicWindow.h"
 #include "protocol/RecordTypeBit.h"
 #include "protocol/SubType.h"
+#include "protocol/TagSearchRequest.h"
 
 #include <algorithm>
 #include <chrono>
@@ -92,6 +95,11 @@ void SimPlayback::attach(SimServer& server) {
     on(PlaybackSubType::Seek, &SimPlayback::onSeek);
     on(PlaybackSubType::Export, &SimPlayback::onExport);
     on(PlaybackSubType::StopOther, &SimPlayback::onStopOther);
+    // Picture playback and tag search: taken, checked for size, not answered (the simulator
+    // keeps no pictures and no tags).
+    on(PlaybackSubType::PicPlay, &SimPlayback::onSized<PicPlayCommand>);
+    on(PlaybackSubType::RecPicWindow, &SimPlayback::onSized<RecPicWindow>);
+    on(PlaybackSubType::TagSearch, &SimPlayback::onSized<TagSearchRequest>);
 }
 
 void SimPlayback::startTicking(int periodMs) {
@@ -158,6 +166,11 @@ void SimPlayback::advance(int ms) {
             sendStatus(PlaybackStatus::kExporting, 0, m_state.exportPercent, m_state.usbFreeMiB);
         }
     }
+}
+
+template <typename Record>
+bool SimPlayback::onSized(SimServer&, const SimMessage& m) {
+    return m.body.size() >= sizeof(Record);
 }
 
 bool SimPlayback::onMonthSearch(SimServer& s, const SimMessage& m) {

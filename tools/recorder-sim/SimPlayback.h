@@ -65,6 +65,8 @@ private:
     bool onSeek(SimServer& s, const SimMessage& m);
     bool onExport(SimServer& s, const SimMessage& m);
     bool onStopOther(SimServer& s, const SimMessage& m);
+    template <typename Record>
+    bool onSized(SimServer& s, const SimMessage& m);
     void sendSegments(SimServer& s, int channel, long long fromSec, long long toSec,
                       uint32_t typeMask);
     void sendStatus(uint32_t kind, uint32_t window, uint32_t percent, uint32_t value);

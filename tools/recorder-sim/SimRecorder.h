@@ -47,11 +47,12 @@ public:
 
     // The system information record as this configuration describes it.
     std::vector<uint8_t> systemInfo() const;
+    // Counts a message from the GUI for awaitMessages (handlers registered elsewhere).
+    void seen(const SimMessage& m);
 
 private:
     void handle(uint16_t mainType, uint16_t subType,
                 bool (SimRecorder::*handler)(SimServer&, const SimMessage&));
-    void seen(const SimMessage& m);
     bool onHello(SimServer& s, const SimMessage& m);
     bool onDeviceRecord(SimServer& s, const SimMessage& m);
     bool onDefaultParams(SimServer& s, const SimMessage& m);

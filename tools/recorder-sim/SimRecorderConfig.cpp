@@ -76,6 +76,23 @@ bool SimRecorderConfig::set(const std::string& key, const std::string& value) {
         earlyStage1 = v != 0;
         return true;
     }
+    if (key == "cameras") {
+        errno = 0;
+        char* end = nullptr;
+        const unsigned long long v = std::strtoull(value.c_str(), &end, 0);
+        if (value.empty() || errno != 0 || *end != '\0' || value[0] == '-')
+            return false;
+        cameraMask = uint64_t(v);
+        cameraMaskSet = true;
+        return true;
+    }
+    if (key.compare(0, 5, "name.") == 0) {
+        uint32_t channel = 0;
+        if (!toU32(key.substr(5), 64, &channel) || channel < 1)
+            return false;
+        channelNames[int(channel) - 1] = value;
+        return true;
+    }
     // block.N.size or block.N.OFFSET
     if (key.compare(0, 6, "block.") == 0) {
         const size_t dot = key.find('.', 6);

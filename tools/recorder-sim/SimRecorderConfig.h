@@ -8,6 +8,9 @@
 //   color_profile        answer to the colour-profile request (1000, 104)
 //   early_stage1         1: send stage 1 as soon as the GUI connects, before its hello
 //   store                file the parameter store persists to
+//   cameras              bit mask of the channels with a camera (bit 0 = channel 1); by
+//                        default every channel but the last two has one
+//   name.N = TEXT        the name of channel N (from 1); default "CAMERA N"
 //   block.N.OFFSET = V   byte OFFSET of parameter block N, unless the store file has block N
 //   block.N.size = S     block N is S bytes long (shorter than the GUI asks: a short reply)
 //   record_seed          seed of the recording database (SimRecordDb.h)
@@ -41,6 +44,9 @@ struct SimRecorderConfig {
     uint32_t usbFreeMiB = 8192;
     bool earlyStage1 = false;
     std::string storePath;
+    uint64_t cameraMask = 0;
+    bool cameraMaskSet = false;
+    std::map<int, std::string> channelNames; // 0-based channel -> name
     std::map<uint32_t, uint32_t> blockSizes; // block -> bytes
     std::map<std::pair<uint32_t, uint32_t>, uint8_t> blockBytes{
         {{GeneralSettingsBlock::kBlockNumber, kLanguageIndexByte}, kDefaultLanguage}};

@@ -5,7 +5,10 @@
 
 #include "platform/display/VyDisplayDeviceName.h"
 #include "platform/display/VyFbdevBackend.h"
+#include "platform/display/VyVideoPlane.h"
+
 #include "runtime/VyLog.h"
+#include <cstring>
 
 namespace {
 
@@ -31,6 +34,21 @@ VyBitmap VyFrameDump::toBitmap(const uint8_t* pixels, int width, int height, int
         }
     }
     return out;
+}
+
+VyBitmap VyFrameDump::composed(const uint8_t* pixels, int width, int height, int bytesPerLine,
+                               const uint16_t* video) {
+    if (!pixels || width < 1 || height < 1)
+        return VyBitmap();
+    std::vector<uint16_t> out(static_cast<size_t>(width) * height);
+    for (int y = 0; y < height; ++y) {
+        std::vector<uint16_t> row(static_cast<size_t>(width));
+        std::memcpy(row.data(), pixels + static_cast<size_t>(y) * bytesPerLine, row.size() * 2);
+        VyVideoPlane::composeRow(row.data(),
+                                 video ? video + static_cast<size_t>(y) * width : nullptr,
+                                 out.data() + static_cast<size_t>(y) * width, width);
+    }
+    return toBitmap(reinterpret_cast<const uint8_t*>(out.data()), width, height, width * 2);
 }
 
 VyBitmap VyFrameDump::fromRawFile(const VyString& path, int width, int height) {

@@ -13,7 +13,7 @@ int EventLoop::exec() {
     m_running = true;
     // The loop object may be deleted by a handler it runs; the guard notices.
     VyPointer<EventLoop> self(this);
-    while (self && m_running)
+    while (self && m_running && !app->isQuitting())
         app->processOneEvent();
     return 0;
 }

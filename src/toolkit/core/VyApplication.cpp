@@ -146,6 +146,7 @@ int VyApplication::exec() {
     if (m_running)
         return 1;
     m_running = true;
+    m_quitting = false;
     while (m_running)
         processOneEvent();
     return 0;

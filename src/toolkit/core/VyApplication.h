@@ -50,8 +50,15 @@ public:
     // Runs the loop until quit(). Returns 1 at once when already running: nested loops are
     // EventLoop's job.
     int exec();
-    void quit() { m_running = false; }
+    // Ends the main loop and every nested loop running inside it (a dialog waiting for an
+    // answer must not keep a process that was told to stop).
+    void quit() {
+        m_running = false;
+        m_quitting = true;
+    }
     bool isRunning() const { return m_running; }
+    // Set by quit() until the next exec(); nested loops leave while it is set.
+    bool isQuitting() const { return m_quitting; }
 
     // Thread-safe; takes ownership of the event. Without an application the event is
     // dropped.
@@ -183,6 +190,7 @@ private:
     uint32_t m_seconds = 0;
     std::unique_ptr<VyPostedEventQueue> m_postedEvents;
     bool m_running = false;
+    bool m_quitting = false;
     // Per mouse button (left, right, middle): the widget that took the press and gets the
     // moves and the release while that button is held.
     VyWidget* m_mouseGrab[3] = {nullptr, nullptr, nullptr};

@@ -11,6 +11,7 @@ namespace {
 
 typedef uint16_t U16x8 __attribute__((vector_size(16)));
 typedef uint32_t U32x8 __attribute__((vector_size(32)));
+typedef uint8_t U8x8 __attribute__((vector_size(8)));
 
 inline U16x8 load16(const uint16_t* p) {
     U16x8 v;
@@ -133,6 +134,33 @@ void blendRgbaRow(uint16_t* dst, const uint8_t* rgba, int n) {
 void blendCoverageRow(uint16_t* dst, const uint8_t* coverage, int n, vyargb colour) {
     const uint32_t a = colour >> 24;
     const vyargb rgb = colour & 0x00ffffffu;
+    if (a == 255) {
+        // Opaque text, the common case: the coverage is the alpha (255 * c / 255 == c), and a
+        // fully covered pixel is the colour itself.
+        const uint16_t solid = opaque(colour);
+        const U16x8 sr = U16x8{} + static_cast<uint16_t>((colour >> 19) & 31);
+        const U16x8 sg = U16x8{} + static_cast<uint16_t>((colour >> 11) & 31);
+        const U16x8 sb = U16x8{} + static_cast<uint16_t>((colour >> 3) & 31);
+        const U16x8 solidLanes = U16x8{} + solid;
+        int i = 0;
+        for (; i + 8 <= n; i += 8) {
+            U8x8 bytes;
+            std::memcpy(&bytes, coverage + i, sizeof bytes);
+            const U16x8 cv = __builtin_convertvector(bytes, U16x8);
+            // Empty lanes blend to the pixel itself; full ones take the colour exactly.
+            const U16x8 full = reinterpret_cast<U16x8>(cv == 255);
+            const U16x8 blended = blendLanes(load16(dst + i), sr, sg, sb, cv);
+            store16(dst + i, (blended & ~full) | (solidLanes & full));
+        }
+        for (; i < n; ++i) {
+            const uint32_t c = coverage[i];
+            if (c == 255)
+                dst[i] = solid;
+            else if (c != 0)
+                dst[i] = blendPixel(dst[i], (c << 24) | rgb);
+        }
+        return;
+    }
     for (int i = 0; i < n; ++i) {
         const uint32_t alpha = a * coverage[i] / 255;
         if (alpha != 0)

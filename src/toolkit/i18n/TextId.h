@@ -43,6 +43,15 @@ namespace LiveView {
 constexpr uint32_t SplitLayout = 103508;   // %1 Split
 constexpr uint32_t ChannelName = 103509;   // Channel %1
 constexpr uint32_t SnapshotSaved = 103510; // Snapshot saved
+constexpr uint32_t MenuSearch = 103511;    // Search
+constexpr uint32_t MenuBackup = 103512;    // Backup
+constexpr uint32_t MenuSettings = 103513;  // Settings
+constexpr uint32_t MenuLock = 103514;      // Lock Screen
+constexpr uint32_t MenuShutdown = 103515;  // Shut Down
+constexpr uint32_t SecondsUnit = 103516;   // s
+constexpr uint32_t MinutesUnit = 103517;   // min
+constexpr uint32_t SequenceOff = 103518;   // Sequence Off
+constexpr uint32_t Sequence = 103519;      // Sequence
 } // namespace LiveView
 namespace Playback {
 constexpr uint32_t Search = 104001;          // Search
@@ -52,6 +61,12 @@ constexpr uint32_t NoUsbDevice = 104004;     // No USB device found.
 constexpr uint32_t UsbFull = 104005;         // Not enough free space on the USB device.
 constexpr uint32_t ExportCancelled = 104006; // The export was cancelled.
 constexpr uint32_t CancelExport = 104007;    // Cancel
+constexpr uint32_t HoursSpan = 104008;       // %1 h
+constexpr uint32_t MinutesSpan = 104009;     // %1 min
+constexpr uint32_t Continuous = 104010;      // Continuous
+constexpr uint32_t Motion = 104011;          // Motion detection
+constexpr uint32_t Alarm = 104012;           // Alarm
+constexpr uint32_t Analytics = 104013;       // Analytics
 } // namespace Playback
 namespace Settings {
 constexpr uint32_t Sunday = 105001;           // Sun
@@ -198,6 +213,17 @@ constexpr uint32_t LanguageName31 = 105231;   // Vlaams
 constexpr uint32_t LanguageName32 = 105232;   // Українська
 constexpr uint32_t LanguageName33 = 105233;   // Slovenčina
 } // namespace Settings
+namespace User {
+constexpr uint32_t LoginTitle = 110000;      // Log in
+constexpr uint32_t UserName = 110001;        // User
+constexpr uint32_t Password = 110002;        // Password
+constexpr uint32_t WrongPassword = 110003;   // Wrong password. %1 tries left before this user is locked.
+constexpr uint32_t Locked = 110004;          // Too many wrong passwords. This user is locked for %1 seconds.
+constexpr uint32_t PasswordTooLong = 110005; // The password is too long.
+constexpr uint32_t LoginFailed = 110006;     // Login failed. Try again.
+constexpr uint32_t UnlockTitle = 110007;     // Unlock the screen
+constexpr uint32_t Pattern = 110008;         // Pattern
+} // namespace User
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -228,6 +254,15 @@ constexpr uint32_t kAll[] = {
     LiveView::SplitLayout,
     LiveView::ChannelName,
     LiveView::SnapshotSaved,
+    LiveView::MenuSearch,
+    LiveView::MenuBackup,
+    LiveView::MenuSettings,
+    LiveView::MenuLock,
+    LiveView::MenuShutdown,
+    LiveView::SecondsUnit,
+    LiveView::MinutesUnit,
+    LiveView::SequenceOff,
+    LiveView::Sequence,
     Playback::Search,
     Playback::Exporting,
     Playback::Exported,
@@ -235,6 +270,12 @@ constexpr uint32_t kAll[] = {
     Playback::UsbFull,
     Playback::ExportCancelled,
     Playback::CancelExport,
+    Playback::HoursSpan,
+    Playback::MinutesSpan,
+    Playback::Continuous,
+    Playback::Motion,
+    Playback::Alarm,
+    Playback::Analytics,
     Settings::Sunday,
     Settings::Monday,
     Settings::Tuesday,
@@ -378,6 +419,15 @@ constexpr uint32_t kAll[] = {
     Settings::LanguageName31,
     Settings::LanguageName32,
     Settings::LanguageName33,
+    User::LoginTitle,
+    User::UserName,
+    User::Password,
+    User::WrongPassword,
+    User::Locked,
+    User::PasswordTooLong,
+    User::LoginFailed,
+    User::UnlockTitle,
+    User::Pattern,
 };
 } // namespace TextId
 // clang-format on

@@ -11,11 +11,6 @@ namespace {
 
 constexpr int kWheelNotch = 120; // wheel delta of one notch
 
-int addClamped(int value, long long step) {
-    return static_cast<int>(
-        std::max<long long>(INT_MIN, std::min<long long>(INT_MAX, value + step)));
-}
-
 } // namespace
 
 VyAbstractSlider::VyAbstractSlider(VyWidget* parent)
@@ -24,25 +19,18 @@ VyAbstractSlider::VyAbstractSlider(VyWidget* parent)
 }
 
 void VyAbstractSlider::setRange(int minimum, int maximum) {
-    if (minimum > maximum)
-        std::swap(minimum, maximum);
-    if (minimum == m_minimum && maximum == m_maximum)
+    const int before = m_range.value();
+    if (!m_range.setRange(minimum, maximum))
         return;
-    m_minimum = minimum;
-    m_maximum = maximum;
     emitSignal(this, &rangeChanged);
-    const int clamped = std::max(m_minimum, std::min(m_value, m_maximum));
-    if (clamped != m_value)
-        setValue(clamped);
-    else
-        update();
+    update();
+    if (m_range.value() != before)
+        emitSignal(this, &valueChanged);
 }
 
 void VyAbstractSlider::setValue(int value) {
-    value = std::max(m_minimum, std::min(value, m_maximum));
-    if (value == m_value)
+    if (!m_range.setValue(value))
         return;
-    m_value = value;
     update();
     emitSignal(this, &valueChanged);
 }
@@ -63,22 +51,22 @@ void VyAbstractSlider::setSliderDown(bool down) {
 void VyAbstractSlider::triggerAction(Action action) {
     switch (action) {
     case SingleStepAdd:
-        setValue(addClamped(m_value, m_singleStep));
+        setValue(m_range.offset(m_singleStep));
         break;
     case SingleStepSub:
-        setValue(addClamped(m_value, -static_cast<long long>(m_singleStep)));
+        setValue(m_range.offset(-static_cast<long long>(m_singleStep)));
         break;
     case PageStepAdd:
-        setValue(addClamped(m_value, m_pageStep));
+        setValue(m_range.offset(m_pageStep));
         break;
     case PageStepSub:
-        setValue(addClamped(m_value, -static_cast<long long>(m_pageStep)));
+        setValue(m_range.offset(-static_cast<long long>(m_pageStep)));
         break;
     case ToMinimum:
-        setValue(m_minimum);
+        setValue(m_range.minimum());
         break;
     case ToMaximum:
-        setValue(m_maximum);
+        setValue(m_range.maximum());
         break;
     }
 }
@@ -118,7 +106,7 @@ void VyAbstractSlider::wheelEvent(VyWheelEvent* e) {
     long long notches = e->delta() / kWheelNotch;
     if (notches == 0)
         notches = e->delta() > 0 ? 1 : -1;
-    setValue(addClamped(m_value, notches * m_singleStep * wheelDirection()));
+    setValue(m_range.offset(notches * m_singleStep * wheelDirection()));
 }
 
 void VyAbstractSlider::hoverEnterEvent(VyHoverEvent*) {

@@ -3,6 +3,7 @@
 // and page steps, an orientation, and the keys and wheel that step it. It keeps all four
 // arrows: Right and Up step the value up, Left and Down step it down.
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/widgets/VyBoundedValue.h"
 
 class VyAbstractSlider : public VyWidget {
     VY_OBJECT(VyAbstractSlider, VyWidget)
@@ -20,11 +21,11 @@ public:
 
     // A minimum above the maximum is swapped with it; the value is clamped into the range.
     void setRange(int minimum, int maximum);
-    int minimum() const { return m_minimum; }
-    int maximum() const { return m_maximum; }
+    int minimum() const { return m_range.minimum(); }
+    int maximum() const { return m_range.maximum(); }
     // Clamped into the range.
     void setValue(int value);
-    int value() const { return m_value; }
+    int value() const { return m_range.value(); }
     void setSingleStep(int step) { m_singleStep = step > 0 ? step : 1; }
     int singleStep() const { return m_singleStep; }
     void setPageStep(int step) { m_pageStep = step > 0 ? step : 1; }
@@ -52,9 +53,7 @@ protected:
     void resizeEvent(VyResizeEvent* e) override;
 
 private:
-    int m_minimum = 0;
-    int m_maximum = 99;
-    int m_value = 0;
+    VyBoundedValue m_range{0, 99};
     int m_singleStep = 1;
     int m_pageStep = 10;
     Orientation m_orientation = Horizontal;

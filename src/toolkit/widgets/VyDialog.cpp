@@ -85,12 +85,16 @@ void VyDialog::place(int designWidth, int designHeight) {
 
 int VyDialog::exec() {
     m_finished = false;
+    VyPointer<VyDialog> self(this);
     show();
     EventLoop loop;
     m_loop = &loop;
     // done() may have run inside show(); the loop then must not start.
-    if (!m_finished)
+    if (self && !m_finished)
         loop.exec();
+    // Deleted inside its own loop (its destructor ended the loop): nothing was chosen.
+    if (!self)
+        return Rejected;
     m_loop = nullptr;
     return m_result;
 }

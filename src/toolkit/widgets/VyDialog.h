@@ -36,8 +36,8 @@ public:
     // Centres the dialog on the screen with a size designed for 1920x1080.
     void place(int designWidth, int designHeight);
 
-    // Shows the dialog and runs a nested loop until done(); returns the result. The dialog
-    // must outlive the call.
+    // Shows the dialog and runs a nested loop until done(); returns the result, or Rejected
+    // when the dialog was deleted while the loop ran.
     int exec();
     // Hides the dialog, ends exec() with the result and emits finished (once per opening).
     virtual void done(int result);

@@ -16,6 +16,7 @@
 #include "toolkit/style/VyStyleDefaults.h"
 #include "toolkit/style/VyTextLayout.h"
 #include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/widgets/VyPinyinTable.h"
 
 namespace {
 
@@ -109,7 +110,7 @@ const VyKeyboard::Script kLanguageScripts[34] = {
 
 constexpr int kColumns = 12;       // key units across
 constexpr int kRows = 6;           // text or candidate row, digits, three letter rows, bottom
-constexpr int kMaxCandidates = 8;  // characters offered at once in Chinese mode
+constexpr int kPageSize = 6;       // characters offered at once in Chinese mode
 constexpr int kPaddingDesign = 12; // pixels at 1920x1080
 
 vyargb iniColour(const VyIniSettings& ini, const char* key, vyargb fallback) {
@@ -184,9 +185,16 @@ void VyKeyboard::layoutKeys() {
                           VyRect(pad + static_cast<int>(col * unit) + 2, pad + row * rowH + 2,
                                  std::max(1, static_cast<int>(span * unit) - 4), rowH - 4)});
     };
-    // Row 0: the characters the input method offered (Chinese mode).
-    for (int i = 0; i < m_candidates.size() && i < kMaxCandidates; ++i)
-        add(Candidate, m_candidates.at(i), 0, 4 + i, 1);
+    // Row 0 (Chinese mode): a page of the characters offered, between the page keys.
+    if (!m_candidates.isEmpty()) {
+        if (m_candidatePage > 0)
+            add(PreviousPage, "\xE2\x80\xB9", 0, 4, 1); // single angle quotes
+        const int first = m_candidatePage * kPageSize;
+        for (int i = 0; i < kPageSize && first + i < m_candidates.size(); ++i)
+            add(Candidate, m_candidates.at(first + i), 0, 5 + i, 1);
+        if (first + kPageSize < m_candidates.size())
+            add(NextPage, "\xE2\x80\xBA", 0, 5 + kPageSize, 1);
+    }
     // Row 1: digits and backspace.
     for (int d = 1; d <= 10; ++d)
         add(Character, VyString::number(d % 10), 1, d - 1, 1);
@@ -273,16 +281,44 @@ void VyKeyboard::typeText(const VyString& text) {
 }
 
 void VyKeyboard::askInputMethod() {
-    // The input method answers with setCandidates; without one, pinyin stays pinyin.
+    // An input method answers with setCandidates; without one the built-in table does.
     if (VyObject* im = m_inputMethod.data()) {
         VyApplication::postEvent(
             im, std::make_unique<ChineseInputEvent>(static_cast<int>(m_pinyin.length())));
+    } else {
+        setCandidates(VyPinyinTable::shared().candidates(m_pinyin));
     }
 }
 
 void VyKeyboard::setCandidates(const VyStringList& candidates) {
     m_candidates = candidates;
+    m_candidatePage = 0;
     layoutKeys();
+}
+
+void VyKeyboard::setCandidatePage(int page) {
+    const int pages = (m_candidates.size() + kPageSize - 1) / kPageSize;
+    page = std::max(0, std::min(page, pages - 1));
+    if (page == m_candidatePage)
+        return;
+    m_candidatePage = page;
+    layoutKeys();
+}
+
+void VyKeyboard::choose(const VyString& text) {
+    typeText(text);
+    m_pinyin.clear();
+    m_candidates = VyStringList();
+    m_candidatePage = 0;
+    layoutKeys();
+}
+
+bool VyKeyboard::chooseByDigit(int digit) {
+    const int index = m_candidatePage * kPageSize + digit - 1;
+    if (m_pinyin.isEmpty() || digit < 1 || digit > kPageSize || index >= m_candidates.size())
+        return false;
+    choose(m_candidates.at(index));
+    return true;
 }
 
 void VyKeyboard::activate(int index) {
@@ -291,6 +327,10 @@ void VyKeyboard::activate(int index) {
     const Key key = m_keys[index];
     switch (key.kind) {
     case Character:
+        // With pinyin pending, a digit picks the character of that number on the page.
+        if (key.text.length() == 1 && key.text.toUcs4()[0] >= U'1' &&
+            key.text.toUcs4()[0] <= U'9' && chooseByDigit(int(key.text.toUcs4()[0] - U'0')))
+            break;
         if (m_script == Chinese && !m_symbols && key.text.toUcs4()[0] >= U'a' &&
             key.text.toUcs4()[0] <= U'z') {
             m_pinyin += key.text;
@@ -305,18 +345,18 @@ void VyKeyboard::activate(int index) {
         }
         break;
     case Candidate:
-        typeText(key.text);
-        m_pinyin.clear();
-        m_candidates = VyStringList();
-        layoutKeys();
+        choose(key.text);
+        break;
+    case PreviousPage:
+    case NextPage:
+        setCandidatePage(m_candidatePage + (key.kind == NextPage ? 1 : -1));
         break;
     case Space:
         if (!m_pinyin.isEmpty()) {
             // Space with pinyin pending takes the first character offered, or the pinyin itself.
-            typeText(m_candidates.isEmpty() ? m_pinyin : m_candidates.at(0));
-            m_pinyin.clear();
-            m_candidates = VyStringList();
-            layoutKeys();
+            choose(m_candidates.isEmpty() ? m_pinyin
+                                          : m_candidates.at(std::min(m_candidatePage * kPageSize,
+                                                                     m_candidates.size() - 1)));
         } else {
             typeText(" ");
         }
@@ -427,7 +467,8 @@ void VyKeyboard::keyPressEvent(VyKeyEvent* e) {
     const int key = e->key();
     if (key >= VyKeyEvent::KeyDigit0 && key <= VyKeyEvent::KeyDigit9) {
         e->accept();
-        typeText(VyString::number(key - VyKeyEvent::KeyDigit0));
+        if (!chooseByDigit(key - VyKeyEvent::KeyDigit0))
+            typeText(VyString::number(key - VyKeyEvent::KeyDigit0));
         return;
     }
     if (key == VyKeyEvent::KeyEscape) {
@@ -500,10 +541,9 @@ void VyKeyboard::paintEvent(VyPaintEvent*) {
         VyStyle::fontSize(VyStyle::instance()->option().get<VyPushButtonOption>().font, 0);
     // The first row shows what is being typed: the pinyin in Chinese mode, else the field's text.
     if (!m_keys.empty()) {
-        const VyRect& first = m_keys.front().rect;
         const int pad = VyStyle::instance()->scaled(kPaddingDesign);
-        const VyRect row(pad, pad, width() - 2 * pad,
-                         first.top >= pad + first.height() ? first.height() : first.top - pad);
+        // Row 0, as layoutKeys divides the height (candidate keys may share it).
+        const VyRect row(pad, pad, width() - 2 * pad, std::max(1, (height() - 2 * pad) / kRows));
         VyString shown = m_pinyin;
         if (shown.isEmpty() && m_target)
             shown = m_target->displayText();

@@ -1,11 +1,13 @@
 #pragma once
 // The on-screen keyboard that edits a line edit: letters of the script of the interface's
 // language, digits, symbols, shift, backspace, space, a script switch, confirm and cancel,
-// and a Chinese mode that collects pinyin and asks the input method for characters with a
-// ChineseInputEvent. It is a modal window over the screen, worked with the mouse (click a
-// key) or with the remote alone: the arrows move the highlight over the keys (wrapping at
-// the edges), OK presses the highlighted key, digits type, Escape cancels. Cancel puts the
-// text back as it was when the keyboard opened. Colours come from "style/keyboard.ini".
+// and a Chinese mode that collects pinyin and offers characters for it in pages, chosen by a
+// click, OK or their number: from an input method it asks with a ChineseInputEvent when one
+// is set, else from its own pinyin table (VyPinyinTable). It is a modal window over the screen,
+// worked with the mouse (click a key) or with the remote alone: the arrows move the highlight over
+// the keys (wrapping at the edges), OK presses the highlighted key, digits type, Escape cancels.
+// Cancel puts the text back as it was when the keyboard opened. Colours come from
+// "style/keyboard.ini".
 #include <string>
 #include <vector>
 
@@ -34,7 +36,9 @@ public:
         Backspace,
         Confirm,
         Cancel,
-        Candidate
+        Candidate,
+        PreviousPage,
+        NextPage
     };
 
     struct Key {
@@ -69,9 +73,12 @@ public:
     bool isShifted() const { return m_shift; }
     bool showsSymbols() const { return m_symbols; }
 
-    // Chinese mode: the pinyin typed so far, the characters the input method offered.
+    // Chinese mode: the pinyin typed so far, the characters offered for it (shown a page at
+    // a time; a digit 1 to 6 picks that one of the page).
     const VyString& pinyin() const { return m_pinyin; }
     void setCandidates(const VyStringList& candidates);
+    const VyStringList& candidates() const { return m_candidates; }
+    int candidatePage() const { return m_candidatePage; }
     // The object that receives a ChineseInputEvent (its param the pinyin's length) whenever
     // the pinyin changes; it reads pinyin() and answers with setCandidates.
     void setInputMethod(VyObject* inputMethod) { m_inputMethod.reset(inputMethod); }
@@ -95,6 +102,11 @@ private:
     void finish(bool accept);
     void typeText(const VyString& text);
     void askInputMethod();
+    void setCandidatePage(int page);
+    // Types the character (or pinyin) chosen and ends the pinyin.
+    void choose(const VyString& text);
+    // Chooses the page's character of that number; false when there is none.
+    bool chooseByDigit(int digit);
     VyStringList letterRows() const;
     int moveVertically(int from, int direction) const;
 
@@ -104,6 +116,7 @@ private:
     VyString m_original;
     VyString m_pinyin;
     VyStringList m_candidates;
+    int m_candidatePage = 0;
     Script m_script = Latin;
     Script m_otherScript = Latin; // what the script key switches to from Latin
     int m_highlight = 0;

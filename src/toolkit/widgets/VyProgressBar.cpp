@@ -8,22 +8,16 @@ VyProgressBar::VyProgressBar(VyWidget* parent)
     : VyWidget(parent) {}
 
 void VyProgressBar::setRange(int minimum, int maximum) {
-    if (minimum > maximum)
-        std::swap(minimum, maximum);
-    m_minimum = minimum;
-    m_maximum = maximum;
-    const int clamped = std::max(m_minimum, std::min(m_value, m_maximum));
-    if (clamped != m_value)
-        setValue(clamped);
-    else
-        update();
+    const int before = m_range.value();
+    m_range.setRange(minimum, maximum);
+    update();
+    if (m_range.value() != before)
+        emitSignal(this, &valueChanged);
 }
 
 void VyProgressBar::setValue(int value) {
-    value = std::max(m_minimum, std::min(value, m_maximum));
-    if (value == m_value)
+    if (!m_range.setValue(value))
         return;
-    m_value = value;
     update();
     emitSignal(this, &valueChanged);
 }
@@ -34,10 +28,7 @@ void VyProgressBar::setTextVisible(bool on) {
 }
 
 int VyProgressBar::percent() const {
-    const int64_t span = static_cast<int64_t>(m_maximum) - m_minimum;
-    if (span <= 0)
-        return 0;
-    return static_cast<int>((static_cast<int64_t>(m_value) - m_minimum) * 100 / span);
+    return m_range.percent();
 }
 
 VyString VyProgressBar::text() const {

@@ -2,6 +2,7 @@
 // A bar filled in proportion to its value between minimum and maximum, with an optional
 // percentage text. Values outside the range are clamped.
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/widgets/VyBoundedValue.h"
 
 class VyProgressBar : public VyWidget {
     VY_OBJECT(VyProgressBar, VyWidget)
@@ -12,10 +13,10 @@ public:
 
     // A minimum above the maximum is swapped with it.
     void setRange(int minimum, int maximum);
-    int minimum() const { return m_minimum; }
-    int maximum() const { return m_maximum; }
+    int minimum() const { return m_range.minimum(); }
+    int maximum() const { return m_range.maximum(); }
     void setValue(int value);
-    int value() const { return m_value; }
+    int value() const { return m_range.value(); }
     void setTextVisible(bool on);
     bool isTextVisible() const { return m_textVisible; }
     // 0..100, rounded down; 0 for an empty range.
@@ -26,8 +27,6 @@ protected:
     void paintEvent(VyPaintEvent* e) override;
 
 private:
-    int m_minimum = 0;
-    int m_maximum = 100;
-    int m_value = 0;
+    VyBoundedValue m_range{0, 100};
     bool m_textVisible = true;
 };

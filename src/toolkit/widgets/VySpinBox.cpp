@@ -28,27 +28,20 @@ VySpinBox::~VySpinBox() {
 }
 
 void VySpinBox::setRange(int minimum, int maximum) {
-    if (minimum > maximum)
-        std::swap(minimum, maximum);
-    m_minimum = minimum;
-    m_maximum = maximum;
-    const int clamped = std::max(m_minimum, std::min(m_value, m_maximum));
-    if (clamped != m_value)
-        setValue(clamped);
-    else
-        update();
+    const int before = m_range.value();
+    m_range.setRange(minimum, maximum);
+    if (m_range.value() != before)
+        m_typed.clear();
+    update();
+    if (m_range.value() != before)
+        emitSignal(this, &valueChanged);
 }
 
 void VySpinBox::setValue(int value) {
-    value = std::max(m_minimum, std::min(value, m_maximum));
     m_typed.clear();
-    if (value == m_value) {
-        update();
-        return;
-    }
-    m_value = value;
     update();
-    emitSignal(this, &valueChanged);
+    if (m_range.setValue(value))
+        emitSignal(this, &valueChanged);
 }
 
 void VySpinBox::setWrapping(bool on) {
@@ -68,20 +61,19 @@ void VySpinBox::setSuffix(const VyString& suffix) {
 
 void VySpinBox::stepBy(int steps) {
     commitTyped();
-    const long long span = static_cast<long long>(m_maximum) - m_minimum;
-    long long next = static_cast<long long>(m_value) + static_cast<long long>(steps) * m_step;
-    if (m_wrapping && span > 0 && (next > m_maximum || next < m_minimum)) {
+    const long long step = static_cast<long long>(steps) * m_step;
+    const long long next = static_cast<long long>(m_range.value()) + step;
+    if (m_wrapping && m_range.span() > 0 &&
+        (next > m_range.maximum() || next < m_range.minimum())) {
         // Past one end continues from the other, as a clock's hour field does.
-        if (next > m_maximum)
-            next = m_minimum;
-        else
-            next = m_maximum;
+        setValue(next > m_range.maximum() ? m_range.minimum() : m_range.maximum());
+        return;
     }
-    setValue(static_cast<int>(std::max<long long>(INT_MIN, std::min<long long>(INT_MAX, next))));
+    setValue(m_range.offset(step));
 }
 
 VyString VySpinBox::text() const {
-    return m_prefix + (m_typed.isEmpty() ? VyString::number(m_value) : m_typed) + m_suffix;
+    return m_prefix + (m_typed.isEmpty() ? VyString::number(m_range.value()) : m_typed) + m_suffix;
 }
 
 int VySpinBox::styleSlot() const {
@@ -91,9 +83,9 @@ int VySpinBox::styleSlot() const {
 VySize VySpinBox::sizeHint() const {
     const VyStyle* style = VyStyle::instance();
     const int px = VyStyle::fontSize(style->option().get<VySpinBoxOption>().font, 0);
-    const int w =
-        std::max(VyTextLayout::width(m_prefix + VyString::number(m_maximum) + m_suffix, px),
-                 VyTextLayout::width(m_prefix + VyString::number(m_minimum) + m_suffix, px));
+    const int w = std::max(
+        VyTextLayout::width(m_prefix + VyString::number(m_range.maximum()) + m_suffix, px),
+        VyTextLayout::width(m_prefix + VyString::number(m_range.minimum()) + m_suffix, px));
     const int h = VyTextLayout::lineHeight(px) + 2 * style->scaled(VyStyle::kFieldPaddingDesign);
     return VySize(w + h + 2 * style->scaled(VyStyle::kFieldPaddingDesign), h);
 }
@@ -107,8 +99,8 @@ void VySpinBox::commitTyped() {
 }
 
 void VySpinBox::paintEvent(VyPaintEvent*) {
-    const bool upEnabled = m_wrapping || m_value < m_maximum;
-    const bool downEnabled = m_wrapping || m_value > m_minimum;
+    const bool upEnabled = m_wrapping || m_range.value() < m_range.maximum();
+    const bool downEnabled = m_wrapping || m_range.value() > m_range.minimum();
     VyStyle::instance()->drawSpinBox(canvas(), rect(), styleSlot(), text(), m_pressedPart,
                                      upEnabled, downEnabled);
 }

@@ -5,6 +5,7 @@
 // clamped into the range; Escape drops what was typed.
 #include "runtime/VyString.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/widgets/VyBoundedValue.h"
 
 class VySpinBox : public VyWidget {
     VY_OBJECT(VySpinBox, VyWidget)
@@ -19,11 +20,11 @@ public:
 
     // A minimum above the maximum is swapped with it; the value is clamped into the range.
     void setRange(int minimum, int maximum);
-    int minimum() const { return m_minimum; }
-    int maximum() const { return m_maximum; }
+    int minimum() const { return m_range.minimum(); }
+    int maximum() const { return m_range.maximum(); }
     // Clamped into the range (never wrapped).
     void setValue(int value);
-    int value() const { return m_value; }
+    int value() const { return m_range.value(); }
     void setSingleStep(int step) { m_step = step > 0 ? step : 1; }
     int singleStep() const { return m_step; }
     void setWrapping(bool on);
@@ -61,9 +62,7 @@ private:
     void commitTyped();
     void stopRepeat();
 
-    int m_minimum = 0;
-    int m_maximum = 99;
-    int m_value = 0;
+    VyBoundedValue m_range{0, 99};
     int m_step = 1;
     VyString m_prefix;
     VyString m_suffix;

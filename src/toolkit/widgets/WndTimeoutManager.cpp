@@ -57,6 +57,7 @@ bool WndTimeoutManager::eligible(const VyWidget* window) const {
 }
 
 void WndTimeoutManager::onIdleTimeout() {
+    emitSignal(this, &timedOut);
     VyApplication* app = VyApplication::instance();
     if (!app)
         return;

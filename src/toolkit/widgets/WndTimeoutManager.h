@@ -37,6 +37,10 @@ public:
     // Input arrived: the period starts again.
     void notifyActivity();
 
+    // The period ran out, whether or not a window was there to close (the user who left
+    // the menus is logged out on it).
+    VySignal timedOut;
+
     void onActivity() override;
     // The period ran out: closes the topmost eligible window; while windows remain open the
     // next one closes a period later.

@@ -28,15 +28,33 @@ const VyString& ImageButton::shownImagePath() const {
     return (isHovered() || isDown()) && isEnabled() ? m_hover : m_image;
 }
 
+VyBitmap ImageButton::dimmed(const VyBitmap& image) {
+    VyBitmap out(image.width(), image.height());
+    if (out.isNull())
+        return image;
+    const size_t n = size_t(image.width()) * size_t(image.height()) * 4;
+    const uint8_t* src = image.constBits();
+    uint8_t* dst = out.bits();
+    for (size_t i = 0; i < n; i += 4) {
+        dst[i] = src[i];
+        dst[i + 1] = src[i + 1];
+        dst[i + 2] = src[i + 2];
+        dst[i + 3] = uint8_t(src[i + 3] * kDisabledAlpha / 255);
+    }
+    return out;
+}
+
 void ImageButton::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
     if (c == nullptr)
         return;
     VyApplication* app = VyApplication::instance();
     const float scale = app && app->screen() ? app->screen()->horizontalScale() : 1.0f;
-    const VyBitmap image = VyStyle::instance()->imageForScale(shownImagePath(), scale);
+    VyBitmap image = VyStyle::instance()->imageForScale(shownImagePath(), scale);
     if (image.isNull())
         return;
+    if (!isEnabled())
+        image = dimmed(image);
     // Centred at its own size when it fits, scaled down into the button when not.
     int w = image.width();
     int h = image.height();

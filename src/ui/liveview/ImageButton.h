@@ -2,6 +2,7 @@
 // A button that is only a picture: a normal image, the hover image while the pointer is over
 // it or it is held, and an optional second pair for its "on" state (record on, mute, a
 // connection state). Images come from the style's image cache at the screen's scale.
+#include "runtime/VyBitmap.h"
 #include "runtime/VyString.h"
 #include "toolkit/widgets/VyAbstractButton.h"
 
@@ -19,6 +20,9 @@ public:
     // The image this button shows now.
     const VyString& shownImagePath() const;
     static VyString hoverNameOf(const VyString& image);
+    // A disabled button shows its image at this opacity (of 255).
+    static constexpr int kDisabledAlpha = 90;
+    static VyBitmap dimmed(const VyBitmap& image);
 
 protected:
     void paintEvent(VyPaintEvent* e) override;

@@ -1,7 +1,9 @@
 #include "ui/liveview/LiveViewController.h"
 
 #include "model/MainViewManager.h"
+#include "model/ParamAccess.h"
 #include "model/UiManager.h"
+#include "protocol/OutputSettingsBlock.h"
 #include "protocol/PreviewControl.h"
 #include "protocol/PreviewRecord.h"
 #include "protocol/UiEventType.h"
@@ -11,14 +13,27 @@
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "ui/liveview/ImageButton.h"
 #include "ui/liveview/LiveViewProfile.h"
 #include "ui/liveview/MainViewTaskBar.h"
 #include "ui/liveview/MainViewVideo.h"
+#include "ui/liveview/MoreLayoutMenu.h"
+#include "ui/liveview/PlayMenu.h"
+#include "ui/liveview/ScreanLayoutMenu.h"
+#include "ui/liveview/StartMenu.h"
 #include "ui/liveview/VideoLayout.h"
 #include "ui/liveview/VideoToolBar.h"
 #include "ui/liveview/VyVideoScreen.h"
 #include "ui/liveview/VyVideoScreenLayout.h"
 #include "ui/liveview/VyVideoScreenLayoutManager.h"
+
+namespace {
+LiveViewController::Clock g_clock = &VyDateTime::currentDateTime;
+} // namespace
+
+void LiveViewController::setClock(Clock clock) {
+    g_clock = clock ? clock : &VyDateTime::currentDateTime;
+}
 
 LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* taskBar,
                                        VyLabel* notice, VyObject* parent)
@@ -28,6 +43,7 @@ LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* t
     , m_notice(notice) {
     connect(screen, &screen->previewChanged, this, VY_SLOT(LiveViewController, onPreviewChanged));
     connect(screen, &screen->orderChanged, this, VY_SLOT(LiveViewController, onOrderChanged));
+    connect(screen, &screen->rightClicked, this, VY_SLOT(LiveViewController, onRightClick));
     VideoToolBar* bar = screen->toolBar();
     connect(bar, &bar->actionTriggered, this, VY_SLOT(LiveViewController, onToolBarAction));
     if (taskBar != nullptr)
@@ -39,6 +55,7 @@ LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* t
         connect(m, &m->deviceStateChanged, this, VY_SLOT(LiveViewController, onDeviceState));
         connect(m, &m->sequenceStep, this, VY_SLOT(LiveViewController, onSequenceStep));
         connect(m, &m->snapshotTaken, this, VY_SLOT(LiveViewController, onSnapshot));
+        connect(m, &m->sequenceTick, this, VY_SLOT(LiveViewController, onSequenceTick));
     }
     if (UiManager* ui = UiManager::instance())
         connect(ui, &ui->networkStatusChanged, this, VY_SLOT(LiveViewController, onNetworkStatus));
@@ -49,7 +66,10 @@ MainViewManager* LiveViewController::manager() const {
     return MainViewManager::instance();
 }
 
+LiveViewController::~LiveViewController() = default;
+
 void LiveViewController::start(const LiveViewProfile& profile, int channelCount) {
+    m_channelCount = channelCount;
     m_screen->videoLayout()->setAlignment(profile.coarseUnit, profile.fineUnit);
     m_screen->setChannelCount(channelCount);
     MainViewManager* m = manager();
@@ -69,7 +89,12 @@ void LiveViewController::start(const LiveViewProfile& profile, int channelCount)
         }
         m->setSequenceLayouts(sequence);
     }
-    m_screen->setLayout(profile.startLayoutIndex());
+    // The user's default split (output settings) wins over the device's.
+    LiveViewProfile start = profile;
+    const uint32_t userSplit = ParamAccess::get<OutputSettingsBlock>().splitMode;
+    if (userSplit > 0 && userSplit <= uint32_t(PreviewRecord::kMaxCells))
+        start.splitCount = int(userSplit);
+    m_screen->setLayout(start.startLayoutIndex());
     if (m != nullptr) {
         m->requestCameraRoster();
         for (int ch = 0; ch < channelCount; ++ch) {
@@ -161,7 +186,39 @@ void LiveViewController::showNotice(uint32_t textId) {
     m_noticeTimer = startTimer(kNoticeMs);
 }
 
+bool LiveViewController::keyAction(uint32_t deviceKey) {
+    switch (deviceKey) {
+    case 56: // sequence
+        if (MainViewManager* m = manager())
+            m->setSequenceDwell(m->sequenceDwell() > 0 ? -1 : kKeySequenceDwellSec);
+        return true;
+    case 60:
+        act(VideoToolBar::Snapshot);
+        return true;
+    case 67:
+        act(VideoToolBar::Record);
+        return true;
+    case 73:
+        act(VideoToolBar::Volume);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void LiveViewController::act(int action) {
+    VideoToolBar* bar = m_screen->toolBar();
+    if (m_screen->selectedCell() == nullptr)
+        return;
+    bar->attachTo(m_screen->selectedCell());
+    perform(VideoToolBar::Action(action));
+}
+
 void LiveViewController::onToolBarAction() {
+    perform(m_screen->toolBar()->lastAction());
+}
+
+void LiveViewController::perform(int action) {
     VideoToolBar* bar = m_screen->toolBar();
     MainViewVideo* cell = bar->cell();
     MainViewManager* m = manager();
@@ -169,7 +226,7 @@ void LiveViewController::onToolBarAction() {
         return;
     PreviewControl control;
     control.channel = uint8_t(cell->channel() < 0 ? 0 : cell->channel());
-    switch (bar->lastAction()) {
+    switch (action) {
     case VideoToolBar::Record: {
         const bool on = !cell->channelState().has(ChannelStateNotice::kManualRecord);
         control.command = PreviewControl::kManualRecord;
@@ -206,16 +263,52 @@ void LiveViewController::onToolBarAction() {
         m_screen->hideToolBar();
         return;
     default:
-        VY_GUI_LOG("tool bar action %d not offered here\n", int(bar->lastAction()));
+        VY_GUI_LOG("tool bar action %d not offered here\n", action);
         return;
     }
     m->sendControl(control);
+}
+
+void LiveViewController::popupMenu(std::unique_ptr<VyMenu> menu, VyWidget* above, VyPoint at) {
+    if (above != nullptr) {
+        const VyPoint corner = above->mapToGlobal(VyPoint(0, 0));
+        at = VyPoint(corner.x, corner.y - menu->sizeHint().height);
+    }
+    m_menu = std::move(menu);
+    m_menu->popup(at);
+}
+
+void LiveViewController::onRightClick() {
+    MainViewManager* m = manager();
+    if (m != nullptr && m->isPickMode())
+        return;
+    MainViewVideo* cell = m_screen->rightClickedCell();
+    const VyPoint at =
+        cell ? cell->mapToGlobal(VyPoint(cell->width() / 2, cell->height() / 2)) : VyPoint();
+    popupMenu(std::make_unique<ScreanLayoutMenu>(m_channelCount), nullptr, at);
+}
+
+void LiveViewController::onSequenceTick() {
+    MainViewManager* m = manager();
+    if (m_taskBar == nullptr || m == nullptr)
+        return;
+    m_taskBar->setSequenceText(m->sequenceDwell() > 0 ? PlayMenu::remainingText(m->secondsLeft())
+                                                      : VyString());
 }
 
 void LiveViewController::onTaskBarButton() {
     if (m_taskBar == nullptr)
         return;
     switch (m_taskBar->lastButton()) {
+    case MainViewTaskBar::Start: {
+        auto menu = std::make_unique<StartMenu>(VyString("admin"), true);
+        popupMenu(std::move(menu), m_taskBar->button(MainViewTaskBar::Start));
+        break;
+    }
+    case MainViewTaskBar::MoreLayouts:
+        popupMenu(std::make_unique<MoreLayoutMenu>(m_channelCount),
+                  m_taskBar->button(MainViewTaskBar::MoreLayouts));
+        break;
     case MainViewTaskBar::Layout4:
         m_screen->setLayout(1);
         break;
@@ -226,8 +319,7 @@ void LiveViewController::onTaskBarButton() {
         m_screen->setLayout(11);
         break;
     case MainViewTaskBar::Sequence:
-        if (MainViewManager* m = manager())
-            m->setSequenceDwell(m->sequenceDwell() > 0 ? -1 : 10);
+        popupMenu(std::make_unique<PlayMenu>(false), m_taskBar->button(MainViewTaskBar::Sequence));
         break;
     default:
         break;
@@ -247,5 +339,5 @@ void LiveViewController::timerEvent(VyTimerEvent* e) {
     UiManager* ui = UiManager::instance();
     const VyString format =
         ui ? ui->dateFormat() + VyString(" ") + ui->timeFormat() : VyString("yyyy-MM-dd hh:mm:ss");
-    m_taskBar->setClockText(VyDateTime::currentDateTime().toString(format));
+    m_taskBar->setClockText(g_clock().toString(format));
 }

@@ -2,13 +2,18 @@
 // Wires the live view together: the main-view manager's state (channels, layout requests,
 // the sequence, App's notices) into the screen, the task bar and the tool bar, and the
 // screen's changes back to App as preview records. Owned by the main view's window.
+#include "runtime/VyDateTime.h"
+#include "runtime/VyPoint.h"
 #include "toolkit/core/VyObject.h"
 
+#include <memory>
 #include <vector>
 
 class MainViewManager;
+class VyMenu;
 class MainViewTaskBar;
 class VyLabel;
+class VyWidget;
 class VyVideoScreen;
 struct LiveViewProfile;
 
@@ -17,9 +22,13 @@ class LiveViewController : public VyObject {
 public:
     static constexpr int kClockMs = 1000;
     static constexpr int kNoticeMs = 2000; // the snapshot notice stays this long
+    using Clock = VyDateTime (*)();
+    // Where the task bar's clock reads the time (tests fix it).
+    static void setClock(Clock clock);
 
     LiveViewController(VyVideoScreen* screen, MainViewTaskBar* taskBar, VyLabel* notice,
                        VyObject* parent = nullptr);
+    ~LiveViewController() override;
 
     // Channel count, saved order, start-up layout; registers for App's channel notices and
     // asks for the camera roster.
@@ -27,6 +36,10 @@ public:
     // Sends the record for what the screen shows now.
     void sendPreview();
     void showNotice(uint32_t textId);
+    // The main view's keys for the sequence, snapshot, manual recording and mute.
+    bool keyAction(uint32_t deviceKey);
+    // A tool-bar action on the selected cell (its tool bar need not be shown).
+    void act(int action);
 
     // Slots.
     void onPreviewChanged();
@@ -39,16 +52,27 @@ public:
     void onTaskBarButton();
     void onSnapshot();
     void onNetworkStatus();
+    void onRightClick();
+    void onSequenceTick();
+
+    // The menu open now (start, layouts, sequence), or null.
+    VyMenu* openMenu() const { return m_menu.get(); }
 
 protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
+    static constexpr int kKeySequenceDwellSec = 10; // the sequence key's dwell
     MainViewManager* manager() const;
+    void perform(int action);
+    // Opens a menu above a task-bar button (or at a screen point when none is given).
+    void popupMenu(std::unique_ptr<VyMenu> menu, VyWidget* above, VyPoint at = VyPoint());
 
     VyVideoScreen* m_screen;
     MainViewTaskBar* m_taskBar;
     VyLabel* m_notice;
+    std::unique_ptr<VyMenu> m_menu; // a popup window: no parent owns it
+    int m_channelCount = 0;
     int m_clockTimer = 0;
     int m_noticeTimer = 0;
     bool m_muted = false;

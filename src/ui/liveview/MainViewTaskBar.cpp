@@ -13,6 +13,7 @@ constexpr int kDesignHeightPx = 48;
 constexpr int kDesignButtonPx = 40;
 constexpr int kGapPx = 6;
 constexpr int kClockWidthPx = 230;
+constexpr int kSequenceWidthPx = 260; // the remaining dwell, in the middle of the bar
 
 struct ButtonImages {
     const char* image;
@@ -104,6 +105,18 @@ void MainViewTaskBar::setClockText(const VyString& text) {
                   height()));
 }
 
+void MainViewTaskBar::setSequenceText(const VyString& text) {
+    if (m_sequence == text)
+        return;
+    m_sequence = text;
+    update(sequenceRect());
+}
+
+VyRect MainViewTaskBar::sequenceRect() const {
+    const int w = UiLook::scaledX(kSequenceWidthPx);
+    return VyRect(width() / 2 - w / 2, 0, w, height());
+}
+
 void MainViewTaskBar::resizeEvent(VyResizeEvent*) {
     arrange();
 }
@@ -140,4 +153,25 @@ void MainViewTaskBar::paintEvent(VyPaintEvent*) {
     c->drawText(VyRect(width() - clockWidth, 0, clockWidth - UiLook::scaledX(kGapPx), height()),
                 VyCanvas::AlignRight | VyCanvas::AlignVCenter, m_clock,
                 UiLook::instance().fontPixelSize(), look.labelForeground);
+    if (!m_sequence.isEmpty())
+        c->drawText(sequenceRect(), VyCanvas::AlignCenter, m_sequence,
+                    UiLook::instance().fontPixelSize(), look.labelForeground);
+}
+
+bool MainViewTaskBar::keyAction(uint32_t deviceKey) {
+    struct KeyButton {
+        uint32_t key;
+        Button button;
+    };
+    static const KeyButton kKeys[] = {{74, Start},        {76, MoreLayouts}, {77, Sequence},
+                                      {83, StreamSwitch}, {93, Info},        {94, Light},
+                                      {95, OpenWizard}};
+    for (const KeyButton& k : kKeys) {
+        if (k.key == deviceKey) {
+            m_last = k.button;
+            emitSignal(this, &buttonClicked);
+            return true;
+        }
+    }
+    return false;
 }

@@ -4,13 +4,14 @@
 // the USB icon's hover) with the time at the right. Each button emits buttonClicked with
 // lastButton(); the main view opens the menu or acts.
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/input/VyKeyTarget.h"
 
 #include <cstdint>
 #include <vector>
 
 class ImageButton;
 
-class MainViewTaskBar : public VyWidget {
+class MainViewTaskBar : public VyWidget, public VyKeyTarget {
     VY_OBJECT(MainViewTaskBar, VyWidget)
 public:
     enum Button {
@@ -47,6 +48,13 @@ public:
     void setDeviceState(uint32_t state);
     void setLightOn(bool on);
     void setClockText(const VyString& text);
+    // "Sequence: 8 s" beside the clock while a sequence runs; empty hides it.
+    void setSequenceText(const VyString& text);
+    const VyString& sequenceText() const { return m_sequence; }
+
+    // The task bar's device keys click its buttons: 74 start, 76 more layouts, 77 sequence,
+    // 83 stream switch, 93 information, 94 light, 95 open wizard.
+    bool keyAction(uint32_t deviceKey) override;
 
     VySignal buttonClicked;
 
@@ -57,8 +65,10 @@ protected:
 private:
     static void clickedSlot(VyObject* sender, VyObject* receiver);
     void arrange();
+    VyRect sequenceRect() const;
 
     std::vector<ImageButton*> m_buttons; // children
     VyString m_clock;
+    VyString m_sequence;
     Button m_last = Start;
 };

@@ -117,8 +117,10 @@ void MainViewVideo::placeDecorations() {
     const int labelWidth = std::min(m_label->preferredWidth(), width() - 2 * margin);
     m_label->setGeometry(margin, margin, std::max(0, labelWidth), labelHeight);
     const int boxWidth = std::min(RecordFlagBox::boxWidth(), std::max(0, width() - 2 * margin));
-    m_flags->setGeometry(width() - margin - boxWidth, height() - margin - RecordFlagBox::iconSize(),
-                         boxWidth, RecordFlagBox::iconSize());
+    // Top right, level with the label: the task bar may cover the bottom of the lowest row.
+    m_flags->setGeometry(width() - margin - boxWidth,
+                         margin + (labelHeight - RecordFlagBox::iconSize()) / 2, boxWidth,
+                         RecordFlagBox::iconSize());
 }
 
 void MainViewVideo::resizeEvent(VyResizeEvent*) {

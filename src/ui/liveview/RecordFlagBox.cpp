@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kDesignIconPx = 20; // the flag icons at 1920x1080
+constexpr int kDesignIconPx = 24; // the flag icons at 1920x1080
 constexpr int kGapPx = 2;
 
 struct FlagIcon {
@@ -74,12 +74,12 @@ int RecordFlagBox::shownCount() const {
     return n;
 }
 
-void RecordFlagBox::paintEvent(VyPaintEvent* e) {
+void RecordFlagBox::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
     if (c == nullptr)
         return;
-    for (const VyRect& r : e->region().rects())
-        Video::clearToVideo(c, r);
+    // The cell beneath has already painted this region (transparent over its picture, the
+    // label where it reaches): only the icons are added.
     VyApplication* app = VyApplication::instance();
     const float scale = app && app->screen() ? app->screen()->horizontalScale() : 1.0f;
     const int size = iconSize();

@@ -1,7 +1,8 @@
 #pragma once
 // The row of status icons in a cell: recording, motion, sensor input, PIR and the two
 // analytics alarms, each shown while App reports that state for the channel. The box keeps
-// one size whatever is shown, so a changed flag repaints the box and nothing else.
+// one size whatever is shown, so a changed flag repaints the box and nothing else; it draws
+// only its icons over what the cell beneath it painted.
 #include "toolkit/core/VyWidget.h"
 
 #include <cstdint>

@@ -116,14 +116,17 @@ void VideoToolBar::arrange() {
     VyWidget* p = parentWidget();
     if (cell == nullptr || p == nullptr)
         return;
-    const VyRect g = cell->geometry();
+    // The cell's rectangle in the bar's parent.
+    VyRect g = cell->geometry();
+    for (VyWidget* up = cell->parentWidget(); up != nullptr && up != p; up = up->parentWidget())
+        g = g.translated(up->geometry().topLeft());
     // Along the lower part of the cell, centred on it, kept inside the screen.
     int left = g.left + (g.width() - w) / 2;
     int top = g.bottom - h - UiLook::scaledY(2 * kPaddingPx) - UiLook::scaledY(24);
     if (top < g.top + h)
         top = g.top + (g.height() - h) / 2;
     left = std::clamp(left, 0, std::max(0, p->width() - w));
-    top = std::clamp(top, 0, std::max(0, p->height() - h));
+    top = std::clamp(top, 0, std::max(0, p->height() - m_bottomReserve - h));
     setGeometry(left, top, w, h);
 }
 

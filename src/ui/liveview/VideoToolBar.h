@@ -57,6 +57,8 @@ public:
     VySignal actionTriggered;
 
     static int buttonSize();
+    // Pixels at the bottom of the parent the bar keeps clear of (a task bar over the cells).
+    void setBottomReserve(int pixels) { m_bottomReserve = pixels; }
 
 protected:
     void paintEvent(VyPaintEvent* e) override;
@@ -69,4 +71,5 @@ private:
     std::vector<ImageButton*> m_buttons; // children, by Action
     VyPointer<MainViewVideo> m_cell;
     Action m_lastAction = Close;
+    int m_bottomReserve = 0;
 };

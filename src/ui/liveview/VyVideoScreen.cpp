@@ -22,7 +22,9 @@ VyVideoScreen::VyVideoScreen(VyWidget* parent)
     m_shown = m_single;
     m_chosen = m_single;
     setAttribute(AcceptDrops);
-    m_toolBar = new VideoToolBar(this);
+    // A sibling stacked after the screen (children paint in creation order, and cells are
+    // made as dealing needs them), unless the screen stands alone.
+    m_toolBar = new VideoToolBar(parent != nullptr ? parent : this);
     m_toolBar->hide();
 }
 

@@ -10,6 +10,7 @@
 //     screen.toggleSingleView();     // the selected channel alone
 #include "runtime/VyPoint.h"
 #include "toolkit/core/VyPointer.h"
+#include "toolkit/input/VyKeyTarget.h"
 #include "ui/liveview/VideoScreenBase.h"
 
 #include <cstdint>
@@ -20,9 +21,20 @@ class VideoToolBar;
 class VyVideoScreenLayout;
 struct PreviewRecord;
 
-class VyVideoScreen : public VideoScreenBase {
+class VyVideoScreen : public VideoScreenBase, public VyKeyTarget {
     VY_OBJECT(VyVideoScreen, VideoScreenBase)
 public:
+    // The video screen's device keys.
+    enum Key : uint32_t {
+        KeyPreviousPage = 61,
+        KeyNextPage = 62,
+        KeyPreviousCell = 63, // the selection moves through the page, wrapping
+        KeyNextCell = 64,
+        KeyEnlarge = 65,
+        KeyToolBar = 66,
+    };
+    bool keyAction(uint32_t deviceKey) override;
+
     // Bits of flags().
     static constexpr uint32_t kPressAndHold = 0x1; // the hold timer runs while a cell is held
     static constexpr uint32_t kMultiCellPaging = 0x4;
@@ -123,7 +135,7 @@ private:
     uint32_t m_flags = kPressAndHold | kMultiCellPaging;
     VyPointer<MainViewVideo> m_selected;
     VyPointer<MainViewVideo> m_rightClicked;
-    VideoToolBar* m_toolBar = nullptr; // child
+    VideoToolBar* m_toolBar = nullptr; // a child of the parent widget (or of this screen)
     // Press and hold.
     int m_holdTimer = 0;
     int m_holdTicks = 0;

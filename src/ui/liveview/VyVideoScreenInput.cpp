@@ -15,6 +15,8 @@
 #include "toolkit/style/VyStyle.h"
 #include "ui/UiLook.h"
 #include "ui/liveview/MainViewVideo.h"
+#include "ui/liveview/VideoLayout.h"
+#include "ui/liveview/VideoToolBar.h"
 
 #include <cstdlib>
 
@@ -128,11 +130,12 @@ void VyVideoScreen::cellReleased(int button, Video* cell, VyPoint) {
             showToolBar(mcell);
         return;
     }
+    // A fisheye view keeps the bar; otherwise it needs a known camera channel that has one.
     const ChannelState& s = mcell->channelState();
-    if (keepsToolBar(s))
-        showToolBar(mcell);
-    else if (!mcell->hasChannelInfo() || s.kind != ChannelStateNotice::kKindCamera ||
-             mcell->noToolBar())
+    const bool hide =
+        !keepsToolBar(s) && (!mcell->hasChannelInfo() ||
+                             s.kind != ChannelStateNotice::kKindCamera || mcell->noToolBar());
+    if (hide)
         hideToolBar();
     else
         showToolBar(mcell);
@@ -169,4 +172,42 @@ void VyVideoScreen::timerEvent(VyTimerEvent* e) {
     selectCell(held);
     toggleSingleView();
     m_holdEnlarged.reset(held);
+}
+
+bool VyVideoScreen::keyAction(uint32_t deviceKey) {
+    const auto& items = videoLayout()->items();
+    switch (deviceKey) {
+    case KeyPreviousPage:
+        previousPage();
+        return true;
+    case KeyNextPage:
+        nextPage();
+        return true;
+    case KeyPreviousCell:
+    case KeyNextCell: {
+        if (items.empty())
+            return false;
+        int at = 0;
+        for (size_t i = 0; i < items.size(); ++i)
+            if (items[i].cell == m_selected.data())
+                at = int(i);
+        const int n = int(items.size());
+        at = (at + (deviceKey == KeyNextCell ? 1 : n - 1)) % n;
+        selectCell(static_cast<MainViewVideo*>(items[size_t(at)].cell));
+        if (m_toolBar->isVisible())
+            showToolBar(m_selected.data());
+        return true;
+    }
+    case KeyEnlarge:
+        toggleSingleView();
+        return true;
+    case KeyToolBar:
+        if (m_toolBar->isVisible())
+            hideToolBar();
+        else
+            showToolBar(m_selected.data());
+        return true;
+    default:
+        return false;
+    }
 }

@@ -1,12 +1,12 @@
 #include "ui/playback/PlaybackSearchPanel.h"
 
+#include "protocol/RecordTypeBit.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyResources.h"
-#include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
-#include "toolkit/style/VyStyle.h"
+#include "toolkit/widgets/VyCalendarWidget.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
@@ -23,8 +23,7 @@ vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) 
 }
 
 constexpr int kPadDesign = 12;
-constexpr int kRowDesign = 34; // a day row and a channel row
-constexpr int kArrowDesign = 28;
+constexpr int kRowDesign = 34; // a channel or filter row
 
 } // namespace
 
@@ -35,55 +34,71 @@ PlaybackSearchPanel::PlaybackSearchPanel(int deviceChannels, VyWidget* parent)
     const VyString s = className() + "/";
     m_background = colourOr(ini, s + "Background", m_background);
     m_border = colourOr(ini, s + "Border", m_border);
-    m_title = colourOr(ini, s + "Title/Foreground", m_title);
-    m_text = colourOr(ini, s + "Text/Foreground", m_text);
-    m_checked = colourOr(ini, s + "Channel/Checked", m_checked);
-    const VyIniSettings calendar(VyResources::path("style/calendar.ini"));
-    m_marked = colourOr(calendar, "Calendar/Day/HasRecord", m_marked);
 
-    VyStyle* style = VyStyle::instance();
-    m_previousMonth = new VyPushButton(this);
-    m_previousMonth->setIcon(style->image("images/prev.png"));
-    connect(m_previousMonth, &m_previousMonth->clicked, this,
-            VY_SLOT(PlaybackSearchPanel, onPreviousMonth));
-    m_nextMonth = new VyPushButton(this);
-    m_nextMonth->setIcon(style->image("images/next.png"));
-    connect(m_nextMonth, &m_nextMonth->clicked, this, VY_SLOT(PlaybackSearchPanel, onNextMonth));
+    m_calendar = new VyCalendarWidget(this);
+    m_calendar->setToday(m_date);
+    m_calendar->setSelectedDate(m_date);
+    m_calendar->show();
+    connect(m_calendar, &m_calendar->chosen, this, VY_SLOT(PlaybackSearchPanel, onCalendarChosen));
+    connect(m_calendar, &m_calendar->monthChanged, this,
+            VY_SLOT(PlaybackSearchPanel, onMonthChanged));
     const int count = std::max(0, std::min(deviceChannels, kMaxChannels));
     for (int c = 0; c < count; ++c) {
         auto* box = new VyCheckBox(VyString::number(c + 1), this);
         box->setChecked(c < 4); // the first four, as a four-way split shows them
+        box->show();
         m_channels.push_back(box);
     }
-    m_search = new VyPushButton(this);
-    for (VyWidget* w : {static_cast<VyWidget*>(m_previousMonth),
-                        static_cast<VyWidget*>(m_nextMonth), static_cast<VyWidget*>(m_search)})
-        w->show();
-    for (VyCheckBox* box : m_channels)
+    for (VyCheckBox*& box : m_types) {
+        box = new VyCheckBox(this);
+        box->setChecked(true);
         box->show();
+        connect(box, &box->toggled, this, VY_SLOT(PlaybackSearchPanel, onTypeToggled));
+    }
+    m_search = new VyPushButton(this);
+    m_search->show();
+    connect(m_search, &m_search->clicked, this, VY_SLOT(PlaybackSearchPanel, onSearchClicked));
     retranslate();
     VyTranslation* tr = VyTranslation::instance();
     connect(tr, &tr->languageChanged, this, VY_SLOT(PlaybackSearchPanel, retranslate));
-    connect(m_search, &m_search->clicked, this, VY_SLOT(PlaybackSearchPanel, onSearchClicked));
+}
+
+void PlaybackSearchPanel::retranslate() {
+    m_search->setText(VyTranslation::tr(TextId::Playback::Search));
+    m_types[Continuous]->setText(VyTranslation::tr(TextId::Playback::Continuous));
+    m_types[Motion]->setText(VyTranslation::tr(TextId::Playback::Motion));
+    m_types[Alarm]->setText(VyTranslation::tr(TextId::Playback::Alarm));
+    m_types[Analytics]->setText(VyTranslation::tr(TextId::Playback::Analytics));
 }
 
 void PlaybackSearchPanel::setDate(const VyDate& date) {
     if (!date.isValid() || date == m_date)
         return;
     m_date = date;
-    update();
+    m_calendar->setSelectedDate(date);
+}
+
+VyDate PlaybackSearchPanel::shownMonth() const {
+    // The calendar counts Solar Hijri months in that mode; the search asks by the Gregorian
+    // month of the selected day then.
+    if (m_calendar->isPersian())
+        return VyDate(m_date.year(), m_date.month(), 1);
+    return VyDate(m_calendar->shownYear(), m_calendar->shownMonth(), 1);
 }
 
 void PlaybackSearchPanel::setMarkedDays(const VyDate& month, uint32_t days) {
-    m_markedMonth = month;
-    m_markedDays = days;
-    update();
+    std::vector<VyDate> marked;
+    if (month.isValid()) {
+        for (int d = 1; d <= month.daysInMonth() && d <= 32; ++d) {
+            if ((days >> (d - 1) & 1u) != 0)
+                marked.push_back(VyDate(month.year(), month.month(), d));
+        }
+    }
+    m_calendar->setMarkedDays(marked);
 }
 
 bool PlaybackSearchPanel::isMarked(int day) const {
-    return m_markedMonth.isValid() && m_markedMonth.year() == m_date.year() &&
-           m_markedMonth.month() == m_date.month() && day >= 1 && day <= 31 &&
-           (m_markedDays >> (day - 1) & 1u) != 0;
+    return m_calendar->isMarked(VyDate(m_date.year(), m_date.month(), day));
 }
 
 std::vector<int> PlaybackSearchPanel::checkedChannels() const {
@@ -100,37 +115,58 @@ void PlaybackSearchPanel::setChannelChecked(int channel, bool on) {
         m_channels[size_t(channel)]->setChecked(on);
 }
 
-VyRect PlaybackSearchPanel::gridRect() const {
-    const int pad = UiLook::scaledX(kPadDesign);
-    const int row = UiLook::scaledY(kRowDesign);
-    // Month title row, weekday gaps, then six weeks.
-    return VyRect(pad, pad + row, width() - 2 * pad, 6 * row);
+uint32_t PlaybackSearchPanel::typeGroupBits(int group) {
+    switch (group) {
+    case Continuous:
+        return RecordTypeBit::Continuous | RecordTypeBit::Manual;
+    case Motion:
+        return RecordTypeBit::Motion | RecordTypeBit::MotionAndAlarm;
+    case Alarm:
+        // The infra-red sensor is an alarm input of its own.
+        return RecordTypeBit::Alarm | RecordTypeBit::Pir | RecordTypeBit::MotionAndAlarm;
+    case Analytics:
+        return RecordTypeBit::AnalyticsMask | (7u << 14) | RecordTypeBit::Smart;
+    default:
+        return 0;
+    }
 }
 
-VyRect PlaybackSearchPanel::dayRect(int day) const {
-    const VyDate first(m_date.year(), m_date.month(), 1);
-    if (day < 1 || day > first.daysInMonth())
-        return VyRect();
-    const VyRect grid = gridRect();
-    const int cell = (first.dayOfWeek() - 1) + day - 1; // weeks start on Monday
-    const int w = grid.width() / 7, h = grid.height() / 6;
-    return VyRect(grid.left + cell % 7 * w, grid.top + cell / 7 * h, w, h);
+uint32_t PlaybackSearchPanel::typeFilter() const {
+    uint32_t mask = 0;
+    for (int g = 0; g < TypeGroupCount; ++g) {
+        if (m_types[g]->isChecked())
+            mask |= typeGroupBits(g);
+    }
+    return mask;
+}
+
+int PlaybackSearchPanel::calendarHeight() const {
+    return std::min(m_calendar->sizeHint().height, UiLook::scaledY(9 * 36));
+}
+
+int PlaybackSearchPanel::contentHeight() const {
+    const int pad = UiLook::scaledX(kPadDesign);
+    const int row = UiLook::scaledY(kRowDesign);
+    const int channelRows = int((m_channels.size() + 3) / 4);
+    return pad + calendarHeight() + pad + channelRows * row + pad + TypeGroupCount * row + pad +
+           row + 4 + pad;
 }
 
 void PlaybackSearchPanel::resizeEvent(VyResizeEvent*) {
     const int pad = UiLook::scaledX(kPadDesign);
     const int row = UiLook::scaledY(kRowDesign);
-    const int arrow = UiLook::scaledX(kArrowDesign);
-    m_previousMonth->setGeometry(pad, pad, arrow, row - 4);
-    m_nextMonth->setGeometry(width() - pad - arrow, pad, arrow, row - 4);
-    const VyRect grid = gridRect();
-    int y = grid.top + grid.height() + pad;
+    m_calendar->setGeometry(pad, pad, width() - 2 * pad, calendarHeight());
+    int y = pad + calendarHeight() + pad;
     const int columnWidth = (width() - 2 * pad) / 4;
     for (size_t c = 0; c < m_channels.size(); ++c) {
         m_channels[c]->setGeometry(pad + int(c % 4) * columnWidth, y + int(c / 4) * row,
                                    columnWidth, row);
     }
     y += int((m_channels.size() + 3) / 4) * row + pad;
+    // One a row: the names of the types are long in some languages.
+    for (int g = 0; g < TypeGroupCount; ++g)
+        m_types[g]->setGeometry(pad, y + g * row, width() - 2 * pad, row);
+    y += TypeGroupCount * row + pad;
     m_search->setGeometry(pad, y, width() - 2 * pad, row + 4);
 }
 
@@ -138,56 +174,21 @@ void PlaybackSearchPanel::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
     c->fillRect(rect(), m_background);
     c->drawRect(rect(), m_border);
-    const int font = UiLook::instance().fontPixelSize();
-    const int pad = UiLook::scaledX(kPadDesign);
-    const int row = UiLook::scaledY(kRowDesign);
-    c->drawText(VyRect(pad, pad, width() - 2 * pad, row - 4), VyCanvas::AlignCenter,
-                m_date.toString("yyyy/MM"), font, m_title);
-    const VyDate first(m_date.year(), m_date.month(), 1);
-    for (int day = 1; day <= first.daysInMonth(); ++day) {
-        const VyRect r = dayRect(day);
-        if (day == m_date.day())
-            c->fillRect(r, m_checked);
-        if (isMarked(day)) {
-            // A bar under the number: days with recordings.
-            const int h = std::max(2, r.height() / 10);
-            c->fillRect(VyRect(r.left + r.width() / 4, r.bottom - h - 1, r.width() / 2, h),
-                        m_marked);
-        }
-        c->drawText(r, VyCanvas::AlignCenter, VyString::number(day), font, m_text);
-    }
 }
 
-void PlaybackSearchPanel::mousePressEvent(VyMouseEvent* e) {
-    if (e->button() != VyMouseEvent::LeftButton) {
-        e->ignore();
-        return;
-    }
-    e->accept();
-    const VyDate first(m_date.year(), m_date.month(), 1);
-    for (int day = 1; day <= first.daysInMonth(); ++day) {
-        if (dayRect(day).contains(e->pos())) {
-            setDate(VyDate(m_date.year(), m_date.month(), day));
-            emitSignal(this, &dateChosen);
-            return;
-        }
-    }
+void PlaybackSearchPanel::onCalendarChosen() {
+    m_date = m_calendar->selectedDate();
+    emitSignal(this, &dateChosen);
 }
 
-void PlaybackSearchPanel::retranslate() {
-    m_search->setText(VyTranslation::tr(TextId::Playback::Search));
+void PlaybackSearchPanel::onMonthChanged() {
+    emitSignal(this, &monthShown);
 }
 
 void PlaybackSearchPanel::onSearchClicked() {
     emitSignal(this, &searchRequested);
 }
 
-void PlaybackSearchPanel::onPreviousMonth() {
-    setDate(VyDate(m_date.year(), m_date.month(), 1).addMonths(-1));
-    emitSignal(this, &dateChosen);
-}
-
-void PlaybackSearchPanel::onNextMonth() {
-    setDate(VyDate(m_date.year(), m_date.month(), 1).addMonths(1));
-    emitSignal(this, &dateChosen);
+void PlaybackSearchPanel::onTypeToggled() {
+    emitSignal(this, &typeFilterChanged);
 }

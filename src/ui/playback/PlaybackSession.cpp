@@ -4,6 +4,7 @@
 #include "model/RecDataManager.h"
 #include "model/RecordSearchReply.h"
 #include "protocol/MainType.h"
+#include "protocol/PicPlayCommand.h"
 #include "protocol/PlaybackControl.h"
 #include "protocol/SubType.h"
 #include "runtime/VyLog.h"
@@ -54,8 +55,20 @@ bool PlaybackSession::searchDay(const VyDate& day, const std::vector<int>& chann
     return true;
 }
 
+bool PlaybackSession::searchMotion(int channel, const VyDate& day,
+                                   const std::vector<uint8_t>& area) {
+    RecDataManager* m = model();
+    if (m == nullptr || !day.isValid() ||
+        !m->searchDayMotionInfo(channel, VyDateTime(day), VyDateTime(day.addDays(1)), area))
+        return false;
+    m_day = day;
+    m_asked = {channel};
+    m_results.clear();
+    return true;
+}
+
 bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& from,
-                           uint32_t layoutId) {
+                           uint32_t layoutId, const VyDateTime& to) {
     RecDataManager* m = model();
     if (m == nullptr || !from.isValid())
         return false;
@@ -75,9 +88,8 @@ bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& fro
         if (c.channel >= 0)
             m_channels.push_back(c.channel);
     }
-    // Playback runs to the end of the day it starts in.
     r.start = from;
-    r.end = VyDateTime(from.date().addDays(1));
+    r.end = to.isValid() && from < to ? to : VyDateTime(from.date().addDays(1));
     r.speed = 0;
     if (!m->play(r))
         return false;
@@ -87,6 +99,45 @@ bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& fro
     m_speed = 0;
     m_time = from;
     return true;
+}
+
+bool PlaybackSession::playPictures(const std::vector<Cell>& cells, const VyDate& day,
+                                   int outputWidth, int outputHeight) {
+    RecDataManager* m = model();
+    if (m == nullptr || !day.isValid() || cells.empty())
+        return false;
+    std::vector<RecPicWindow> windows;
+    std::vector<int> channels;
+    for (size_t i = 0; i < cells.size(); ++i) {
+        RecPicWindow w;
+        w.splitWnds = uint32_t(cells.size());
+        w.width = uint32_t(std::max(0, outputWidth));
+        w.height = uint32_t(std::max(0, outputHeight));
+        w.window = uint32_t(i);
+        w.x = uint32_t(std::max(0, cells[i].rect.left));
+        w.y = uint32_t(std::max(0, cells[i].rect.top));
+        w.cellWidth = uint32_t(std::max(0, cells[i].rect.width()));
+        w.cellHeight = uint32_t(std::max(0, cells[i].rect.height()));
+        w.time = RecDataManager::pack(VyDateTime(day));
+        w.channel = uint32_t(std::max(0, cells[i].channel));
+        if (cells[i].channel >= 0) {
+            windows.push_back(w);
+            channels.push_back(cells[i].channel);
+        }
+    }
+    if (windows.empty() || !m->recPic(windows) ||
+        !m->picPlay(PicPlayCommand::kPlay, VyDateTime(day), VyDateTime(day.addDays(1)), channels))
+        return false;
+    m_pictures = true;
+    return true;
+}
+
+bool PlaybackSession::stopPictures() {
+    RecDataManager* m = model();
+    if (m == nullptr || !m_pictures)
+        return false;
+    m_pictures = false;
+    return m->stop(RecDataManager::StopKind::Picture);
 }
 
 bool PlaybackSession::stop() {

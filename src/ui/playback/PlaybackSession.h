@@ -32,6 +32,9 @@ public:
     bool isDayMarked(const VyDate& day) const;
     // The segments of these channels on `day`; answers replace the results channel by channel.
     bool searchDay(const VyDate& day, const std::vector<int>& channels);
+    // The motion events of one channel's day inside the area (MotionSearchPanel::areaFlags);
+    // they replace the results like a day search of that channel alone.
+    bool searchMotion(int channel, const VyDate& day, const std::vector<uint8_t>& area);
     const VyDate& searchedDay() const { return m_day; }
     const std::vector<RecordChannel>& results() const { return m_results; }
 
@@ -40,7 +43,9 @@ public:
         int channel = -1;
         VyRect rect; // pixels of the output
     };
-    bool play(const std::vector<Cell>& cells, const VyDateTime& from, uint32_t layoutId = 0);
+    // Plays to `to`, or to the end of the day it starts in when `to` is invalid.
+    bool play(const std::vector<Cell>& cells, const VyDateTime& from, uint32_t layoutId = 0,
+              const VyDateTime& to = VyDateTime());
     bool stop();
     bool pause();
     bool resume();
@@ -49,6 +54,11 @@ public:
     bool jump(int seconds);
     bool seek(const VyDateTime& time);
     bool setAudio(int window, bool on);
+    // Picture playback of the cells: the pictures App took on `day`, one cell window each.
+    bool playPictures(const std::vector<Cell>& cells, const VyDate& day, int outputWidth,
+                      int outputHeight);
+    bool stopPictures();
+    bool isPlayingPictures() const { return m_pictures; }
     bool isPlaying() const { return m_playing; }
     bool isPaused() const { return m_paused; }
     int speed() const { return m_speed; }
@@ -88,6 +98,7 @@ private:
     std::vector<int> m_channels;
     std::vector<Cell> m_cells;
     bool m_playing = false;
+    bool m_pictures = false;
     bool m_paused = false;
     int m_speed = 0;
     VyDateTime m_time;

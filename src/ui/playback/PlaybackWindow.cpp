@@ -16,6 +16,9 @@
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
+#include "ui/playback/BackupToolBar.h"
+#include "ui/playback/MotionSearchPanel.h"
+#include "ui/playback/PlaybackDetailsPanel.h"
 #include "ui/playback/PlaybackScreen.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
@@ -32,6 +35,7 @@ constexpr int kPanelWidthDesign = 360;
 constexpr int kTimeBarHeightDesign = 230;
 constexpr int kControlBarDesign = 56;
 constexpr int kButtonDesign = 44;
+constexpr int kBackupBarDesign = 48;
 
 const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-play.png",
@@ -48,6 +52,8 @@ const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-snapshot.png",
     "images/playback-clip.png",
     "images/playback-backup.png",
+    "images/playback-motion.png",
+    "images/playback-pictures.png",
 };
 
 vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
@@ -77,22 +83,41 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     m_screen = new PlaybackScreen(this);
     m_timeBar = new RecordTimeBar(this);
     m_panel = new PlaybackSearchPanel(deviceChannels, this);
+    m_motion = new MotionSearchPanel(this);
+    m_details = new PlaybackDetailsPanel(this);
+    connect(m_details, &m_details->segmentChosen, this, VY_SLOT(PlaybackWindow, onSegmentChosen));
+    connect(m_timeBar, &m_timeBar->channelSelected, this, VY_SLOT(PlaybackWindow, onRowSelected));
+    connect(m_motion, &m_motion->searchRequested, this, VY_SLOT(PlaybackWindow, onMotionSearch));
     VyStyle* style = VyStyle::instance();
+    m_backupBar = new BackupToolBar(this);
+    connect(m_backupBar, &m_backupBar->cancelRequested, this,
+            VY_SLOT(PlaybackWindow, onCancelExport));
     for (int c = 0; c < ControlCount; ++c) {
-        m_controls[c] = new VyPushButton(this);
+        m_controls[c] = new VyPushButton(c == Backup ? static_cast<VyWidget*>(m_backupBar) : this);
         m_controls[c]->setIcon(style->image(kIcons[c]));
         connect(m_controls[c], &m_controls[c]->clicked, this,
                 VY_SLOT(PlaybackWindow, onControlClicked));
     }
     m_controls[Clip]->setCheckable(true);
+    m_controls[MotionSearch]->setCheckable(true);
+    m_controls[PicturePlay]->setCheckable(true);
+    for (VyPushButton*& zoom : m_zoom) {
+        zoom = new VyPushButton(this);
+        zoom->setCheckable(true);
+        zoom->show();
+        connect(zoom, &zoom->clicked, this, VY_SLOT(PlaybackWindow, onZoomClicked));
+    }
+    m_zoom[0]->setChecked(true);
+    m_timeBar->setSpanSource([this] { return zoomSpan(); });
+    connect(m_timeBar, &m_timeBar->spanChanged, this, VY_SLOT(PlaybackWindow, onWheelZoomed));
+    connect(m_panel, &m_panel->typeFilterChanged, this,
+            VY_SLOT(PlaybackWindow, onTypeFilterChanged));
     m_speed = new VyLabel(speedText(0), this);
-    m_status = new VyLabel(this);
-    m_exportBar = new VyProgressBar(this);
-    m_exportBar->hide();
-    m_cancel = new VyPushButton(this);
-    m_cancel->setText(VyTranslation::tr(TextId::Playback::CancelExport));
-    m_cancel->hide();
-    connect(m_cancel, &m_cancel->clicked, this, VY_SLOT(PlaybackWindow, onCancelExport));
+    m_backupBar->setBackupButton(m_controls[Backup]);
+    retranslate();
+    VyTranslation* tr = VyTranslation::instance();
+    connect(tr, &tr->languageChanged, this, VY_SLOT(PlaybackWindow, retranslate));
+    connect(m_timeBar, &m_timeBar->clipChanged, this, VY_SLOT(PlaybackWindow, onClipChanged));
 
     connect(m_timeBar, &m_timeBar->positionChosen, this, VY_SLOT(PlaybackWindow, onPositionChosen));
     connect(m_timeBar, &m_timeBar->playRequested, this, VY_SLOT(PlaybackWindow, onPositionChosen));
@@ -100,14 +125,14 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     connect(m_session, &m_session->monthSearched, this, VY_SLOT(PlaybackWindow, onMonthSearched));
     connect(m_session, &m_session->progressed, this, VY_SLOT(PlaybackWindow, onProgressed));
     connect(m_session, &m_session->exportChanged, this, VY_SLOT(PlaybackWindow, onExportChanged));
-    connect(m_panel, &m_panel->dateChosen, this, VY_SLOT(PlaybackWindow, onDateChosen));
+    connect(m_panel, &m_panel->dateChosen, this, VY_SLOT(PlaybackWindow, search));
+    connect(m_panel, &m_panel->monthShown, this, VY_SLOT(PlaybackWindow, onMonthShown));
     connect(m_panel, &m_panel->searchRequested, this, VY_SLOT(PlaybackWindow, search));
     connect(m_screen, &m_screen->cellSelected, this, VY_SLOT(PlaybackWindow, onCellSelected));
     m_timeBar->setDateRange(m_panel->date());
     m_screen->setChannels(m_panel->checkedChannels());
     for (VyWidget* w : {static_cast<VyWidget*>(m_screen), static_cast<VyWidget*>(m_timeBar),
-                        static_cast<VyWidget*>(m_panel), static_cast<VyWidget*>(m_speed),
-                        static_cast<VyWidget*>(m_status)})
+                        static_cast<VyWidget*>(m_panel), static_cast<VyWidget*>(m_speed)})
         w->show();
     for (VyPushButton* b : m_controls)
         b->show();
@@ -142,7 +167,7 @@ void PlaybackWindow::instantPlayback(int channel, const VyDateTime& now) {
         m_panel->setChannelChecked(c, c == channel);
     m_panel->setDate(from.date());
     search();
-    playFrom(from);
+    playFrom(from, now);
 }
 
 void PlaybackWindow::search() {
@@ -154,7 +179,7 @@ void PlaybackWindow::search() {
     m_session->searchMonth(m_panel->date(), channels);
 }
 
-void PlaybackWindow::playFrom(const VyDateTime& time) {
+std::vector<PlaybackSession::Cell> PlaybackWindow::cellsOnScreen() const {
     std::vector<PlaybackSession::Cell> cells;
     const std::vector<int>& channels = m_screen->channels();
     const std::vector<VyRect> rects = m_screen->cellRects();
@@ -165,7 +190,14 @@ void PlaybackWindow::playFrom(const VyDateTime& time) {
         cell.rect = VyRect(at.x, at.y, rects[i].width(), rects[i].height());
         cells.push_back(cell);
     }
-    if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size())))))
+    return cells;
+}
+
+void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
+    const std::vector<PlaybackSession::Cell> cells = cellsOnScreen();
+    const std::vector<int>& channels = m_screen->channels();
+    if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size()))),
+                        to))
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-pause.png"));
     updateSpeedText();
 }
@@ -259,6 +291,36 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
     }
     case Clip:
         m_timeBar->setClipMode(m_controls[Clip]->isChecked());
+        onClipChanged();
+        layoutChildren();
+        break;
+    case MotionSearch: {
+        const int cell = m_screen->selectedCell();
+        const auto& channels = m_screen->channels();
+        if (m_controls[MotionSearch]->isChecked() && cell >= 0 && cell < int(channels.size())) {
+            const auto rects = m_screen->cellRects();
+            const VyPoint at =
+                m_screen->mapToGlobal(VyPoint(rects[size_t(cell)].left, rects[size_t(cell)].top));
+            VyApplication* app = VyApplication::instance();
+            m_motion->setChannel(channels[size_t(cell)]);
+            m_motion->setPicture(PlaybackSnapshot::grab(
+                app ? app->screen() : nullptr,
+                VyRect(at.x, at.y, rects[size_t(cell)].width(), rects[size_t(cell)].height())));
+        } else {
+            m_controls[MotionSearch]->setChecked(false);
+        }
+        layoutChildren();
+        break;
+    }
+    case PicturePlay:
+        if (m_controls[PicturePlay]->isChecked()) {
+            if (m_session->isPlaying())
+                m_session->stop();
+            if (!m_session->playPictures(cellsOnScreen(), m_panel->date(), width(), height()))
+                m_controls[PicturePlay]->setChecked(false);
+        } else {
+            m_session->stopPictures();
+        }
         break;
     case Backup: {
         const VyDateTime from = m_timeBar->clipStart(), to = m_timeBar->clipEnd();
@@ -300,8 +362,10 @@ void PlaybackWindow::updateSpeedText() {
 
 void PlaybackWindow::onPositionChosen() {
     // In clip mode a press marks the clip; it does not move the playback.
-    if (m_timeBar->clipMode())
+    if (m_timeBar->clipMode()) {
+        onClipChanged();
         return;
+    }
     if (m_session->isPlaying())
         m_session->seek(m_timeBar->cursorTime());
     else
@@ -309,7 +373,29 @@ void PlaybackWindow::onPositionChosen() {
 }
 
 void PlaybackWindow::onDaySearched() {
+    const int row = std::max(0, m_timeBar->selectedRow());
     m_timeBar->setChannels(m_session->results());
+    if (row < int(m_session->results().size()))
+        m_timeBar->selectChannel(m_session->results()[size_t(row)].channel);
+    onRowSelected();
+}
+
+void PlaybackWindow::onRowSelected() {
+    const int row = m_timeBar->selectedRow();
+    const auto& channels = m_timeBar->channels();
+    m_details->setChannel(row >= 0 && row < int(channels.size()) ? channels[size_t(row)]
+                                                                 : RecordChannel());
+}
+
+void PlaybackWindow::onSegmentChosen() {
+    const RecordSegment* s = m_details->selectedSegment();
+    if (s == nullptr)
+        return;
+    m_timeBar->setCursorTime(s->start);
+    if (m_session->isPlaying())
+        m_session->seek(s->start);
+    else
+        playFrom(s->start);
 }
 
 void PlaybackWindow::onMonthSearched() {
@@ -324,34 +410,75 @@ void PlaybackWindow::onProgressed() {
 void PlaybackWindow::onExportChanged() {
     switch (m_session->exportState()) {
     case PlaybackSession::ExportState::Running:
-        m_exportBar->show();
-        m_cancel->show();
-        m_exportBar->setValue(m_session->exportPercent());
-        m_status->setText(
-            VyTranslation::tr(TextId::Playback::Exporting).arg(m_session->exportPercent()));
+        showStatus(TextId::Playback::Exporting, m_session->exportPercent());
         break;
     case PlaybackSession::ExportState::Done:
-        m_exportBar->hide();
-        m_cancel->hide();
-        m_status->setText(VyTranslation::tr(TextId::Playback::Exported));
+        showStatus(TextId::Playback::Exported);
         break;
     case PlaybackSession::ExportState::Failed: {
-        m_exportBar->hide();
-        m_cancel->hide();
         const uint32_t why = m_session->exportFailure();
-        m_status->setText(VyTranslation::tr(
-            why == PlaybackStatus::kNoDevice  ? TextId::Playback::NoUsbDevice
-            : why == PlaybackStatus::kNoSpace ? TextId::Playback::UsbFull
-                                              : TextId::Playback::ExportCancelled));
+        showStatus(why == PlaybackStatus::kNoDevice  ? TextId::Playback::NoUsbDevice
+                   : why == PlaybackStatus::kNoSpace ? TextId::Playback::UsbFull
+                                                     : TextId::Playback::ExportCancelled);
         break;
     }
     case PlaybackSession::ExportState::Idle:
         break;
     }
+    layoutChildren();
 }
 
-void PlaybackWindow::onDateChosen() {
-    m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
+void PlaybackWindow::onClipChanged() {
+    m_backupBar->setClip(m_timeBar->clipStart(), m_timeBar->clipEnd());
+}
+
+void PlaybackWindow::onMonthShown() {
+    m_session->searchMonth(m_panel->shownMonth(), m_panel->checkedChannels());
+}
+
+void PlaybackWindow::showStatus(uint32_t textId, int percent) {
+    m_statusId = textId;
+    m_statusPercent = percent;
+    const VyString text = VyTranslation::tr(textId);
+    const bool running = m_session->exportState() == PlaybackSession::ExportState::Running;
+    m_backupBar->setExport(running, std::max(0, m_session->exportPercent()),
+                           percent >= 0 ? text.arg(percent) : text);
+}
+
+void PlaybackWindow::retranslate() {
+    if (m_statusId != 0)
+        showStatus(m_statusId, m_statusPercent);
+    m_zoom[0]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(24));
+    m_zoom[1]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(2));
+    m_zoom[2]->setText(VyTranslation::tr(TextId::Playback::HoursSpan).arg(1));
+    m_zoom[3]->setText(VyTranslation::tr(TextId::Playback::MinutesSpan).arg(30));
+}
+
+uint32_t PlaybackWindow::zoomSpan() const {
+    for (int i = 3; i >= 0; --i) {
+        if (m_zoom[i]->isChecked())
+            return RecordTimeBar::kSpans[i];
+    }
+    return 0;
+}
+
+void PlaybackWindow::onZoomClicked() {
+    const uint32_t span = zoomSpan();
+    if (span != 0)
+        m_timeBar->setSpan(span);
+}
+
+void PlaybackWindow::onWheelZoomed() {
+    for (int i = 0; i < 4; ++i)
+        m_zoom[i]->setChecked(RecordTimeBar::kSpans[i] == m_timeBar->span());
+}
+
+void PlaybackWindow::onTypeFilterChanged() {
+    m_timeBar->setTypeFilter(m_panel->typeFilter());
+}
+
+void PlaybackWindow::onMotionSearch() {
+    m_session->searchMotion(m_motion->channel(), m_panel->date(), m_motion->areaFlags());
 }
 
 void PlaybackWindow::onCancelExport() {
@@ -385,26 +512,38 @@ void PlaybackWindow::layoutChildren() {
     const int videoWidth = width() - panel;
     const int videoHeight = std::max(0, height() - bar - controls);
     m_screen->setGeometry(0, 0, videoWidth, videoHeight);
-    m_panel->setGeometry(videoWidth, 0, panel, height());
-    m_panel->setVisible(!m_fullScreen);
-    m_timeBar->setGeometry(0, height() - bar, videoWidth, bar);
+    const bool motion = m_controls[MotionSearch]->isChecked();
+    m_panel->setVisible(!m_fullScreen && !motion);
+    m_motion->setGeometry(videoWidth, 0, panel, panel * 9 / 16 + UiLook::scaledY(80));
+    m_motion->setVisible(!m_fullScreen && motion);
+    const int top = motion ? m_motion->height() : std::min(height(), m_panel->contentHeight());
+    m_panel->setGeometry(videoWidth, 0, panel, top);
+    m_details->setGeometry(videoWidth, top, panel, std::max(0, height() - top));
+    m_details->setVisible(!m_fullScreen);
+    // The backup tool bar takes the top of the time bar's place in clip mode and while an
+    // export runs.
+    const bool backup =
+        !m_fullScreen && (m_timeBar->clipMode() ||
+                          m_session->exportState() == PlaybackSession::ExportState::Running);
+    const int strip = backup ? UiLook::scaledY(kBackupBarDesign) : 0;
+    m_backupBar->setGeometry(0, height() - bar, videoWidth, strip);
+    m_backupBar->setVisible(backup);
+    m_timeBar->setGeometry(0, height() - bar + strip, videoWidth, bar - strip);
     m_timeBar->setVisible(!m_fullScreen);
     const int button = UiLook::scaledY(kButtonDesign);
     const int gap = UiLook::scaledX(6);
     const int y = videoHeight + (controls - button) / 2;
     int x = gap;
     for (int c = 0; c < ControlCount; ++c) {
+        if (c == Backup) // on the backup tool bar
+            continue;
         m_controls[c]->setGeometry(x, y, button, button);
         x += button + gap;
     }
     m_speed->setGeometry(x, y, UiLook::scaledX(70), button);
-    x += UiLook::scaledX(70) + gap;
-    const int progress = UiLook::scaledX(220);
-    m_status->setGeometry(x, y, std::max(0, videoWidth - x - progress - button * 3 - gap * 3),
-                          button);
-    m_exportBar->setGeometry(videoWidth - progress - button * 3 - gap * 2, y + button / 4, progress,
-                             button / 2);
-    m_cancel->setGeometry(videoWidth - button * 3 - gap, y, button * 3, button);
+    const int zoomWidth = UiLook::scaledX(130);
+    for (int i = 0; i < 4; ++i)
+        m_zoom[i]->setGeometry(videoWidth - (4 - i) * (zoomWidth + gap), y, zoomWidth, button);
 }
 
 void PlaybackWindow::paintEvent(VyPaintEvent*) {
@@ -413,4 +552,16 @@ void PlaybackWindow::paintEvent(VyPaintEvent*) {
     const VyRect bar(0, m_screen->height(), m_screen->width(), UiLook::scaledY(kControlBarDesign));
     c->fillRect(bar, m_controlBar);
     c->drawLine(bar.left, bar.top, bar.right, bar.top, m_controlBorder);
+}
+
+VyProgressBar* PlaybackWindow::exportProgress() const {
+    return m_backupBar->progress();
+}
+
+VyPushButton* PlaybackWindow::cancelButton() const {
+    return m_backupBar->cancelButton();
+}
+
+VyLabel* PlaybackWindow::statusLabel() const {
+    return m_backupBar->statusLabel();
 }

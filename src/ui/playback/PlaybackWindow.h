@@ -8,12 +8,15 @@
 //     w->instantPlayback(channel, t); // the live view's "last five minutes"
 #include "runtime/VyDateTime.h"
 #include "toolkit/core/VyWidget.h"
+#include "ui/playback/PlaybackSession.h"
 
 #include <vector>
 
+class BackupToolBar;
+class MotionSearchPanel;
+class PlaybackDetailsPanel;
 class PlaybackScreen;
 class PlaybackSearchPanel;
-class PlaybackSession;
 class RecordTimeBar;
 class VyLabel;
 class VyProgressBar;
@@ -40,6 +43,8 @@ public:
         Snapshot,
         Clip,
         Backup,
+        MotionSearch,
+        PicturePlay,
         ControlCount
     };
 
@@ -60,10 +65,17 @@ public:
     RecordTimeBar* timeBar() const { return m_timeBar; }
     PlaybackScreen* screen() const { return m_screen; }
     PlaybackSearchPanel* searchPanel() const { return m_panel; }
+    MotionSearchPanel* motionPanel() const { return m_motion; }
+    PlaybackDetailsPanel* detailsPanel() const { return m_details; }
     VyPushButton* control(Control c) const { return m_controls[c]; }
-    VyProgressBar* exportProgress() const { return m_exportBar; }
-    VyPushButton* cancelButton() const { return m_cancel; }
-    VyLabel* statusLabel() const { return m_status; }
+    // The four zoom buttons, widest first (RecordTimeBar::kSpans); several may be checked.
+    VyPushButton* zoomButton(int index) const { return m_zoom[index]; }
+    // The shortest span among the checked zoom buttons; 0 when none is checked.
+    uint32_t zoomSpan() const;
+    BackupToolBar* backupBar() const { return m_backupBar; }
+    VyProgressBar* exportProgress() const;
+    VyPushButton* cancelButton() const;
+    VyLabel* statusLabel() const;
     bool isFullScreenVideo() const { return m_fullScreen; }
 
     void search();
@@ -86,22 +98,37 @@ private:
     void onMonthSearched();
     void onProgressed();
     void onExportChanged();
-    void onDateChosen();
+    void onMonthShown();
     void onCancelExport();
     void onCellSelected();
+    void onClipChanged();
+    void onMotionSearch();
+    void onZoomClicked();
+    void onWheelZoomed();
+    void onTypeFilterChanged();
+    void retranslate();
+    // The status line in the current language, kept so that a language change redraws it.
+    void showStatus(uint32_t textId, int percent = -1);
+    void onRowSelected();
+    void onSegmentChosen();
     void changeDay(int days);
-    void playFrom(const VyDateTime& time);
+    void playFrom(const VyDateTime& time, const VyDateTime& to = VyDateTime());
+    // The split's cells with their channels, in output pixels.
+    std::vector<PlaybackSession::Cell> cellsOnScreen() const;
     void updateSpeedText();
 
     PlaybackSession* m_session = nullptr;
     PlaybackScreen* m_screen = nullptr;
     RecordTimeBar* m_timeBar = nullptr;
     PlaybackSearchPanel* m_panel = nullptr;
+    MotionSearchPanel* m_motion = nullptr; // shown instead of the search panel
+    PlaybackDetailsPanel* m_details = nullptr;
     VyPushButton* m_controls[ControlCount] = {};
+    VyPushButton* m_zoom[4] = {};
     VyLabel* m_speed = nullptr;
-    VyLabel* m_status = nullptr;
-    VyProgressBar* m_exportBar = nullptr;
-    VyPushButton* m_cancel = nullptr;
+    BackupToolBar* m_backupBar = nullptr; // holds the backup button, progress and status
+    uint32_t m_statusId = 0;              // 0: no status shown
+    int m_statusPercent = -1;
     std::vector<bool> m_audio; // per cell
     bool m_fullScreen = false;
     VyString m_snapshotDirectory = "/tmp";

@@ -1,6 +1,7 @@
 #include "ui/settings/SettingsWindow.h"
 
 #include "model/DeviceProfile.h"
+#include "model/UserAccess.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
@@ -101,6 +102,11 @@ void SettingsWindow::tileClicked(VyObject* sender) {
 }
 
 bool SettingsWindow::openCategory(int category) {
+    static_assert(SettingsManager::CategoryCount == UserRights::kSettingsCategories,
+                  "a rights bit per settings category");
+    if (UserAccess* users = UserAccess::instance();
+        users != nullptr && !users->ensure(UserRights::settingsBit(category)))
+        return false;
     const auto entries = SettingsManager::pagesOf(category, DeviceProfile::current());
     if (entries.empty()) {
         VY_GUI_LOG("settings category %d is not offered on this model\n", category);

@@ -25,6 +25,10 @@ public:
             loop->quit();
     }
     void quitApp() { VyApplication::instance()->quit(); }
+    void runNested() {
+        loop->exec();
+        nestedReturned = true;
+    }
     void quitLoop() { loop->quit(); }
 
     EventLoop* loop = nullptr;
@@ -32,6 +36,7 @@ public:
     int timeouts = 0;
     int wantedTimeouts = 3;
     int nestedExecResult = -2;
+    bool nestedReturned = false;
 };
 
 } // namespace
@@ -45,6 +50,19 @@ TEST_F(EventLoops, ExecRefusesToNestAndQuitEndsIt) {
     EXPECT_EQ(app()->exec(), 0);
     EXPECT_EQ(driver.nestedExecResult, 1);
     EXPECT_FALSE(app()->isRunning());
+}
+
+TEST_F(EventLoops, QuitEndsTheNestedLoopRunningInsideTheMainLoop) {
+    // A dialog waiting for its answer when the process is told to stop.
+    EventLoop nested;
+    LoopDriver driver;
+    driver.loop = &nested;
+    VySingleShotTimer::singleShot(0, &driver, VY_SLOT(LoopDriver, runNested));
+    VySingleShotTimer::singleShot(1, &driver, VY_SLOT(LoopDriver, quitApp));
+    EXPECT_EQ(app()->exec(), 0);
+    EXPECT_TRUE(driver.nestedReturned);
+    // Until the main loop starts again, a nested loop leaves at once.
+    EXPECT_TRUE(app()->isQuitting());
 }
 
 TEST_F(EventLoops, NestedLoopDispatchesPostedEventsAndTimers) {

@@ -90,6 +90,16 @@ TEST(CanvasPixelRules, FastRowKernelsMatchTheOnePixelReferenceBitForBit) {
         VyPixelOps::blendColorRowReference(b.data(), n, colour);
         ASSERT_EQ(a, b) << "colour " << std::hex << colour;
 
+        // Glyph coverage: empty, full and partial pixels against one blend per pixel.
+        std::vector<uint8_t> coverage(n);
+        for (int i = 0; i < n; ++i)
+            coverage[i] = i % 3 == 0 ? 0 : i % 3 == 1 ? 255 : static_cast<uint8_t>(rng());
+        VyPixelOps::blendCoverageRow(a.data(), coverage.data(), n, colour);
+        for (int i = 0; i < n; ++i)
+            b[i] = VyPixelOps::blendPixel(b[i], (((colour >> 24) * coverage[i] / 255) << 24) |
+                                                    (colour & 0xffffff));
+        ASSERT_EQ(a, b) << "coverage, colour " << std::hex << colour;
+
         // Bitmap rows with runs of transparent, opaque and partial pixels.
         std::vector<uint8_t> rgba(4 * n);
         for (int i = 0; i < n; ++i) {

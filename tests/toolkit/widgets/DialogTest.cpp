@@ -110,3 +110,10 @@ TEST_F(Dialogs, InputDialogReturnsTheTypedTextOnlyWhenAccepted) {
     queueClick(centreOf(dialog.cancelButton()));
     EXPECT_EQ(dialog.exec(), VyDialog::Rejected);
 }
+
+TEST_F(Dialogs, ADialogDeletedInsideItsOwnLoopEndsItRejected) {
+    auto* box = new VyMessageBox(VyMessageBox::Warning, "Disk full", VyMessageBox::Ok);
+    box->deleteLater(); // delivered by the nested loop
+    EXPECT_EQ(box->exec(), VyDialog::Rejected);
+    EXPECT_EQ(app()->activeModalWidget(), nullptr);
+}

@@ -17,6 +17,7 @@
 #include "toolkit/widgets/VyTableWidget.h"
 #include "toolkit/widgets/VyTableWidgetHHeader.h"
 #include "toolkit/widgets/VyTimeEdit.h"
+#include "toolkit/widgets/WndTimeoutManager.h"
 
 using ItemViewEdges = ControlTest;
 
@@ -227,4 +228,33 @@ TEST_F(ItemViewEdges, ComboPopupOpensAboveAFieldAtTheBottomAndSurvivesClear) {
     app()->processPostedEvents();
     combo->addItem("x");
     EXPECT_EQ(combo->currentIndex(), 0);
+}
+
+TEST_F(ItemViewEdges, TheWindowTimeoutManagerCancelsOpenDropDowns) {
+    Backdrop window;
+    window.setGeometry(0, 0, 640, 480);
+    window.show();
+    auto* combo = new VyComboBox(&window);
+    combo->setGeometry(10, 10, 200, 36);
+    combo->show();
+    combo->addItems(VyStringList() << "PAL"
+                                   << "NTSC");
+    auto* date = new VyDateEdit(&window);
+    date->setGeometry(10, 100, 200, 36);
+    date->show();
+    date->setDate(VyDate(2026, 1, 1));
+    WndTimeoutManager timeouts;
+    timeouts.setEnabled(true);
+    combo->showPopup();
+    key(combo->popup(), VyKeyEvent::KeyDown);
+    timeouts.onIdleTimeout();
+    EXPECT_FALSE(combo->isPopupVisible());
+    EXPECT_EQ(combo->currentIndex(), 0); // nothing chosen
+    date->showCalendar();
+    key(date->calendar(), VyKeyEvent::KeyRight);
+    timeouts.onIdleTimeout();
+    EXPECT_EQ(date->calendar(), nullptr);
+    EXPECT_EQ(date->date(), VyDate(2026, 1, 1));
+    app()->processPostedEvents();
+    EXPECT_EQ(app()->activeModalWidget(), nullptr);
 }

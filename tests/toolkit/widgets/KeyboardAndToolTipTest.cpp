@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "protocol/UiEventType.h"
+#include "runtime/VyResources.h"
 #include "toolkit/events/VyEvent.h"
 #include "toolkit/widgets/VyKeyboard.h"
 #include "toolkit/widgets/VyLineEdit.h"
@@ -221,4 +222,40 @@ TEST_F(ToolTip, KeptOnTheScreenAndForgetsDestroyedWidgets) {
     advance(VyToolTip::kShowDelayMs);
     EXPECT_FALSE(tip.isVisible());
     EXPECT_EQ(tip.currentWidget(), nullptr);
+}
+
+TEST_F(Keyboard, ChineseWithoutAnInputMethodOffersTheTableInPagesPickedByNumber) {
+    const VyString oldRoot = VyResources::root();
+    VyResources::setRoot(VY_RESOURCES_DIR); // the table is read on first use, from here
+    EditWindow w;
+    w.edit->openKeyboard();
+    VyKeyboard* kb = w.edit->keyboard();
+    kb->setScript(VyKeyboard::Chinese);
+    kb->activate(kb->indexOf(VyKeyboard::Character, "s"));
+    kb->activate(kb->indexOf(VyKeyboard::Character, "h"));
+    kb->activate(kb->indexOf(VyKeyboard::Character, "i"));
+    const VyStringList offered = kb->candidates();
+    ASSERT_GT(offered.size(), 12);
+    EXPECT_EQ(offered.at(0), "\xE6\x98\xAF"); // 是
+    EXPECT_EQ(kb->indexOf(VyKeyboard::PreviousPage), -1);
+    int shown = 0;
+    for (const VyKeyboard::Key& k : kb->keys())
+        shown += k.kind == VyKeyboard::Candidate;
+    EXPECT_EQ(shown, 6);
+
+    kb->activate(kb->indexOf(VyKeyboard::NextPage));
+    kb->activate(kb->indexOf(VyKeyboard::NextPage));
+    kb->activate(kb->indexOf(VyKeyboard::PreviousPage));
+    EXPECT_EQ(kb->candidatePage(), 1);
+    EXPECT_EQ(kb->keys()[kb->indexOf(VyKeyboard::Candidate)].text, offered.at(6));
+    // The remote's digit 2 and the keyboard's own "3" key pick from the page shown.
+    VyKeyEvent two(VyEvent::KeyPress, VyKeyEvent::KeyDigit0 + 2, "2");
+    VyApplication::sendEvent(kb, &two);
+    EXPECT_EQ(w.edit->text(), offered.at(7));
+    EXPECT_TRUE(kb->pinyin().isEmpty());
+    EXPECT_TRUE(kb->candidates().isEmpty());
+    // With no pinyin pending, digits type themselves.
+    kb->activate(kb->indexOf(VyKeyboard::Character, "3"));
+    EXPECT_EQ(w.edit->text(), offered.at(7) + "3");
+    VyResources::setRoot(oldRoot);
 }

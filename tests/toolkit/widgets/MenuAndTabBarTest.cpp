@@ -147,3 +147,23 @@ TEST_F(TabBar, LeftAndRightMoveTabsAndLeaveTheEndsToTheKeyNavigation) {
     EXPECT_EQ(tabs->count(), 5);
     EXPECT_GE(tabs->currentIndex(), 0);
 }
+
+TEST_F(Menu, AMenuWithNothingToChooseIgnoresTheKeysAndStaysOpenUntilEscape) {
+    VyMenu menu;
+    EXPECT_FALSE(menu.isOpen());
+    menu.popup(VyPoint(10, 10)); // empty: not opened
+    EXPECT_FALSE(menu.isOpen());
+    menu.addAction("Format", 1);
+    menu.addSeparator();
+    menu.addAction("Upgrade", 2);
+    menu.setItemEnabled(0, false);
+    menu.setItemEnabled(2, false);
+    menu.popup(VyPoint(10, 10));
+    for (int k : {VyKeyEvent::KeyDown, VyKeyEvent::KeyUp, VyKeyEvent::KeyRight, VyKeyEvent::KeyOk})
+        EXPECT_TRUE(key(&menu, k)); // an open menu keeps every key
+    EXPECT_EQ(menu.highlighted(), -1);
+    EXPECT_TRUE(menu.isOpen());
+    EXPECT_EQ(menu.triggeredId(), -1);
+    key(&menu, VyKeyEvent::KeyEscape);
+    EXPECT_FALSE(menu.isOpen());
+}

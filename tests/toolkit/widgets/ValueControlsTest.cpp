@@ -1,5 +1,8 @@
 #include "ControlTestApp.h"
 
+#include <climits>
+
+#include "toolkit/widgets/VyBoundedValue.h"
 #include "toolkit/widgets/VyProgressBar.h"
 #include "toolkit/widgets/VyScrollBar.h"
 #include "toolkit/widgets/VySlider.h"
@@ -193,4 +196,25 @@ TEST(ProgressBar, ValuesAreClampedAndThePercentageIsRoundedDown) {
     bar.setRange(-2147483647 - 1, 2147483647); // a span that overflows int
     bar.setValue(0);
     EXPECT_EQ(bar.percent(), 50);
+}
+
+TEST(BoundedValue, SwapsTheRangeClampsAndSaturatesAtTheIntLimits) {
+    VyBoundedValue v(10, -10);
+    EXPECT_EQ(v.minimum(), -10);
+    EXPECT_EQ(v.value(), -10);
+    EXPECT_TRUE(v.setValue(25));
+    EXPECT_EQ(v.value(), 10);
+    EXPECT_FALSE(v.setValue(99)); // clamps to where it is
+    EXPECT_FALSE(v.setRange(-10, 10));
+    EXPECT_TRUE(v.setRange(5, 0)); // swapped, value clamped down
+    EXPECT_EQ(v.value(), 5);
+    EXPECT_EQ(v.percent(), 100);
+    v.setRange(INT_MIN, INT_MAX);
+    v.setValue(INT_MAX);
+    EXPECT_EQ(v.offset(INT_MAX), INT_MAX);
+    v.setValue(INT_MIN);
+    EXPECT_EQ(v.offset(-1), INT_MIN);
+    EXPECT_EQ(v.percent(), 0);
+    v.setRange(3, 3);
+    EXPECT_EQ(v.percent(), 0); // an empty range
 }

@@ -35,7 +35,9 @@ public:
     void request(uint16_t mainType, uint16_t subType, const void*, uint32_t,
                  std::vector<uint8_t>& reply) override {
         sent.push_back({mainType, subType, {}});
-        reply = rosterReply;
+        reply.clear();
+        if (mainType == 1000 && subType == 298)
+            reply = rosterReply;
     }
     void setWaiterMode(bool) override {}
     void setEventReceiver(VyObject*) override {}

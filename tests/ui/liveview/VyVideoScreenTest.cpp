@@ -2,10 +2,15 @@
 // by pointer, drag and drop, the preview record and the sequence on the test's clock.
 #include "LiveViewTestApp.h"
 
+#include "ipc/IpcMsgBlock.h"
 #include "protocol/ChannelStateNotice.h"
+#include "protocol/DeviceState.h"
 #include "protocol/MainType.h"
 #include "protocol/PreviewRecord.h"
 #include "protocol/SubType.h"
+#include "toolkit/events/CEvent.h"
+#include "ui/liveview/ImageButton.h"
+#include "ui/liveview/MainViewTaskBar.h"
 #include "ui/liveview/MainViewVideo.h"
 #include "ui/liveview/VideoLayout.h"
 #include "ui/liveview/VideoToolBar.h"
@@ -224,4 +229,39 @@ TEST_F(VyVideoScreenTest, ChannelStateReachesTheCellAndOutOfRangeIsIgnored) {
     EXPECT_FALSE(manager->applyChannelState(body, sizeof body));
     EXPECT_FALSE(manager->applyChannelState(body, 10));
     EXPECT_EQ(screen()->cellOfChannel(0)->labelText(), "Channel 1[01]");
+}
+
+TEST_F(VyVideoScreenTest, DeviceStateShowsTheUsbStickOnTheTaskBar) {
+    open(4);
+    IpcMsgHeader h{};
+    h.MainType = MainType::System;
+    h.SubType = SystemSubType::DeviceState;
+    h.msgValue = DeviceState::kUsbStick;
+    auto event = std::make_unique<CEvent>(UiEventType::ChannelState);
+    event->setData(VyEventData(ipcAllocBlock(h).release()));
+    VyApplication::postEvent(manager.get(), std::move(event));
+    settle();
+    ImageButton* stick = window->taskBar()->button(MainViewTaskBar::UsbStick);
+    EXPECT_TRUE(stick->isVisible());
+    EXPECT_TRUE(window->taskBar()->rect().contains(stick->geometry()));
+    EXPECT_FALSE(window->taskBar()->button(MainViewTaskBar::Alarm)->isVisible());
+}
+
+TEST_F(VyVideoScreenTest, AFloodOfAlarmNoticesIsOneRepaint) {
+    open(16);
+    screen()->setLayout(kLayout16);
+    settle();
+    const int flushes = app()->screen()->flushCount();
+    for (int i = 0; i < 200; ++i) {
+        ChannelStateNotice n;
+        n.channel = uint8_t(i % 16);
+        n.flags = ChannelStateNotice::kCamera | (i % 2 ? ChannelStateNotice::kMotion : 0u);
+        uint8_t body[ChannelStateNotice::kSize];
+        n.encode(body);
+        manager->applyChannelState(body, sizeof body);
+    }
+    settle();
+    EXPECT_EQ(app()->screen()->flushCount(), flushes + 1);
+    EXPECT_EQ(screen()->cellOfChannel(15)->channelState().flags,
+              ChannelStateNotice::kCamera | ChannelStateNotice::kMotion);
 }

@@ -3,12 +3,22 @@
 #include "ui/playback/PlaybackWindow.h"
 #include "model/ModelTestSupport.h"
 #include "model/RecDataManager.h"
+#include "protocol/DaySearchResult.h"
+#include "protocol/PicPlayCommand.h"
+#include "protocol/PlaybackCommand.h"
 #include "protocol/PlaybackControl.h"
 #include "protocol/PlaybackJump.h"
 #include "protocol/PlaybackStatus.h"
+#include "protocol/RecordTypeBit.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/events/VyWheelEvent.h"
+#include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "ui/playback/MotionSearchPanel.h"
+#include "ui/playback/PlaybackDetailsPanel.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
 #include "ui/playback/RecordTimeBar.h"
@@ -90,6 +100,131 @@ TEST_F(PlaybackWindowTest, DeviceKeysReachThePlayerOperations) {
     window->handleDeviceKey(81); // next day: a new day search
     EXPECT_EQ(window->searchPanel()->date(), VyDate::currentDate().addDays(1));
     EXPECT_EQ(link.sentOf(300, 28).size(), 1u);
+}
+
+TEST_F(PlaybackWindowTest, MotionSearchSendsTheCellsMarkedByPressAndDrag) {
+    window->control(PlaybackWindow::MotionSearch)->click();
+    MotionSearchPanel* panel = window->motionPanel();
+    ASSERT_TRUE(panel->isVisible());
+    auto mouse = [&](int type, int column, int row, uint8_t buttons) {
+        const VyRect r = panel->cellRect(column, row);
+        const VyPoint p(r.left + r.width() / 2, r.top + r.height() / 2);
+        VyMouseEvent e(type, p, p, type == VyEvent::MouseMove ? 0 : VyMouseEvent::LeftButton,
+                       buttons);
+        VyApplication::sendEvent(panel, &e);
+    };
+    // Everything is marked at first: a press clears a cell, the drag clears what it crosses.
+    mouse(VyEvent::MouseButtonPress, 0, 0, 1);
+    mouse(VyEvent::MouseMove, 3, 0, 1);
+    mouse(VyEvent::MouseMove, 3, 21, 1);
+    mouse(VyEvent::MouseButtonRelease, 3, 21, 0);
+    link.sent.clear();
+    panel->searchButton()->click();
+    const auto sent = link.sentOf(300, 13);
+    ASSERT_EQ(sent.size(), 1u);
+    ASSERT_EQ(sent[0]->body.size(), 112u);
+    for (int row = 0; row < 22; ++row) {
+        uint32_t word;
+        std::memcpy(&word, sent[0]->body.data() + 24 + 4 * row, 4);
+        const uint32_t expected = row == 0 ? 0x3FFFF0u : 0x3FFFF7u;
+        EXPECT_EQ(word, expected) << row;
+    }
+}
+
+TEST_F(PlaybackWindowTest, DayAnswersFillTheBarAndDetailsAndAChosenSegmentPlays) {
+    window->search();
+    const VyDate today = VyDate::currentDate();
+    std::vector<uint8_t> body(16 + 2 * 16);
+    DaySearchResult head;
+    head.channel = 1;
+    head.segmentCount = 2;
+    head.day = RecDataManager::pack(VyDateTime(today));
+    const RecordSegmentEntry entries[2] = {{3600, 7200, 1, 0}, {36000, 36600, 2, 0}};
+    std::memcpy(body.data(), &head, sizeof head);
+    std::memcpy(body.data() + 16, entries, sizeof entries);
+    notice(3, body.data(), uint32_t(body.size()));
+    head.channel = 7; // not asked for: dropped
+    std::memcpy(body.data(), &head, sizeof head);
+    notice(3, body.data(), uint32_t(body.size()));
+    ASSERT_EQ(window->timeBar()->channels().size(), 1u);
+    PlaybackDetailsPanel* details = window->detailsPanel();
+    ASSERT_EQ(details->channel().segments.size(), 2u);
+
+    link.sent.clear();
+    const VyRect row = details->rowRect(1);
+    ASSERT_FALSE(row.isEmpty());
+    VyMouseEvent press(VyEvent::MouseButtonPress, VyPoint(row.left + 5, row.top + 2), VyPoint(0, 0),
+                       VyMouseEvent::LeftButton, 1);
+    VyApplication::sendEvent(details, &press);
+    const auto play = link.sentOf(300, 3);
+    ASSERT_EQ(play.size(), 1u);
+    PlaybackCommand cmd;
+    std::memcpy(&cmd, play[0]->body.data(), sizeof cmd);
+    EXPECT_EQ(RecDataManager::unpack(cmd.start), VyDateTime(today, VyTime(10, 0)));
+    EXPECT_EQ(window->timeBar()->cursorTime(), VyDateTime(today, VyTime(10, 0)));
+}
+
+TEST_F(PlaybackWindowTest, InstantPlaybackPlaysTheLastFiveMinutesOfOneChannel) {
+    // Just after midnight the five minutes begin the day before, which is searched.
+    const VyDateTime now(VyDate(2026, 3, 15), VyTime(0, 2, 0));
+    window->instantPlayback(5, now);
+    EXPECT_EQ(window->searchPanel()->checkedChannels(), std::vector<int>{5});
+    EXPECT_EQ(window->searchPanel()->date(), VyDate(2026, 3, 14));
+    const auto play = link.sentOf(300, 3);
+    ASSERT_EQ(play.size(), 1u);
+    PlaybackCommand cmd;
+    std::memcpy(&cmd, play[0]->body.data(), sizeof cmd);
+    EXPECT_EQ(cmd.windowCount, 1u);
+    EXPECT_EQ(cmd.windowChannels[0], 5);
+    EXPECT_EQ(RecDataManager::unpack(cmd.start), VyDateTime(VyDate(2026, 3, 14), VyTime(23, 57)));
+    EXPECT_EQ(RecDataManager::unpack(cmd.end), now);
+}
+
+TEST_F(PlaybackWindowTest, ZoomButtonsTheShortestCheckedWinsAndTypeFiltersReachTheBar) {
+    RecordTimeBar* bar = window->timeBar();
+    EXPECT_EQ(window->zoomSpan(), 86400u);
+    window->zoomButton(2)->click(); // 1 h with 24 h still checked
+    EXPECT_EQ(window->zoomSpan(), 3600u);
+    EXPECT_EQ(bar->span(), 3600u);
+    window->zoomButton(0)->click();
+    window->zoomButton(2)->click(); // none checked: the bar keeps its zoom
+    EXPECT_EQ(window->zoomSpan(), 0u);
+    EXPECT_EQ(bar->span(), 3600u);
+    VyWheelEvent wheel(VyPoint(400, 30), VyPoint(0, 0), 120, 0);
+    VyApplication::sendEvent(bar, &wheel);
+    EXPECT_EQ(bar->span(), 1800u);
+    EXPECT_TRUE(window->zoomButton(3)->isChecked());
+
+    PlaybackSearchPanel* panel = window->searchPanel();
+    panel->typeBox(PlaybackSearchPanel::Motion)->click();
+    panel->typeBox(PlaybackSearchPanel::Alarm)->click();
+    const uint32_t filter = bar->typeFilter();
+    EXPECT_EQ(filter & (RecordTypeBit::Motion | RecordTypeBit::Alarm | RecordTypeBit::Pir), 0u);
+    EXPECT_NE(filter & RecordTypeBit::Continuous, 0u);
+    EXPECT_NE(filter & RecordTypeBit::Smart, 0u);
+}
+
+TEST_F(PlaybackWindowTest, PicturePlaybackSendsOneWindowPerCellThenPlaysAndStops) {
+    window->togglePlay(); // video playing: picture playback stops it first
+    link.sent.clear();
+    window->control(PlaybackWindow::PicturePlay)->click();
+    ASSERT_EQ(link.sent.size(), 6u); // stop, four windows, play
+    EXPECT_EQ(link.sent[0].subType, 3);
+    for (int i = 1; i <= 4; ++i) {
+        ASSERT_EQ(link.sent[size_t(i)].subType, 27);
+        RecPicWindow w;
+        std::memcpy(&w, link.sent[size_t(i)].body.data(), sizeof w);
+        EXPECT_EQ(w.window, uint32_t(i - 1));
+        EXPECT_EQ(w.channel, uint32_t(i - 1));
+        EXPECT_EQ(w.splitWnds, 4u);
+        EXPECT_EQ(w.width, 1280u);
+    }
+    EXPECT_EQ(link.sent[5].subType, 19);
+    EXPECT_EQ(link.sent[5].body[0], PicPlayCommand::kPlay);
+    link.sent.clear();
+    window->control(PlaybackWindow::PicturePlay)->click();
+    ASSERT_EQ(link.sentOf(300, 19).size(), 1u);
+    EXPECT_EQ(link.sentOf(300, 19)[0]->body[0], PicPlayCommand::kStop);
 }
 
 TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {

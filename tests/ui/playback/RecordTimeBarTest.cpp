@@ -216,6 +216,21 @@ TEST_F(RecordTimeBarTest, RecentresOnlyWhenTheCursorIsHalfASpanFromBothMidnights
     EXPECT_EQ(bar->viewOrigin(), VyDateTime(kDay));
 }
 
+TEST_F(RecordTimeBarTest, ZoomAnchorsOnTheSelectedChannelsFirstSegmentInMultiChannelMode) {
+    bar->setChannels({channel(0, {{at(9, 0), at(10, 0), 1, 0}}),
+                      channel(1, {{at(16, 0), at(17, 0), 1, 0}, {at(14, 20), at(15, 0), 1, 0}})});
+    bar->setMode(true, 0);
+    bar->selectChannel(1);
+    bar->setSpan(3600);
+    EXPECT_EQ(bar->viewOrigin(), at(14, 20));
+    bar->setMode(false, 0); // without the flag the current origin is the anchor
+    bar->setSpan(1800);
+    EXPECT_EQ(bar->viewOrigin(), at(14, 20));
+    bar->setDateRange(kDay);
+    bar->setSpan(7200);
+    EXPECT_EQ(bar->viewOrigin(), VyDateTime(kDay)) << "a visible anchor needs no move";
+}
+
 TEST_F(RecordTimeBarTest, RowsPerPageFollowTheMode) {
     const int expected[] = {4, 1, 2, 4, 1, 2, 1, 1, 4, 1, 1, 4, 4};
     for (uint32_t mode = 0; mode <= 12; ++mode) {

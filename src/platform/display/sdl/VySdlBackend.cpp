@@ -1,9 +1,11 @@
 #include "platform/display/sdl/VySdlBackend.h"
 
-#include <SDL.h>
+#include "platform/display/sdl/VySdlLibrary.h"
 
 #include "platform/display/VyWindowFit.h"
+
 #include "runtime/VyLog.h"
+#include <algorithm>
 
 namespace {
 
@@ -30,49 +32,57 @@ VySdlBackend::VySdlBackend(int width, int height)
 
 VySdlBackend::~VySdlBackend() {
     if (m_texture)
-        SDL_DestroyTexture(m_texture);
+        m_sdl->DestroyTexture(m_texture);
     if (m_renderer)
-        SDL_DestroyRenderer(m_renderer);
+        m_sdl->DestroyRenderer(m_renderer);
     if (m_window)
-        SDL_DestroyWindow(m_window);
+        m_sdl->DestroyWindow(m_window);
     if (m_sdlStarted)
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        m_sdl->QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 bool VySdlBackend::open() {
     if (m_window)
         return m_texture != nullptr;
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+    m_sdl = VySdlLibrary::get();
+    if (!m_sdl)
+        return false;
+    if (m_sdl->InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
     m_sdlStarted = true;
     VySize size(m_width, m_height);
     SDL_Rect usable;
-    if (SDL_GetDisplayUsableBounds(0, &usable) == 0)
+    if (m_sdl->GetDisplayUsableBounds(0, &usable) == 0)
         size = VyWindowFit::windowSize(size, VySize(usable.w, usable.h));
-    m_window = SDL_CreateWindow("dvrgui", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                size.width, size.height, SDL_WINDOW_RESIZABLE);
+    m_window = m_sdl->CreateWindow("dvrgui", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                   size.width, size.height, SDL_WINDOW_RESIZABLE);
     if (!m_window) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
-    m_renderer = SDL_CreateRenderer(m_window, -1, 0);
+    m_renderer = m_sdl->CreateRenderer(m_window, -1, 0);
     if (!m_renderer) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
     // Bit 15 is the overlay's alpha bit on the device; on the desktop every pixel is shown.
-    m_texture = SDL_CreateTexture(m_renderer, SDL_PIXELFORMAT_RGB555, SDL_TEXTUREACCESS_STREAMING,
-                                  m_width, m_height);
+    m_texture = m_sdl->CreateTexture(m_renderer, SDL_PIXELFORMAT_RGB555,
+                                     SDL_TEXTUREACCESS_STREAMING, m_width, m_height);
     if (!m_texture) {
-        vyFrameworkLog("window display: %s !!!\n", SDL_GetError());
+        vyFrameworkLog("window display: %s !!!\n", m_sdl->GetError());
         return false;
     }
     // The software cursor drawn into the framebuffer is the pointer the user sees.
-    SDL_ShowCursor(SDL_DISABLE);
+    m_sdl->ShowCursor(SDL_DISABLE);
     m_memory.assign(static_cast<size_t>(m_width) * m_height, 0);
     m_pixels = reinterpret_cast<uint8_t*>(m_memory.data());
+    m_planePath = VyVideoPlane::configuredPath();
+    if (!m_planePath.isEmpty()) {
+        m_guiCopy.assign(m_memory.size(), 0);
+        m_composed.assign(m_memory.size(), 0);
+    }
     present(nullptr, 0);
     return true;
 }
@@ -81,8 +91,18 @@ void VySdlBackend::present(const VyRect* rects, int count) {
     if (!m_texture)
         return;
     const int pitch = lineLength();
+    if (!m_planePath.isEmpty()) {
+        const VyRect all(0, 0, m_width, m_height);
+        if (count <= 0)
+            uploadComposed(all);
+        for (int i = 0; i < count; ++i)
+            uploadComposed(rects[i].intersected(all));
+        render();
+        ++m_presentCount;
+        return;
+    }
     if (count <= 0) {
-        SDL_UpdateTexture(m_texture, nullptr, m_pixels, pitch);
+        m_sdl->UpdateTexture(m_texture, nullptr, m_pixels, pitch);
     } else {
         for (int i = 0; i < count; ++i) {
             const VyRect r = rects[i].intersected(VyRect(0, 0, m_width, m_height));
@@ -90,37 +110,70 @@ void VySdlBackend::present(const VyRect* rects, int count) {
                 continue;
             SDL_Rect area = {r.left, r.top, r.width(), r.height()};
             const uint8_t* first = m_pixels + static_cast<size_t>(r.top) * pitch + r.left * 2;
-            SDL_UpdateTexture(m_texture, &area, first, pitch);
+            m_sdl->UpdateTexture(m_texture, &area, first, pitch);
         }
     }
     render();
     ++m_presentCount;
 }
 
+void VySdlBackend::uploadComposed(const VyRect& r) {
+    if (r.isEmpty())
+        return;
+    const auto* gui = reinterpret_cast<const uint16_t*>(m_pixels);
+    for (int y = r.top; y <= r.bottom; ++y) {
+        const size_t at = static_cast<size_t>(y) * m_width + r.left;
+        std::copy(gui + at, gui + at + r.width(), m_guiCopy.begin() + long(at));
+        VyVideoPlane::composeRow(m_guiCopy.data() + at,
+                                 m_plane.isOpen() ? m_plane.pixels() + at : nullptr,
+                                 m_composed.data() + at, r.width());
+    }
+    const SDL_Rect area = {r.left, r.top, r.width(), r.height()};
+    SDL_UpdateTexture(m_texture, &area,
+                      m_composed.data() + static_cast<size_t>(r.top) * m_width + r.left,
+                      m_width * 2);
+}
+
+void VySdlBackend::refreshVideo() {
+    const uint32_t now = SDL_GetTicks();
+    if (m_planePath.isEmpty() || !m_texture || now - m_lastVideoTick < VyVideoPlane::kRefreshMs)
+        return;
+    m_lastVideoTick = now;
+    if (!m_plane.isOpen() && !m_plane.open(m_planePath, m_width, m_height))
+        return;
+    // The interface pixels come from the copy taken at the last present: the framebuffer
+    // itself may only be read under the screen's mutex.
+    VyVideoPlane::composeRow(m_guiCopy.data(), m_plane.pixels(), m_composed.data(),
+                             m_width * m_height);
+    SDL_UpdateTexture(m_texture, nullptr, m_composed.data(), m_width * 2);
+    render();
+}
+
 void VySdlBackend::render() {
     int w = 0;
     int h = 0;
-    SDL_GetWindowSize(m_window, &w, &h);
+    m_sdl->GetWindowSize(m_window, &w, &h);
     const VyRect r = VyWindowFit::picture(VySize(m_width, m_height), VySize(w, h));
     const SDL_Rect target = {r.left, r.top, r.width(), r.height()};
-    SDL_SetRenderDrawColor(m_renderer, 0, 0, 0, 255);
-    SDL_RenderClear(m_renderer);
-    SDL_RenderCopy(m_renderer, m_texture, nullptr, &target);
-    SDL_RenderPresent(m_renderer);
+    m_sdl->SetRenderDrawColor(m_renderer, 0, 0, 0, 255);
+    m_sdl->RenderClear(m_renderer);
+    m_sdl->RenderCopy(m_renderer, m_texture, nullptr, &target);
+    m_sdl->RenderPresent(m_renderer);
 }
 
 void VySdlBackend::pumpEvents() {
     if (!m_window)
         return;
+    refreshVideo();
     SDL_Event event;
     int w = 0;
     int h = 0;
-    SDL_GetWindowSize(m_window, &w, &h);
+    m_sdl->GetWindowSize(m_window, &w, &h);
     const VySize fb(m_width, m_height);
     auto toFb = [&](int x, int y) {
         return VyWindowFit::toFramebuffer(VyPoint(x, y), fb, VySize(w, h));
     };
-    while (SDL_PollEvent(&event)) {
+    while (m_sdl->PollEvent(&event)) {
         switch (event.type) {
         case SDL_QUIT:
             m_closeRequested = true;
@@ -128,7 +181,7 @@ void VySdlBackend::pumpEvents() {
         case SDL_WINDOWEVENT:
             if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED ||
                 event.window.event == SDL_WINDOWEVENT_EXPOSED) {
-                SDL_GetWindowSize(m_window, &w, &h);
+                m_sdl->GetWindowSize(m_window, &w, &h);
                 if (m_texture)
                     render();
             }
@@ -150,12 +203,12 @@ void VySdlBackend::pumpEvents() {
             break;
         }
         case SDL_KEYDOWN:
-            notifyKey(SDL_GetKeyName(event.key.keysym.sym));
+            notifyKey(m_sdl->GetKeyName(event.key.keysym.sym));
             break;
         case SDL_MOUSEWHEEL: {
             int x = 0;
             int y = 0;
-            SDL_GetMouseState(&x, &y);
+            m_sdl->GetMouseState(&x, &y);
             const VyPoint p = toFb(x, y);
             const int notches =
                 event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.wheel.y : event.wheel.y;
@@ -169,5 +222,5 @@ void VySdlBackend::pumpEvents() {
     }
     std::string status;
     if (takeStatus(&status))
-        SDL_SetWindowTitle(m_window, ("dvrgui - " + status).c_str());
+        m_sdl->SetWindowTitle(m_window, ("dvrgui - " + status).c_str());
 }

@@ -8,10 +8,12 @@
 #include <vector>
 
 #include "platform/display/VyDisplayBackend.h"
+#include "platform/display/VyVideoPlane.h"
 
 struct SDL_Window;
 struct SDL_Renderer;
 struct SDL_Texture;
+struct VySdlLibrary;
 
 class VySdlBackend : public VyDisplayBackend {
 public:
@@ -36,11 +38,16 @@ public:
 
 private:
     void render();
+    // With a video plane: the interface pixels of the rectangle over the plane's, into the
+    // texture. Both buffers belong to the GUI thread (present and pumpEvents run there).
+    void uploadComposed(const VyRect& r);
+    void refreshVideo();
 
     int m_width;
     int m_height;
     std::vector<uint16_t> m_memory;
     uint8_t* m_pixels = nullptr;
+    const VySdlLibrary* m_sdl = nullptr; // loaded by open()
     bool m_sdlStarted = false;
     SDL_Window* m_window = nullptr;
     SDL_Renderer* m_renderer = nullptr;
@@ -48,4 +55,9 @@ private:
     int m_presentCount = 0;
     bool m_closeRequested = false;
     int m_buttons = 0;
+    VyString m_planePath;
+    VyVideoPlane m_plane;
+    std::vector<uint16_t> m_guiCopy;  // the interface pixels last presented
+    std::vector<uint16_t> m_composed; // the picture shown
+    uint32_t m_lastVideoTick = 0;
 };

@@ -1,0 +1,89 @@
+#pragma once
+// Who is logged in and what they may do. App keeps the users and checks their passwords;
+// this model asks it (MainType::User), remembers the user it let in with that user's
+// rights, and answers the screens' "may this be done?". A protected action calls ensure(),
+// which asks for a login through the installed prompt (the login dialog) when nobody who
+// may do it is logged in.
+//
+// Passwords pass through login() only: they are copied into the request that carries them
+// to App and that request is wiped once sent. Nothing here logs or keeps them.
+//
+// Locking the screen sets the key manager's key restriction, so only the two escape keys
+// reach the GUI until a user logs in again; the live view keeps running behind it.
+#include "protocol/UserLoginRequest.h"
+#include "protocol/UserRights.h"
+#include "runtime/VyString.h"
+#include "toolkit/core/VyObject.h"
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+class UserAccess : public VyObject {
+    VY_OBJECT(UserAccess, VyObject)
+public:
+    struct User {
+        VyString name;
+        uint32_t id = 0;
+        bool admin = false;
+        UserRights rights;
+    };
+    enum class Outcome { LoggedIn, WrongPassword, Locked, UnknownUser, TooLong, NoAnswer };
+    struct LoginResult {
+        Outcome outcome = Outcome::NoAnswer;
+        int triesLeft = 0;   // with WrongPassword: tries before the user is locked
+        int lockSeconds = 0; // with Locked: how long the user stays locked
+    };
+    // Shows the login and answers whether somebody logged in.
+    using LoginPrompt = std::function<bool()>;
+
+    UserAccess();
+    ~UserAccess() override;
+    static UserAccess* instance();
+
+    // Fetches the user list from App; false (the old list kept) on a broken answer.
+    bool refreshUsers();
+    const std::vector<User>& users() const { return m_users; }
+    bool loginRequired() const { return m_loginRequired; }
+
+    // `method`: UserLoginRequest::kPassword, or kPattern with the dots' digits as `secret`.
+    LoginResult login(const VyString& name, const VyString& secret,
+                      uint32_t method = UserLoginRequest::kPassword);
+    void logout();
+    bool isLoggedIn() const { return m_loggedIn; }
+    // Null when nobody is logged in.
+    const User* currentUser() const { return m_loggedIn ? &m_current : nullptr; }
+
+    // Whether the function (a UserRights bit) may be used now: by anybody while App needs no
+    // login, else by the user logged in; for live view and playback with a channel (0-based)
+    // also whether that channel is theirs. Nothing may while the screen is locked.
+    bool may(uint32_t function, int channel = -1) const;
+    // For a protected action: may(), and when not, the login prompt once, then may() for
+    // whoever logged in. Logged on refusal.
+    bool ensure(uint32_t function, int channel = -1);
+    // One prompt for the process (the GUI has one login dialog); empty removes it.
+    static void setLoginPrompt(LoginPrompt prompt);
+
+    // The screen lock. A successful login unlocks; unlockScreen() asks for one through the
+    // prompt and answers whether the screen is unlocked.
+    void lockScreen();
+    bool unlockScreen();
+    bool isScreenLocked() const { return m_locked; }
+
+    // The menus' idle time-out ran out: the user is logged out.
+    void menuTimedOut();
+
+    VySignal userChanged; // login, logout
+    VySignal lockChanged;
+
+private:
+    void setLocked(bool on);
+
+    std::vector<User> m_users;
+    User m_current;
+    bool m_loggedIn = false;
+    bool m_locked = false;
+    bool m_prompting = false;
+    bool m_listFetched = false;
+    bool m_loginRequired = false;
+};

@@ -1,0 +1,153 @@
+// The simulator's live view on a raw client socket: the roster and channel states it
+// answers, alarms raised from its console, the preview record it keeps, and the pictures it
+// draws into the video plane.
+#include "SimLiveView.h"
+#include "SimRecorder.h"
+#include "SimServer.h"
+#include "SimVideoPlane.h"
+#include "ipc/IpcMsgBlock.h"
+#include "protocol/ChannelStateNotice.h"
+#include "protocol/DeviceState.h"
+#include "protocol/PreviewRecord.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+class SimLiveViewTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        char dir[] = "/tmp/sim-live-XXXXXX";
+        ASSERT_TRUE(::mkdtemp(dir));
+        m_dir = dir;
+        SimRecorderConfig config;
+        config.channels = 4;
+        config.channelNames[0] = "GATE";
+        recorder = std::make_unique<SimRecorder>(config);
+        recorder->attach(server);
+        live = std::make_unique<SimLiveView>(*recorder, config);
+        live->attach(server);
+        ASSERT_TRUE(server.listen(m_dir + "/IPC_UI"));
+        ASSERT_TRUE(server.start());
+        fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un addr{};
+        addr.sun_family = AF_UNIX;
+        std::strncpy(addr.sun_path, (m_dir + "/IPC_UI").c_str(), sizeof addr.sun_path - 1);
+        ASSERT_EQ(::connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+        ASSERT_TRUE(server.waitForClient());
+    }
+    void TearDown() override {
+        ::close(fd);
+        server.stop();
+        live.reset();
+        ::rmdir(m_dir.c_str());
+    }
+    void send(uint16_t main, uint16_t sub, const std::vector<uint8_t>& body) {
+        IpcMsgHeader h{1, 1, 1, main, sub, uint32_t(body.size()), 7, 0};
+        std::vector<uint8_t> bytes(kIpcHeaderSize + body.size());
+        ipcEncodeHeader(h, bytes.data());
+        std::copy(body.begin(), body.end(), bytes.begin() + kIpcHeaderSize);
+        ASSERT_EQ(::write(fd, bytes.data(), bytes.size()), ssize_t(bytes.size()));
+    }
+    IpcMsgHeader receive(std::vector<uint8_t>& body) {
+        uint8_t raw[kIpcHeaderSize];
+        if (::recv(fd, raw, sizeof raw, MSG_WAITALL) != ssize_t(sizeof raw))
+            return IpcMsgHeader{};
+        const IpcMsgHeader h = ipcDecodeHeader(raw);
+        body.resize(h.dataLen);
+        if (h.dataLen)
+            ::recv(fd, body.data(), h.dataLen, MSG_WAITALL);
+        return h;
+    }
+
+    SimServer server;
+    std::unique_ptr<SimRecorder> recorder;
+    std::unique_ptr<SimLiveView> live;
+    int fd = -1;
+
+private:
+    std::string m_dir;
+};
+
+} // namespace
+
+TEST_F(SimLiveViewTest, AnswersTheRosterThenEveryChannelAndFollowsTheConsole) {
+    testing::internal::CaptureStdout();
+    send(1000, 298, {});
+    std::vector<uint8_t> body;
+    IpcMsgHeader h = receive(body);
+    ASSERT_EQ(h.SubType, 298);
+    ASSERT_EQ(body.size(), 8u);
+    EXPECT_EQ(body[0], 0x3); // four channels: all but the last two have a camera
+    for (int ch = 0; ch < 4; ++ch) {
+        h = receive(body);
+        ASSERT_EQ(h.SubType, 8);
+        const auto n = ChannelStateNotice::decode(body.data(), uint32_t(body.size()));
+        ASSERT_TRUE(n.has_value());
+        EXPECT_EQ(n->channel, ch);
+        EXPECT_EQ(n->nameText(), ch == 0 ? "GATE" : "CAMERA " + std::to_string(ch + 1));
+    }
+    h = receive(body);
+    EXPECT_EQ(h.SubType, 10);
+
+    EXPECT_TRUE(live->runCommand({"alarm", "2", "motion", "on"}));
+    h = receive(body);
+    const auto n = ChannelStateNotice::decode(body.data(), uint32_t(body.size()));
+    ASSERT_TRUE(n.has_value());
+    EXPECT_EQ(n->channel, 1);
+    EXPECT_EQ(n->flags, ChannelStateNotice::kCamera | ChannelStateNotice::kMotion);
+    EXPECT_TRUE(live->runCommand({"usb", "1"}));
+    h = receive(body);
+    EXPECT_EQ(h.msgValue, DeviceState::kUsbStick);
+    // Channels count from 1 and stop at the channel count; unknown words are not ours.
+    EXPECT_FALSE(live->runCommand({"alarm", "5", "motion", "on"}));
+    EXPECT_FALSE(live->runCommand({"alarm", "1", "smoke", "on"}));
+    EXPECT_FALSE(live->runCommand({"record", "0", "on"}));
+    EXPECT_FALSE(live->runCommand({"fly", "1"}));
+    testing::internal::GetCapturedStdout();
+}
+
+TEST_F(SimLiveViewTest, KeepsThePreviewRecordAndRefusesAShortOne) {
+    testing::internal::CaptureStdout();
+    PreviewRecord r;
+    r.layoutId = 1;
+    r.cellCount = 4;
+    r.outputWidth = 1920;
+    r.outputHeight = 1080;
+    r.cells[3].channel = 3;
+    r.cells[3].right = 1919;
+    std::vector<uint8_t> bytes(PreviewRecord::kSize);
+    r.encode(bytes.data());
+    send(100, 1, bytes);
+    send(100, 0, std::vector<uint8_t>(100, 0));
+    recorder->awaitMessages(100, 0, 1);
+    EXPECT_EQ(live->previewCount(), 1);
+    EXPECT_EQ(live->lastPreview().cells[3].channel, 3);
+    EXPECT_EQ(live->lastPreview().cells[3].right, 1919);
+    testing::internal::GetCapturedStdout();
+}
+
+TEST(SimVideoPlane, DrawsPicturesAndNoVideoCardsInsideTheirCellsOnly) {
+    constexpr int kW = 320, kH = 180;
+    PreviewRecord r;
+    r.cellCount = 2;
+    r.cells[0] = {0, 1, 0, 0, 0, 0, 159, 179};
+    r.cells[1] = {1, 1, 0, 0, 160, 0, 239, 89};
+    std::vector<SimVideoCell> channels = {{true, "A"}, {false, "B"}};
+    std::vector<uint16_t> px(size_t(kW) * kH, 0xFFFF);
+    SimVideoPlane::drawFrame(r, channels, 3, "12:00:00", px.data(), kW, kH);
+    auto at = [&](int x, int y) { return px[size_t(y) * kW + size_t(x)]; };
+    EXPECT_NE(at(5, 5), 0);
+    EXPECT_EQ(at(165, 5), SimVideoPlane::rgb(24, 24, 28)); // the no-video card's ground
+    EXPECT_EQ(at(300, 150), 0);                            // outside every cell
+    EXPECT_EQ(at(200, 120), 0);
+    // A cell beyond the plane is cut, not written past the end.
+    r.cells[1] = {0, 1, 0, 0, 200, 100, 5000, 5000};
+    SimVideoPlane::drawFrame(r, channels, 3, "12:00:00", px.data(), kW, kH);
+    EXPECT_NE(at(319, 179), 0);
+}
