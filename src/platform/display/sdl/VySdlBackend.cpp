@@ -129,13 +129,13 @@ void VySdlBackend::uploadComposed(const VyRect& r) {
                                  m_composed.data() + at, r.width());
     }
     const SDL_Rect area = {r.left, r.top, r.width(), r.height()};
-    SDL_UpdateTexture(m_texture, &area,
-                      m_composed.data() + static_cast<size_t>(r.top) * m_width + r.left,
-                      m_width * 2);
+    m_sdl->UpdateTexture(m_texture, &area,
+                         m_composed.data() + static_cast<size_t>(r.top) * m_width + r.left,
+                         m_width * 2);
 }
 
 void VySdlBackend::refreshVideo() {
-    const uint32_t now = SDL_GetTicks();
+    const uint32_t now = m_sdl->GetTicks();
     if (m_planePath.isEmpty() || !m_texture || now - m_lastVideoTick < VyVideoPlane::kRefreshMs)
         return;
     m_lastVideoTick = now;
@@ -145,7 +145,7 @@ void VySdlBackend::refreshVideo() {
     // itself may only be read under the screen's mutex.
     VyVideoPlane::composeRow(m_guiCopy.data(), m_plane.pixels(), m_composed.data(),
                              m_width * m_height);
-    SDL_UpdateTexture(m_texture, nullptr, m_composed.data(), m_width * 2);
+    m_sdl->UpdateTexture(m_texture, nullptr, m_composed.data(), m_width * 2);
     render();
 }
 

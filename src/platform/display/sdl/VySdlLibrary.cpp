@@ -51,6 +51,7 @@ bool load(VySdlLibrary* sdl) {
     VY_SDL_RESOLVE(GetMouseState);
     VY_SDL_RESOLVE(GetKeyName);
     VY_SDL_RESOLVE(SetWindowTitle);
+    VY_SDL_RESOLVE(GetTicks);
 #undef VY_SDL_RESOLVE
     return ok;
 }

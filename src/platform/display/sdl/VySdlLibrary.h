@@ -29,4 +29,5 @@ struct VySdlLibrary {
     decltype(&SDL_GetMouseState) GetMouseState;
     decltype(&SDL_GetKeyName) GetKeyName;
     decltype(&SDL_SetWindowTitle) SetWindowTitle;
+    decltype(&SDL_GetTicks) GetTicks;
 };
