@@ -10,7 +10,6 @@
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
-#include "ui/liveview/MainViewTaskBar.h"
 #include "ui/settings/SettingsManager.h"
 
 #include <algorithm>
@@ -77,15 +76,8 @@ void WindowShell::showMessage(uint32_t textId) {
 }
 
 void WindowShell::showMainView() {
-    if (m_mainView == nullptr) {
+    if (m_mainView == nullptr)
         m_mainView = std::make_unique<MainViewWindow>();
-        // Until the start menu exists, the start button leads straight to the settings.
-        if (!m_settings)
-            m_settings = std::make_unique<SettingsManager>();
-        MainViewTaskBar* bar = m_mainView->taskBar();
-        VyObject::connect(bar, &bar->buttonClicked, m_settings.get(),
-                          VY_SLOT(SettingsManager, taskBarClicked));
-    }
     m_mainView->show();
     if (MainViewManager* manager = MainViewManager::instance())
         manager->setShown(true);

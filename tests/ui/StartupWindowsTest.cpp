@@ -16,10 +16,6 @@
 #include "ui/UiLook.h"
 #include "ui/WindowShell.h"
 #include "ui/WizardWindow.h"
-#include "ui/liveview/ImageButton.h"
-#include "ui/liveview/MainViewTaskBar.h"
-#include "ui/settings/SettingsManager.h"
-#include "ui/settings/SettingsWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -134,22 +130,6 @@ TEST_F(StartupWindowsTest, ResolutionDialogKeepsOnOkAndRevertsWhenTheCountdownEn
         EXPECT_FALSE(dialog.isVisible());
     }
     EXPECT_EQ(app->activeModalWidget(), nullptr);
-}
-
-TEST_F(StartupWindowsTest, TheStartButtonOpensTheSettingsWindow) {
-    WindowShell shell;
-    shell.showMainView();
-    settle();
-    ASSERT_NE(shell.settings(), nullptr);
-    EXPECT_EQ(shell.settings()->window(), nullptr);
-    ImageButton* start = shell.mainView()->taskBar()->button(MainViewTaskBar::Start);
-    const VyPoint p = start->mapToGlobal(VyPoint(start->width() / 2, start->height() / 2));
-    VyApplication::injectPointer(p.x, p.y, 1, 0);
-    settle();
-    VyApplication::injectPointer(p.x, p.y, 0, 0);
-    settle();
-    ASSERT_NE(shell.settings()->window(), nullptr);
-    EXPECT_TRUE(shell.settings()->window()->isVisible());
 }
 
 TEST_F(StartupWindowsTest, MainViewCoversTheScreenWithItsBackgroundUnderADialog) {
