@@ -213,7 +213,9 @@ TEST_F(SettingsPagesE2e, RecordScheduleEditedWithMouseKeysAndCopyReachesTheRecor
 
     ScheduleBoard* board = page->frame()->board();
     const float cw = board->cellWidth(), ch = board->cellHeight();
-    auto at = [&](int c, int r) { return VyPoint(int((c + 0.5f) * cw), int((r + 0.5f) * ch)); };
+    auto at = [&](int c, int r) {
+        return VyPoint(int((float(c) + 0.5f) * cw), int((float(r) + 0.5f) * ch));
+    };
     // Motion on Tuesday 00:00-01:00 with the keys alone: focus down to (0, 2), OK, right, OK.
     click(page->typeButton(1), 2, 2);
     EXPECT_EQ(board->currentType(), 1);

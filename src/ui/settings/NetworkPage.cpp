@@ -48,7 +48,7 @@ VyLineEdit* NetworkPage::addressRow(uint32_t textId) {
 }
 
 bool NetworkPage::parseAddress(const VyString& text, uint8_t out[4]) {
-    const std::string s = text.toStdString();
+    const std::string& s = text.toStdString();
     uint8_t bytes[4];
     size_t pos = 0;
     for (int i = 0; i < 4; ++i) {

@@ -9,6 +9,7 @@
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/events/CEvent.h"
 #include "toolkit/i18n/TextId.h"
+#include "ui/liveview/MainViewTaskBar.h"
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/CameraPage.h"
 #include "ui/settings/DeviceInfoPage.h"
@@ -64,6 +65,14 @@ SettingsPage* SettingsManager::currentPage() const {
 
 SettingsWindow* SettingsManager::window() const {
     return m_window.data();
+}
+
+void SettingsManager::taskBarClicked(VyObject* taskBar) {
+    auto* bar = taskBar != nullptr && taskBar->inherits("MainViewTaskBar")
+                    ? static_cast<MainViewTaskBar*>(taskBar)
+                    : nullptr;
+    if (bar != nullptr && bar->lastButton() == MainViewTaskBar::Start)
+        openWindow();
 }
 
 SettingsWindow* SettingsManager::openWindow() {

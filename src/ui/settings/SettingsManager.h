@@ -33,6 +33,8 @@ public:
     // Opens the settings window on its tiles, full screen, or answers the one open.
     SettingsWindow* openWindow();
     SettingsWindow* window() const;
+    // Slot for the main view's task bar: its start button opens the settings window.
+    void taskBarClicked(VyObject* taskBar);
 
     // The text ID of a category's tile.
     static uint32_t categoryTitle(int category);

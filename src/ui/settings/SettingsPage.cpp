@@ -95,8 +95,9 @@ void SettingsPage::storeText(char* field, size_t size, const VyString& text) {
     // Never end inside a UTF-8 sequence: step back over continuation bytes.
     while (n > 0 && n < s.size() && (uint8_t(s[n]) & 0xC0) == 0x80)
         --n;
+    // Zero-filled first: the text ends with at least one NUL inside the field.
     std::memset(field, 0, size);
-    std::memcpy(field, s.data(), n);
+    std::copy_n(s.data(), n, field);
 }
 
 void SettingsPage::showSpin(VySpinBox* box, int value) {

@@ -73,6 +73,10 @@ SettingsWindow::~SettingsWindow() {
         m_manager->setCurrentPage(nullptr);
 }
 
+SettingsPage* SettingsWindow::page() const {
+    return m_page.data();
+}
+
 VyRect SettingsWindow::pageArea() const {
     const int top = UiLook::scaledY(kTitleHeightDesign + kTabHeightDesign);
     const int bottom = height() - UiLook::scaledY(kButtonRowDesign);

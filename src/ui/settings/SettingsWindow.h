@@ -47,7 +47,7 @@ public:
     int category() const { return m_category; }
     int pageIndex() const { return m_pageIndex; }
     int pageCount() const { return int(m_entries.size()); }
-    SettingsPage* page() const { return m_page.data(); }
+    SettingsPage* page() const;
     const std::vector<SettingsTile*>& tiles() const { return m_tiles; }
     VyPushButton* applyButton() const { return m_apply; }
     VyPushButton* saveButton() const { return m_save; }

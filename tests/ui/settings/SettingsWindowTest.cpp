@@ -9,6 +9,7 @@
 #include "protocol/RecordScheduleBlock.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/widgets/VySpinBox.h"
+#include "toolkit/widgets/VyTabBar.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
@@ -108,8 +109,13 @@ TEST_F(SettingsWindowTest, UnsavedChangesAreAskedAboutBeforeTheyAreLeft) {
     EXPECT_FALSE(w->leaveCategory());
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(w->page(), page);
+    // Choosing another tab asks too; staying puts the tab back.
+    w->tabBar()->setCurrentIndex(0);
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(w->tabBar()->currentIndex(), 1);
+    EXPECT_EQ(w->page(), page);
     answer = SettingsWindow::SaveChanges;
-    EXPECT_TRUE(w->showPage(0));
+    w->tabBar()->setCurrentIndex(0);
     EXPECT_EQ(link.sets, (std::vector<uint32_t>{14}));
     EXPECT_EQ(w->pageIndex(), 0);
 }
