@@ -7,11 +7,7 @@
 #include "toolkit/events/VyWheelEvent.h"
 #include "toolkit/widgets/VyControlState.h"
 
-namespace {
-
-constexpr int kWheelNotch = 120; // wheel delta of one notch
-
-} // namespace
+namespace {} // namespace
 
 VyAbstractSlider::VyAbstractSlider(VyWidget* parent)
     : VyWidget(parent) {
@@ -102,10 +98,7 @@ void VyAbstractSlider::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    // Part notches of fine wheels add up to at least one step.
-    long long notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
+    const long long notches = e->notches();
     setValue(m_range.offset(notches * m_singleStep * wheelDirection()));
 }
 

@@ -13,9 +13,7 @@
 #include "toolkit/widgets/VyControlState.h"
 #include "toolkit/widgets/VyInnerListWidget.h"
 
-namespace {
-constexpr int kWheelNotch = 120;
-} // namespace
+namespace {} // namespace
 
 VyComboBox::VyComboBox(VyWidget* parent)
     : VyWidget(parent) {
@@ -182,9 +180,7 @@ void VyComboBox::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
+    const int notches = e->notches();
     // A notch away from the user (positive) goes back up the list.
     const int next = std::max(0, std::min(count() - 1, std::max(0, m_current) - notches));
     if (next != m_current)

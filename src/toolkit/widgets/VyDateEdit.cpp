@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int kWheelNotch = 120;
 constexpr VyDateEdit::Section kOrder[3][3] = {
     {VyDateEdit::MonthSection, VyDateEdit::DaySection, VyDateEdit::YearSection},
     {VyDateEdit::YearSection, VyDateEdit::MonthSection, VyDateEdit::DaySection},
@@ -285,10 +284,7 @@ void VyDateEdit::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
-    stepBy(notches);
+    stepBy(e->notches());
 }
 
 void VyDateEdit::mousePressEvent(VyMouseEvent* e) {

@@ -10,7 +10,6 @@
 #include "toolkit/widgets/VyScrollBar.h"
 
 namespace {
-constexpr int kWheelNotch = 120;
 constexpr int kWheelRows = 3;
 } // namespace
 
@@ -189,9 +188,7 @@ void VyInnerListWidget::wheelEvent(VyWheelEvent* e) {
     e->accept();
     if (e->delta() == 0)
         return;
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
+    const int notches = e->notches();
     setTop(m_top - notches * kWheelRows);
 }
 

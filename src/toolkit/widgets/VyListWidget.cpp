@@ -11,7 +11,6 @@
 #include "toolkit/widgets/VyScrollBar.h"
 
 namespace {
-constexpr int kWheelNotch = 120;
 constexpr int kFrame = 1; // pixels of frame around the rows
 } // namespace
 
@@ -354,9 +353,7 @@ void VyListWidget::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
+    const int notches = e->notches();
     setTop(m_top - notches * kWheelRows);
 }
 

@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int kWheelNotch = 120;
 constexpr int kMaxTypedDigits = 10; // an int32 never has more
 
 } // namespace
@@ -141,10 +140,7 @@ void VySpinBox::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
-    stepBy(notches);
+    stepBy(e->notches());
 }
 
 void VySpinBox::mousePressEvent(VyMouseEvent* e) {

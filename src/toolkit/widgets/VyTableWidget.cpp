@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int kWheelNotch = 120;
 constexpr int kMaxColumns = 1 << 20; // cell keys hold the column in 20 bits
 
 int frameWidth() {
@@ -489,9 +488,7 @@ void VyTableWidget::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
+    const int notches = e->notches();
     setTop(m_top - notches * kWheelRows);
 }
 

@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int kWheelNotch = 120;
 constexpr int kSecondsPerDay = 24 * 3600;
 constexpr int kHalfDay = 12 * 3600;
 
@@ -238,10 +237,7 @@ void VyTimeEdit::wheelEvent(VyWheelEvent* e) {
         return;
     }
     e->accept();
-    int notches = e->delta() / kWheelNotch;
-    if (notches == 0)
-        notches = e->delta() > 0 ? 1 : -1;
-    stepBy(notches);
+    stepBy(e->notches());
 }
 
 void VyTimeEdit::mousePressEvent(VyMouseEvent* e) {
