@@ -1,6 +1,5 @@
 #include "app/ControlChannel.h"
 
-#include "toolkit/input/VyKeyManager.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyPostedEventQueue.h"
@@ -8,6 +7,7 @@
 #include "toolkit/core/VyWidget.h"
 #include "toolkit/events/DvrKeyEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
+#include "toolkit/input/VyKeyManager.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -41,7 +41,7 @@ private:
     void keep(VyWidget* dialog);
     void forgetClosed();
 
-    std::unique_ptr<MainViewWindow> m_mainView; // top-level: no parent owns it
+    std::unique_ptr<MainViewWindow> m_mainView;  // top-level: no parent owns it
     std::unique_ptr<SettingsManager> m_settings; // made on first use; owns its window
     // The self-deleting dialogs still open: not owned while open, since each deletes
     // itself when dismissed; whatever is left at the end goes with the shell's windows.
