@@ -185,6 +185,12 @@ TEST_F(ConsoleTest, WithoutAVirtualTerminalNothingIsTouched) {
 // Every way out of the process hands the terminal back: a plain exit without the console's
 // destructor, termination signals, and crashes, which still end the process by the signal.
 TEST_F(ConsoleTest, EveryWayOutHandsTheTerminalBack) {
+#if defined(__SANITIZE_THREAD__)
+    // The fake terminal records its calls in strings, which allocate inside the signal
+    // handler; ThreadSanitizer rightly reports that of the fake. The plain and ASan runs
+    // cover the handler itself.
+    GTEST_SKIP() << "the fake terminal is not signal-safe";
+#endif
     // The default death-test style forks without exec, which also works for a target
     // binary run by an emulator. The console is reachable from a static on purpose: the
     // normal exit must hand it back without its destructor.
