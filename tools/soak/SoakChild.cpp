@@ -142,13 +142,13 @@ int SoakChild::stop(int graceMs) {
     return m_status;
 }
 
-long SoakChild::residentKb() const {
+long SoakChild::statusKb(const char* field) const {
     if (m_pid <= 0)
         return 0;
     std::ifstream status("/proc/" + std::to_string(m_pid) + "/status");
     for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::strtol(line.c_str() + 6, nullptr, 10);
+        if (line.rfind(field, 0) == 0)
+            return std::strtol(line.c_str() + std::strlen(field), nullptr, 10);
     }
     return 0;
 }

@@ -35,8 +35,9 @@ public:
     pid_t pid() const { return m_pid; }
     // The exit status once the process ended (alive() false), else -1.
     int exitStatus() const { return m_status; }
-    // Resident set in kB (VmRSS), 0 when it cannot be read.
-    long residentKb() const;
+    // A field of /proc/PID/status in kB ("VmRSS:" the whole resident set, "RssAnon:" its
+    // anonymous part), 0 when it cannot be read.
+    long statusKb(const char* field = "VmRSS:") const;
 
 private:
     void readLoop(int fd, std::string logPath, LineWatcher watcher);

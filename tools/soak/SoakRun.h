@@ -23,7 +23,7 @@ struct SoakOptions {
     int batch = 200;         // steps between two state probes
     int queueBound = 4096;   // events waiting in the GUI's queue at most
     bool checkMemory = true; // off where a sanitizer's quarantine makes memory grow by design
-    long flatKb = 2048;      // growth allowed after the warm-up (the first quarter)
+    long flatKb = 2048;      // anonymous growth allowed after the warm-up (the first quarter)
     int answerTimeoutSec = 120;
     std::vector<std::string> execPrefix; // an emulator in front of both programs
 };
@@ -38,9 +38,11 @@ struct SoakReport {
     int restarts = 0;
     int drops = 0;
     double seconds = 0;
-    long warmKb = 0;  // resident memory at the end of the warm-up
-    long peakKb = 0;  // the most seen after it
-    long finalKb = 0; // at the end
+    long warmKb = 0;    // anonymous resident memory at the end of the warm-up
+    long peakKb = 0;    // the most seen after it
+    long finalKb = 0;   // at the end
+    long peakRssKb = 0; // the whole resident set (fonts and other file pages too)
+    long finalRssKb = 0;
     int longestQueue = 0;
     std::string finalWindows;
 
