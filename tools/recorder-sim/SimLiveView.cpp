@@ -272,7 +272,7 @@ void SimLiveView::startVideoPlane(const std::string& path) {
     m_drawer = std::thread(&SimLiveView::drawLoop, this, path);
 }
 
-void SimLiveView::drawLoop(std::string path) {
+void SimLiveView::drawLoop(const std::string& path) {
     const int fd = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
     if (fd < 0) {
         simRecorderLog("sim: cannot open video plane %s", path.c_str());

@@ -59,7 +59,7 @@ private:
     bool onLiveViewActive(SimServer& s, const SimMessage& m);
     void sendState(int channel);
     bool setFlag(int channel, uint32_t bit, bool on);
-    void drawLoop(std::string path);
+    void drawLoop(const std::string& path);
 
     SimRecorder& m_recorder;
     mutable std::mutex m_mutex; // guards m_channels, m_preview, m_deviceState

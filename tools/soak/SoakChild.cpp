@@ -37,6 +37,7 @@ bool SoakChild::start(const std::vector<std::string>& argv, const std::string& c
         for (const auto& [key, value] : env)
             setenv(key.c_str(), value.c_str(), 1);
         std::vector<char*> args;
+        args.reserve(argv.size() + 1);
         for (const std::string& a : argv)
             args.push_back(const_cast<char*>(a.c_str()));
         args.push_back(nullptr);
@@ -55,7 +56,7 @@ bool SoakChild::start(const std::vector<std::string>& argv, const std::string& c
     return true;
 }
 
-void SoakChild::readLoop(int fd, std::string logPath, LineWatcher watcher) {
+void SoakChild::readLoop(int fd, const std::string& logPath, const LineWatcher& watcher) {
     std::ofstream log(logPath, std::ios::app);
     std::string line;
     char buffer[4096];

@@ -40,7 +40,7 @@ public:
     long statusKb(const char* field = "VmRSS:") const;
 
 private:
-    void readLoop(int fd, std::string logPath, LineWatcher watcher);
+    void readLoop(int fd, const std::string& logPath, const LineWatcher& watcher);
 
     pid_t m_pid = -1;
     int m_stdin = -1;
