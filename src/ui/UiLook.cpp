@@ -25,9 +25,11 @@ const UiLook& UiLook::instance() {
     return look;
 }
 
-vyargb UiLook::colourOr(const VyIniSettings& ini, const char* key, vyargb fallback) {
-    const VyColor c = ini.color(VyString(key));
-    return c.isValid() && !ini.value(VyString(key)).isEmpty() ? c.argb() : fallback;
+vyargb UiLook::colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
+    if (ini.value(key).isEmpty())
+        return fallback;
+    const VyColor c = ini.color(key);
+    return c.isValid() ? c.argb() : fallback;
 }
 
 UiLook::UiLook() {

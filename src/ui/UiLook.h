@@ -25,7 +25,10 @@ public:
     static int scaledX(int designPixels);
     static int scaledY(int designPixels);
 
+    // The colour a style sheet gives `key`, or `fallback` when the key is missing or not a
+    // colour: every screen reads its style colours through this.
+    static vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback);
+
 private:
     UiLook();
-    static vyargb colourOr(const VyIniSettings& ini, const char* key, vyargb fallback);
 };

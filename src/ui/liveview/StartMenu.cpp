@@ -16,13 +16,6 @@ namespace {
 constexpr int kIconPx = 24;
 constexpr int kPaddingPx = 10;
 
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
 VyBitmap icon(const VyString& path) {
     VyApplication* app = VyApplication::instance();
     const float scale = app && app->screen() ? app->screen()->horizontalScale() : 1.0f;
@@ -35,19 +28,21 @@ const StartMenu::Look& StartMenu::look() {
     static const Look l = [] {
         Look out;
         const VyIniSettings ini(VyResources::path("style/mainview.ini"));
-        out.background = colourOr(ini, "StartMenu/Background", out.background);
-        out.border = colourOr(ini, "StartMenu/Border/Color", out.border);
+        out.background = UiLook::colourOr(ini, "StartMenu/Background", out.background);
+        out.border = UiLook::colourOr(ini, "StartMenu/Border/Color", out.border);
         if (ini.intValue("StartMenu/Border/Width") > 0)
             out.borderWidth = ini.intValue("StartMenu/Border/Width");
-        out.splitter = colourOr(ini, "StartMenu/Spliter/Color", out.splitter);
+        out.splitter = UiLook::colourOr(ini, "StartMenu/Spliter/Color", out.splitter);
         if (ini.intValue("StartMenu/Spliter/Width") > 0)
             out.splitterWidth = ini.intValue("StartMenu/Spliter/Width");
         const char* const states[4] = {"Normal", "Focus", "Hover", "Disabled"};
         for (int s = 0; s < 4; ++s) {
             const VyString item = VyString("StartMenu/Item/") + states[s];
-            out.itemBackground[s] = colourOr(ini, item + "Background", out.itemBackground[s]);
-            out.itemForeground[s] = colourOr(ini, item + "Foreground", out.itemForeground[s]);
-            out.itemBorder[s] = colourOr(ini, item + "BorderColor", out.itemBorder[s]);
+            out.itemBackground[s] =
+                UiLook::colourOr(ini, item + "Background", out.itemBackground[s]);
+            out.itemForeground[s] =
+                UiLook::colourOr(ini, item + "Foreground", out.itemForeground[s]);
+            out.itemBorder[s] = UiLook::colourOr(ini, item + "BorderColor", out.itemBorder[s]);
         }
         if (ini.intValue("StartMenu/Item/BorderWidth") > 0)
             out.itemBorderWidth = ini.intValue("StartMenu/Item/BorderWidth");

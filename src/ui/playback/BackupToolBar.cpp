@@ -12,24 +12,13 @@
 
 #include <algorithm>
 
-namespace {
-
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
-} // namespace
-
 BackupToolBar::BackupToolBar(VyWidget* parent)
     : VyWidget(parent) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     const VyString s = className() + "/";
-    m_background = colourOr(ini, s + "Background", m_background);
-    m_border = colourOr(ini, s + "Border", m_border);
-    m_marker = colourOr(ini, s + "Clip/Marker", m_marker);
+    m_background = UiLook::colourOr(ini, s + "Background", m_background);
+    m_border = UiLook::colourOr(ini, s + "Border", m_border);
+    m_marker = UiLook::colourOr(ini, s + "Clip/Marker", m_marker);
     m_clip = new VyLabel(this);
     m_progress = new VyProgressBar(this);
     m_cancel = new VyPushButton(this);

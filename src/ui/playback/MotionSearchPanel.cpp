@@ -14,13 +14,6 @@
 
 namespace {
 
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
 constexpr int kPadDesign = 12;
 constexpr int kButtonDesign = 38;
 
@@ -30,10 +23,10 @@ MotionSearchPanel::MotionSearchPanel(VyWidget* parent)
     : VyWidget(parent) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     const VyString s = VyString("MoSearchPanel/");
-    m_background = colourOr(ini, s + "Background", m_background);
-    m_line = colourOr(ini, s + "Grid/Line", m_line);
-    m_selected = colourOr(ini, s + "Grid/Selected", m_selected);
-    m_border = colourOr(ini, s + "Border", m_border);
+    m_background = UiLook::colourOr(ini, s + "Background", m_background);
+    m_line = UiLook::colourOr(ini, s + "Grid/Line", m_line);
+    m_selected = UiLook::colourOr(ini, s + "Grid/Selected", m_selected);
+    m_border = UiLook::colourOr(ini, s + "Border", m_border);
     m_search = new VyPushButton(this);
     m_search->show();
     connect(m_search, &m_search->clicked, this, VY_SLOT(MotionSearchPanel, onSearchClicked));

@@ -12,13 +12,6 @@
 
 namespace {
 
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
 // The colour a segment shows on the time bar under every filter: the last of its regions
 // in the fill order.
 vyargb segmentColour(uint32_t types) {
@@ -38,11 +31,11 @@ PlaybackDetailsPanel::PlaybackDetailsPanel(VyWidget* parent)
     : VyWidget(parent) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     const VyString s = className() + "/";
-    m_background = colourOr(ini, s + "Background", m_background);
-    m_border = colourOr(ini, s + "Border", m_border);
-    m_title = colourOr(ini, s + "Title/Foreground", m_title);
-    m_text = colourOr(ini, s + "Text/Foreground", m_text);
-    m_rowSelected = colourOr(ini, s + "Row/Selected", m_rowSelected);
+    m_background = UiLook::colourOr(ini, s + "Background", m_background);
+    m_border = UiLook::colourOr(ini, s + "Border", m_border);
+    m_title = UiLook::colourOr(ini, s + "Title/Foreground", m_title);
+    m_text = UiLook::colourOr(ini, s + "Text/Foreground", m_text);
+    m_rowSelected = UiLook::colourOr(ini, s + "Row/Selected", m_rowSelected);
 }
 
 void PlaybackDetailsPanel::setChannel(const RecordChannel& channel) {

@@ -7,26 +7,15 @@
 #include "ui/UiLook.h"
 #include "ui/playback/PlaybackSplit.h"
 
-namespace {
-
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
-} // namespace
-
 PlaybackScreen::PlaybackScreen(VyWidget* parent)
     : VyWidget(parent) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     const VyString s = className() + "/";
-    m_background = colourOr(ini, s + "Background", m_background);
-    m_border = colourOr(ini, s + "Border/Normal", m_border);
-    m_borderSelected = colourOr(ini, s + "Border/Selected", m_borderSelected);
-    m_noVideo = colourOr(ini, s + "NoVideo/Foreground", m_noVideo);
-    m_timeColour = colourOr(ini, s + "Time/Foreground", m_timeColour);
+    m_background = UiLook::colourOr(ini, s + "Background", m_background);
+    m_border = UiLook::colourOr(ini, s + "Border/Normal", m_border);
+    m_borderSelected = UiLook::colourOr(ini, s + "Border/Selected", m_borderSelected);
+    m_noVideo = UiLook::colourOr(ini, s + "NoVideo/Foreground", m_noVideo);
+    m_timeColour = UiLook::colourOr(ini, s + "Time/Foreground", m_timeColour);
 }
 
 void PlaybackScreen::setChannels(const std::vector<int>& channels) {

@@ -15,13 +15,6 @@
 
 namespace {
 
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
 constexpr int kPadDesign = 12;
 constexpr int kRowDesign = 34; // a channel or filter row
 
@@ -32,8 +25,8 @@ PlaybackSearchPanel::PlaybackSearchPanel(int deviceChannels, VyWidget* parent)
     , m_date(VyDate::currentDate()) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     const VyString s = className() + "/";
-    m_background = colourOr(ini, s + "Background", m_background);
-    m_border = colourOr(ini, s + "Border", m_border);
+    m_background = UiLook::colourOr(ini, s + "Background", m_background);
+    m_border = UiLook::colourOr(ini, s + "Border", m_border);
 
     m_calendar = new VyCalendarWidget(this);
     m_calendar->setToday(m_date);

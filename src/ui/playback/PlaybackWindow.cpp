@@ -56,13 +56,6 @@ const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-pictures.png",
 };
 
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
-}
-
 VyString speedText(int step) {
     if (step >= 0)
         return VyString::number(1 << step) + "x";
@@ -75,9 +68,9 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     : VyWidget(parent, Window) {
     const VyIniSettings ini(VyResources::path(kStyleFile));
     const VyString s = VyString("Playback/");
-    m_background = colourOr(ini, s + "Background", m_background);
-    m_controlBar = colourOr(ini, s + "ControlBar/Background", m_controlBar);
-    m_controlBorder = colourOr(ini, s + "ControlBar/Border", m_controlBorder);
+    m_background = UiLook::colourOr(ini, s + "Background", m_background);
+    m_controlBar = UiLook::colourOr(ini, s + "ControlBar/Background", m_controlBar);
+    m_controlBorder = UiLook::colourOr(ini, s + "ControlBar/Border", m_controlBorder);
 
     m_session = new PlaybackSession(this);
     m_screen = new PlaybackScreen(this);

@@ -1,4 +1,5 @@
 #include "ui/playback/RecordTimeBar.h"
+#include "ui/UiLook.h"
 
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
@@ -18,13 +19,6 @@ float screenScale(bool horizontal) {
     if (screen == nullptr)
         return 1.0f;
     return horizontal ? screen->horizontalScale() : screen->verticalScale();
-}
-
-vyargb colourOr(const VyIniSettings& ini, const VyString& key, vyargb fallback) {
-    if (ini.value(key).isEmpty())
-        return fallback;
-    const VyColor c = ini.color(key);
-    return c.isValid() ? c.argb() : fallback;
 }
 
 } // namespace
@@ -49,17 +43,18 @@ void RecordTimeBar::loadLook() {
     // gives the background when the bar's sheet lacks one.
     const VyString section = className() + "/";
     const VyIniSettings widget(VyResources::path(kWidgetStyleFile));
-    m_look.background = colourOr(widget, "UiWidget/Background", m_look.background);
+    m_look.background = UiLook::colourOr(widget, "UiWidget/Background", m_look.background);
     const VyIniSettings ini(VyResources::path(kStyleFile));
-    m_look.background = colourOr(ini, section + "Background", m_look.background);
-    m_look.trackBackground = colourOr(ini, section + "Track/Background", m_look.trackBackground);
-    m_look.border = colourOr(ini, section + "Border", m_look.border);
-    m_look.majorTick = colourOr(ini, section + "Tick/Major", m_look.majorTick);
-    m_look.minorTick = colourOr(ini, section + "Tick/Minor", m_look.minorTick);
-    m_look.text = colourOr(ini, section + "Text/Foreground", m_look.text);
-    m_look.cursor = colourOr(ini, section + "Cursor", m_look.cursor);
-    m_look.channelText = colourOr(ini, section + "Channel/Foreground", m_look.channelText);
-    m_look.highlight = colourOr(ini, section + "Highlight", m_look.highlight);
+    m_look.background = UiLook::colourOr(ini, section + "Background", m_look.background);
+    m_look.trackBackground =
+        UiLook::colourOr(ini, section + "Track/Background", m_look.trackBackground);
+    m_look.border = UiLook::colourOr(ini, section + "Border", m_look.border);
+    m_look.majorTick = UiLook::colourOr(ini, section + "Tick/Major", m_look.majorTick);
+    m_look.minorTick = UiLook::colourOr(ini, section + "Tick/Minor", m_look.minorTick);
+    m_look.text = UiLook::colourOr(ini, section + "Text/Foreground", m_look.text);
+    m_look.cursor = UiLook::colourOr(ini, section + "Cursor", m_look.cursor);
+    m_look.channelText = UiLook::colourOr(ini, section + "Channel/Foreground", m_look.channelText);
+    m_look.highlight = UiLook::colourOr(ini, section + "Highlight", m_look.highlight);
 }
 
 void RecordTimeBar::updateMetrics() {
