@@ -19,10 +19,14 @@ namespace {
 constexpr int kSecondMs = 1000; // one countdown step on the device
 } // namespace
 
-WindowShell::WindowShell() = default;
+WindowShell::WindowShell() {
+    ShellActions::install(this);
+}
 
 WindowShell::~WindowShell() {
     closeAll();
+    if (ShellActions::instance() == this)
+        ShellActions::install(nullptr);
 }
 
 void WindowShell::forgetClosed() {
@@ -56,6 +60,30 @@ void WindowShell::openSettings() {
         m_settings = std::make_unique<SettingsManager>();
     m_settings->openWindow();
     VY_GUI_LOG("settings window opened\n");
+}
+
+void WindowShell::openPlayback(int channel, int64_t atSeconds) {
+    VY_GUI_LOG("playback of channel %d at %lld not available\n", channel, (long long)atSeconds);
+}
+
+void WindowShell::openBackup() {
+    VY_GUI_LOG("backup not available\n");
+}
+
+void WindowShell::openUserMenu() {
+    VY_GUI_LOG("user menu not available\n");
+}
+
+void WindowShell::toggleLock() {
+    VY_GUI_LOG("screen lock not available\n");
+}
+
+void WindowShell::openShutdown() {
+    VY_GUI_LOG("shutdown not available\n");
+}
+
+void WindowShell::openAnalytics() {
+    VY_GUI_LOG("analytics not available\n");
 }
 
 void WindowShell::showMessage(uint32_t textId) {

@@ -3,6 +3,7 @@
 // confirmation dialog and the start-up wizard. Each action also leaves one log line, the
 // trace a field engineer reads.
 #include "model/UiShell.h"
+#include "ui/ShellActions.h"
 
 #include "toolkit/core/VyPointer.h"
 
@@ -14,7 +15,7 @@ class MainViewWindow;
 class SettingsManager;
 class VyWidget;
 
-class WindowShell : public UiShell {
+class WindowShell : public UiShell, public ShellActions {
 public:
     WindowShell();
     ~WindowShell() override;
@@ -28,8 +29,16 @@ public:
     // Shortens the dialogs' countdowns by this factor (test runs); 1 on the device.
     void setTimeScale(double scale) { m_timeScale = scale > 0 ? scale : 1.0; }
     MainViewWindow* mainView() const { return m_mainView.get(); }
-    // Opens the settings window (the start menu's entry); the manager lives with the shell.
-    void openSettings();
+    // The screens the main view opens (ShellActions). Installed as the instance while the
+    // shell lives.
+    void openPlayback(int channel, int64_t atSeconds) override;
+    // The manager of the settings window lives with the shell.
+    void openSettings() override;
+    void openBackup() override;
+    void openUserMenu() override;
+    void toggleLock() override;
+    void openShutdown() override;
+    void openAnalytics() override;
     SettingsManager* settings() const { return m_settings.get(); }
     // Dialogs shown and not yet dismissed (they delete themselves when dismissed).
     int openDialogCount() const;

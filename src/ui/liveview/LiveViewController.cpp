@@ -13,6 +13,7 @@
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "ui/ShellActions.h"
 #include "ui/liveview/ImageButton.h"
 #include "ui/liveview/LiveViewProfile.h"
 #include "ui/liveview/MainViewTaskBar.h"
@@ -302,6 +303,7 @@ void LiveViewController::onTaskBarButton() {
     switch (m_taskBar->lastButton()) {
     case MainViewTaskBar::Start: {
         auto menu = std::make_unique<StartMenu>(VyString("admin"), true);
+        connect(menu.get(), &menu->chosen, this, VY_SLOT(LiveViewController, onStartMenuChosen));
         popupMenu(std::move(menu), m_taskBar->button(MainViewTaskBar::Start));
         break;
     }
@@ -322,6 +324,36 @@ void LiveViewController::onTaskBarButton() {
         popupMenu(std::make_unique<PlayMenu>(false), m_taskBar->button(MainViewTaskBar::Sequence));
         break;
     default:
+        break;
+    }
+}
+
+void LiveViewController::onStartMenuChosen() {
+    auto* menu = dynamic_cast<StartMenu*>(m_menu.get());
+    ShellActions* shell = ShellActions::instance();
+    if (menu == nullptr || shell == nullptr)
+        return;
+    const StartMenu::Entry entry = menu->chosenEntry();
+    // The menu closes before the screen it chose opens over the main view.
+    menu->hide();
+    switch (entry) {
+    case StartMenu::User:
+        shell->openUserMenu();
+        break;
+    case StartMenu::Search:
+        shell->openPlayback(-1, 0);
+        break;
+    case StartMenu::Backup:
+        shell->openBackup();
+        break;
+    case StartMenu::Settings:
+        shell->openSettings();
+        break;
+    case StartMenu::Lock:
+        shell->toggleLock();
+        break;
+    case StartMenu::Shutdown:
+        shell->openShutdown();
         break;
     }
 }

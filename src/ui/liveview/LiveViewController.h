@@ -50,6 +50,7 @@ public:
     void onSequenceStep();
     void onToolBarAction();
     void onTaskBarButton();
+    void onStartMenuChosen();
     void onSnapshot();
     void onNetworkStatus();
     void onRightClick();

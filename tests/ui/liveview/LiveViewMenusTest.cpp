@@ -3,6 +3,9 @@
 // and of the video screen.
 #include "LiveViewTestApp.h"
 
+#include "ui/ShellActions.h"
+#include "ui/liveview/LiveViewController.h"
+#include "ui/liveview/MainViewTaskBar.h"
 #include "ui/liveview/MoreLayoutMenu.h"
 #include "ui/liveview/PlayMenu.h"
 #include "ui/liveview/ScreanLayoutMenu.h"
@@ -24,7 +27,42 @@ protected:
     }
 };
 
+// Records which screen the main view asked for.
+class RecordingShell : public ShellActions {
+public:
+    void openPlayback(int channel, int64_t) override {
+        asked.push_back("playback " + std::to_string(channel));
+    }
+    void openSettings() override { asked.push_back("settings"); }
+    void openBackup() override { asked.push_back("backup"); }
+    void openUserMenu() override { asked.push_back("user"); }
+    void toggleLock() override { asked.push_back("lock"); }
+    void openShutdown() override { asked.push_back("shutdown"); }
+    void openAnalytics() override { asked.push_back("analytics"); }
+    std::vector<std::string> asked;
+};
+
 } // namespace
+
+TEST_F(LiveViewMenusTest, StartMenuEntriesOpenTheirScreensThroughTheShell) {
+    open(4);
+    RecordingShell shell;
+    ShellActions* previous = ShellActions::instance();
+    ShellActions::install(&shell);
+    // Rows: user, separator, search, backup, settings, separator, lock, shutdown.
+    for (int row : {0, 2, 3, 4, 6, 7}) {
+        EXPECT_TRUE(window->taskBar()->keyAction(74));
+        settle();
+        auto* menu = dynamic_cast<VyMenu*>(window->controller()->openMenu());
+        ASSERT_NE(menu, nullptr);
+        menu->setHighlighted(row);
+        menu->keyActivate();
+        settle();
+    }
+    ShellActions::install(previous);
+    EXPECT_EQ(shell.asked, (std::vector<std::string>{"user", "playback -1", "backup", "settings",
+                                                     "lock", "shutdown"}));
+}
 
 TEST_F(LiveViewMenusTest, LayoutMenusOfferTheCountListAndTheChoiceIsApplied) {
     open(16);
