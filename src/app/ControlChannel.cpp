@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <malloc.h>
 #include <pthread.h>
 #include <string>
 #include <unistd.h>
@@ -125,11 +126,15 @@ VyString ControlChannel::stateText() const {
         windows += window->owner()->className().c_str();
     }
     const VyWidget* focus = app->focusWidget();
-    char buffer[160];
-    std::snprintf(buffer, sizeof buffer, " modal=%d focus=%s queue=%d peak=%d",
+    // The heap in use beside what the allocator holds from the system: a soak whose resident
+    // memory grows tells from these whether objects pile up or freed memory is kept.
+    const struct mallinfo2 heap = mallinfo2();
+    char buffer[224];
+    std::snprintf(buffer, sizeof buffer, " modal=%d focus=%s queue=%d peak=%d heap=%zu held=%zu",
                   static_cast<int>(app->modalStack().size()),
                   focus != nullptr ? focus->className().c_str() : "none",
-                  app->postedEvents()->size(), app->postedEvents()->peakWaiting());
+                  app->postedEvents()->size(), app->postedEvents()->peakWaiting(),
+                  (heap.uordblks + heap.hblkhd) / 1024, (heap.arena + heap.hblkhd) / 1024);
     return VyString(
         ("windows=" + (windows.empty() ? std::string("none") : windows) + buffer).c_str());
 }

@@ -43,15 +43,19 @@ struct GuiState {
     int modal = 0;
     int queue = 0;
     int peak = 0;
+    long heapKb = -1; // in use; -1 when the GUI does not say (a sanitizer's allocator)
+    long heldKb = -1; // taken from the system
 };
 
 bool parseState(const std::string& line, GuiState* out) {
     char windows[1024];
     char focus[128];
     GuiState s;
-    if (std::sscanf(line.c_str(),
-                    "state: seq=%u windows=%1023s modal=%d focus=%127s queue=%d peak=%d", &s.seq,
-                    windows, &s.modal, focus, &s.queue, &s.peak) != 6)
+    const int fields = std::sscanf(
+        line.c_str(),
+        "state: seq=%u windows=%1023s modal=%d focus=%127s queue=%d peak=%d heap=%ld held=%ld",
+        &s.seq, windows, &s.modal, focus, &s.queue, &s.peak, &s.heapKb, &s.heldKb);
+    if (fields < 6)
         return false;
     s.windows = windows;
     *out = s;
@@ -345,6 +349,9 @@ bool SoakDriver::checkpoint(bool warmUpEnds) {
     }
     m_report.finalKb = anon;
     m_report.finalRssKb = rss;
+    if (std::getenv("VY_SOAK_TRACE") != nullptr)
+        std::printf("vy-soak: step %d anon %ld kB heap %ld kB held %ld kB windows %s\n", m_step,
+                    anon, state.heapKb, state.heldKb, state.windows.c_str());
     return true;
 }
 

@@ -287,6 +287,8 @@ VyRect VyScreenCursor::clippedArea(VyPoint topLeft) const {
         .intersected(VyRect(0, 0, m_screenWidth, m_screenHeight));
 }
 
+// Only the image's ink runs were drawn over, so only they are put back: an arrow covers
+// well under half of its square, and a move then writes that much less.
 void VyScreenCursor::restore() {
     if (!m_saved || !m_base)
         return;
@@ -294,16 +296,26 @@ void VyScreenCursor::restore() {
     if (r.isEmpty())
         return;
     m_touched = m_touched.united(r);
-    // Locals, so that the loop reloads nothing from the object after each store.
-    const int width = r.width();
+    const int w = m_saveWidth;
+    const int first = r.left - m_savedAt.x; // visible image columns first .. last
+    const int last = r.right - m_savedAt.x;
     const size_t pitch = static_cast<size_t>(m_lineLength) / sizeof(uint16_t);
+    const std::pair<int, int>* runs = m_runs.data();
+    const int* rowRuns = m_rowRuns.data();
+    // Both at the image's column 0 of the first visible row.
     uint16_t* line =
-        reinterpret_cast<uint16_t*>(m_base) + static_cast<size_t>(r.top) * pitch + r.left;
-    const uint16_t* saved = m_saveUnder.data() +
-                            static_cast<size_t>(r.top - m_savedAt.y) * m_saveWidth +
-                            (r.left - m_savedAt.x);
-    for (int y = r.top; y <= r.bottom; ++y, line += pitch, saved += m_saveWidth)
-        copyPixels(line, saved, width);
+        reinterpret_cast<uint16_t*>(m_base) + static_cast<size_t>(r.top) * pitch + r.left - first;
+    const size_t firstRow = static_cast<size_t>(r.top - m_savedAt.y);
+    const uint16_t* saved = m_saveUnder.data() + firstRow * w;
+    for (int iy = int(firstRow); iy <= r.bottom - m_savedAt.y; ++iy, line += pitch, saved += w) {
+        const int runEnd = rowRuns[iy + 1];
+        for (int i = rowRuns[iy]; i < runEnd; ++i) {
+            const int from = std::max(runs[i].first, first);
+            const int to = std::min(runs[i].first + runs[i].second - 1, last);
+            if (from <= to)
+                copyPixels(line + from, saved + from, to - from + 1);
+        }
+    }
 }
 
 bool VyScreenCursor::wholeOnScreen(VyPoint topLeft) const {
@@ -330,11 +342,14 @@ bool VyScreenCursor::jumpWhole(VyPoint to) {
     const std::pair<int, int>* runs = m_runs.data();
     const int* rowRuns = m_rowRuns.data();
     for (int iy = 0; iy < h; ++iy, oldLine += pitch, newLine += pitch, saved += w, ink += w) {
-        copyPixels(oldLine, saved, w);
-        copyPixels(saved, newLine, w);
         const int runEnd = rowRuns[iy + 1];
-        for (int i = rowRuns[iy]; i < runEnd; ++i)
-            copyPixels(newLine + runs[i].first, ink + runs[i].first, runs[i].second);
+        for (int i = rowRuns[iy]; i < runEnd; ++i) {
+            const int x = runs[i].first;
+            const int n = runs[i].second;
+            copyPixels(oldLine + x, saved + x, n);
+            copyPixels(saved + x, newLine + x, n);
+            copyPixels(newLine + x, ink + x, n);
+        }
     }
     m_touched = m_touched.united(VyRect(from, VySize(w, h))).united(VyRect(to, VySize(w, h)));
     m_savedAt = to;
@@ -351,8 +366,9 @@ void VyScreenCursor::prepareSaveUnder() {
     }
 }
 
-// One pass per row: the pixels under the image are saved, then its ink runs written over
-// them while the row is still in the cache.
+// One pass per row: the pixels under each ink run are saved, then the run written over them
+// while the row is still in the cache. Pixels the image leaves transparent are neither saved
+// nor restored.
 void VyScreenCursor::saveAndDraw(VyPoint topLeft) {
     if (m_image.isNull() || !m_base)
         return;
@@ -367,7 +383,6 @@ void VyScreenCursor::saveAndDraw(VyPoint topLeft) {
     const int w = m_saveWidth;
     const int first = r.left - topLeft.x; // visible image columns first .. last
     const int last = r.right - topLeft.x;
-    const int width = r.width();
     const size_t pitch = static_cast<size_t>(m_lineLength) / sizeof(uint16_t);
     const std::pair<int, int>* runs = m_runs.data();
     const int* rowRuns = m_rowRuns.data();
@@ -379,13 +394,14 @@ void VyScreenCursor::saveAndDraw(VyPoint topLeft) {
     const uint16_t* ink = m_ink.data() + firstRow * w + first;
     for (int iy = int(firstRow); iy <= r.bottom - topLeft.y;
          ++iy, line += pitch, saved += w, ink += w) {
-        copyPixels(saved, line, width);
         const int runEnd = rowRuns[iy + 1];
         for (int i = rowRuns[iy]; i < runEnd; ++i) {
             const int from = std::max(runs[i].first, first);
             const int to = std::min(runs[i].first + runs[i].second - 1, last);
-            if (from <= to)
-                copyPixels(line + (from - first), ink + (from - first), to - from + 1);
+            if (from > to)
+                continue;
+            copyPixels(saved + (from - first), line + (from - first), to - from + 1);
+            copyPixels(line + (from - first), ink + (from - first), to - from + 1);
         }
     }
 }
