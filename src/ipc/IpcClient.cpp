@@ -184,6 +184,8 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
                 VY_IPC_LOG("client connect error,exit thread\n");
                 break;
             }
+            if (needConnect)
+                retryWaiters();
             if (!m_connected.load()) {
                 std::lock_guard<std::mutex> lock(m_stateMutex);
                 m_connected.store(true);

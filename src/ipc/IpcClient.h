@@ -147,6 +147,10 @@ private:
     // From the dispatch thread the event joins the batch's outbox; from the GUI thread
     // (messages a blocking request held back) it is posted at once.
     void waiterDeliver(IpcMsgBlock block, bool fromDispatchThread = false);
+    // After a reconnect: every request waiting in a nested loop went out on the old
+    // connection, and its answer with it; each loop is ended without a reply, so the
+    // request is sent again on the new one.
+    void retryWaiters();
     void postToReceiver(VyObject* receiver, IpcMsgBlock block, bool batched);
     void flushPosts();
 

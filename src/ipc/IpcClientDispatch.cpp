@@ -99,6 +99,18 @@ void IpcClient::waiterDeliver(IpcMsgBlock block, bool fromDispatchThread) {
     postToReceiver(receiver, std::move(block), fromDispatchThread);
 }
 
+void IpcClient::retryWaiters() {
+    std::lock_guard<std::mutex> lock(m_waiterMutex);
+    for (auto& entry : m_waiters) {
+        IpcReplyWaiter* waiter = entry.second;
+        if (waiter->isMatched())
+            continue;          // its answer is already on the way to it
+        waiter->markMatched(); // an answer from the old connection is no longer awaited
+        // An IPC event without a block: the waiter ends its loop with no reply.
+        VyApplication::postEvent(waiter, std::make_unique<CEvent>(UiEventType::IpcMessage));
+    }
+}
+
 void IpcClient::postToReceiver(VyObject* receiver, IpcMsgBlock block, bool batched) {
     auto event = std::make_unique<CEvent>(UiEventType::IpcMessage);
     event->setData(VyEventData(block.release(), &std::free));

@@ -5,7 +5,9 @@
 
 void IpcReplyWaiter::customEvent(VyEvent* e) {
     auto* ce = static_cast<CEvent*>(e);
-    m_reply.reset(static_cast<uint8_t*>(ce->takeData().release()));
+    // Without a block it is the reconnect's retry: a reply that came first is kept.
+    if (auto* block = static_cast<uint8_t*>(ce->takeData().release()))
+        m_reply.reset(block);
     e->accept();
     m_loop->quit();
 }

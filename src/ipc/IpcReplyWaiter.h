@@ -25,6 +25,7 @@ public:
     }
     void setSeqNumber(uint32_t seq) { m_seqNumber = seq; }
     void markMatched() { m_matched = true; }
+    bool isMatched() const { return m_matched; }
 
     IpcMsgBlock takeReply() { return std::move(m_reply); }
 

@@ -6,6 +6,7 @@
 //
 // It lives from start-up to process end and is never deleted. Everything here runs on the
 // GUI thread: App's messages reach it only as posted IPC events.
+#include "model/ChangeCoalescer.h"
 #include "model/GeneralSettingsLanguageStore.h"
 #include "runtime/VyDate.h"
 #include "runtime/VyMap.h"
@@ -152,6 +153,7 @@ private:
     void handleParameter(CEvent* e, const IpcMsgHeader& h, const uint8_t* body);
     void handleTimeZone(const IpcMsgHeader& h, const uint8_t* body);
     void reactToParameterChange(uint32_t blockNumber);
+    void react(uint32_t blockNumber);
     void forward(CEvent* e, VyObject* target, int uiEventType, int param = 0);
     void reply(uint16_t subType);
     void showMessage(MessageId id);
@@ -177,6 +179,7 @@ private:
     int m_tickTimerId = 0;
     int m_delayedStartMs = 0;
     int m_droppedCount = 0;
+    ChangeCoalescer m_changes; // block reactions, one at a time
     uint32_t m_networkStatus = 0;
     uint32_t m_timeZoneValue = 0;
     int m_dateFormatIndex = 0;

@@ -212,6 +212,12 @@ void UiManager::handleTimeZone(const IpcMsgHeader& h, const uint8_t* body) {
 }
 
 void UiManager::reactToParameterChange(uint32_t blockNumber) {
+    if (UiRouteTable::reactionForBlock(blockNumber).kind == ParamReactionKind::None)
+        return;
+    m_changes.run(blockNumber, [this](uint32_t number) { react(number); });
+}
+
+void UiManager::react(uint32_t blockNumber) {
     const ParamReaction r = UiRouteTable::reactionForBlock(blockNumber);
     switch (r.kind) {
     case ParamReactionKind::None:

@@ -169,6 +169,29 @@ TEST_F(IpcClientEvents, WaiterModeRequestLetsOtherEventsFlowWhileItWaits) {
     EXPECT_EQ(app->screen()->cursor()->shape(), VyScreenCursor::Arrow);
 }
 
+TEST_F(IpcClientEvents, WaiterModeRequestIsSentAgainAfterAppDropsTheConnection) {
+    // App reads the get and goes away before answering; the GUI reconnects, and the get it
+    // still waits for must go out again, or the nested loop would wait for ever.
+    client.setWaiterMode(true);
+    peerThread = std::thread([this] {
+        IpcMsgHeader h;
+        std::vector<uint8_t> body;
+        if (!peer.readMessage(h, body))
+            return;
+        peer.closeClient();
+        if (!peer.accept() || !peer.readMessage(h, body))
+            return;
+        peer.writeMessage(h.MainType, h.SubType, h.seqNumber, 0, {7, 7});
+    });
+    testing::internal::CaptureStderr(); // the reconnect's lines
+    std::vector<uint8_t> out;
+    const uint8_t get[12] = {12, 0, 0, 0, 96, 1, 0, 0, 0, 1, 0, 0};
+    const bool answered = client.request(out, 600, 0, get, sizeof get);
+    testing::internal::GetCapturedStderr();
+    ASSERT_TRUE(answered);
+    EXPECT_EQ(out, (std::vector<uint8_t>{7, 7}));
+}
+
 TEST_F(IpcClientEvents, WaiterModeRequestGivesUpWhenTheApplicationQuits) {
     // App never answers; the process is told to stop while the request waits.
     client.setWaiterMode(true);

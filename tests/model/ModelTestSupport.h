@@ -20,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -43,6 +44,8 @@ public:
         const auto* p = static_cast<const uint8_t*>(body);
         requests.push_back({mainType, subType, std::vector<uint8_t>(p, p + (p ? len : 0))});
         reply.clear();
+        if (whileWaiting)
+            whileWaiting(); // what the nested loop handles while App has not answered yet
         if (mainType == MainType::Param && subType == ParamSubType::Access) {
             auto req = ParamRequest::decode(p, len);
             if (req && blocks.count(req->blockNumber))
@@ -78,6 +81,7 @@ public:
     }
 
     std::vector<SentMessage> sent;
+    std::function<void()> whileWaiting;
     std::vector<SentMessage> requests;
     std::map<uint32_t, std::vector<uint8_t>> blocks;
     std::vector<uint8_t> systemInfo;

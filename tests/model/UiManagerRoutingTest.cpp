@@ -12,6 +12,7 @@
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -271,6 +272,32 @@ TEST_F(UiManagerTest, ParameterChangedReactsThenForwardsToSettings) {
     EXPECT_EQ(param1.received.size(), 1u);
     EXPECT_EQ(param1.received[0].type, 1015);
     EXPECT_EQ(param2.received[0].type, 1016);
+}
+
+TEST_F(UiManagerTest, AStormOfChangeNoticesDuringAGetIsReadOnceAfterItNotNested) {
+    build();
+    const uint32_t block21 = 21;
+    int depth = 0, deepest = 0, storms = 3;
+    link.whileWaiting = [&] {
+        deepest = std::max(deepest, ++depth);
+        if (storms-- > 0) {
+            // App changes the block again and again while the GUI waits for it.
+            GeneralSettingsBlock changed = general;
+            changed.dateFormat = uint8_t(storms == 0 ? 2 : 1);
+            link.store(changed);
+            for (int i = 0; i < 20; ++i)
+                VyApplication::postEvent(manager.get(),
+                                         makeIpcEvent(600, 0, 0, &block21, sizeof block21));
+            app()->processPostedEvents();
+        }
+        --depth;
+    };
+    const int before = link.paramGets(21);
+    deliver(600, 0, 0, &block21, sizeof block21);
+    EXPECT_EQ(deepest, 1);
+    // The first get, then one for each storm that came while the one before it waited.
+    EXPECT_EQ(link.paramGets(21) - before, 4);
+    EXPECT_EQ(manager->dateFormat(), "dd/MM/yyyy"); // the last value App stored
 }
 
 TEST_F(UiManagerTest, ParameterChangedWithoutBlockNumberIsDropped) {

@@ -4,6 +4,7 @@
 #include "protocol/PreviewRecord.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyRegion.h"
+#include "toolkit/core/VyDrag.h"
 #include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
 #include "ui/UiLook.h"

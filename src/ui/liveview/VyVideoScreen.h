@@ -14,10 +14,12 @@
 #include "ui/liveview/VideoScreenBase.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "ui/liveview/MainViewVideo.h"
 class VideoToolBar;
+class VyDrag;
 class VyVideoScreenLayout;
 struct PreviewRecord;
 
@@ -144,6 +146,7 @@ private:
     // Drag.
     VyPoint m_pressPos;
     bool m_dragging = false;
+    std::unique_ptr<VyDrag> m_drag; // the last drag of a cell, finished or not
     bool m_inFront = true;
     bool m_dealt = false;
 };

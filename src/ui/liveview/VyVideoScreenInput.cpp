@@ -63,15 +63,17 @@ void VyVideoScreen::cellMoved(int buttons, Video* cell, VyPoint pos) {
 }
 
 void VyVideoScreen::startDrag(MainViewVideo* cell) {
+    // A drag is a plain object, which a deferred delete leaves alone: the screen keeps the
+    // last one until the next begins or the screen goes, so at most one is ever held.
+    m_drag.reset();
     m_dragging = true;
-    auto* drag = new VyDrag(this);
+    m_drag = std::make_unique<VyDrag>();
     const VyString position = VyString::number(positionOf(cell));
-    drag->setMimeData(
+    m_drag->setMimeData(
         VyMimeData(VyString(kDragType), VyByteArray(position.c_str(), int(position.size()))));
-    drag->setImage(VyStyle::instance()->image(VyString(kDragImage)));
-    connect(drag, &drag->finished, drag, VY_SLOT(VyObject, deleteLater));
-    if (!drag->start(VyDropEvent::MoveAction))
-        delete drag;
+    m_drag->setImage(VyStyle::instance()->image(VyString(kDragImage)));
+    if (!m_drag->start(VyDropEvent::MoveAction))
+        m_drag.reset();
 }
 
 void VyVideoScreen::dragEnterEvent(VyDragEnterEvent* e) {

@@ -143,6 +143,16 @@ void SettingsManager::setCurrentPage(SettingsPage* page) {
         ui->setReceiver(UiEventType::ParamChanged, page != nullptr ? this : nullptr);
 }
 
+bool SettingsManager::pageHolds(uint32_t number) const {
+    if (!m_page)
+        return false;
+    SettingsBlockSet& set = m_page->blocks();
+    for (int i = 0; i < set.count(); ++i)
+        if (set.block(i).number == number)
+            return true;
+    return false;
+}
+
 void SettingsManager::customEvent(VyEvent* e) {
     if (e->type() != UiEventType::ParamChanged)
         return;
@@ -153,6 +163,11 @@ void SettingsManager::customEvent(VyEvent* e) {
     const IpcMsgHeader h = ipcDecodeHeader(block);
     if (h.dataLen < 4)
         return;
-    if (m_page->parameterChanged(ByteOrder::loadLe32(block + kIpcHeaderSize)))
-        ++m_refreshes;
+    const uint32_t number = ByteOrder::loadLe32(block + kIpcHeaderSize);
+    if (!pageHolds(number))
+        return;
+    m_changes.run(number, [this](uint32_t changed) {
+        if (m_page && m_page->parameterChanged(changed))
+            ++m_refreshes;
+    });
 }

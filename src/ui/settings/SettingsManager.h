@@ -4,6 +4,7 @@
 // without FTP no FTP page, ...). While a page is open the manager holds the UiManager's
 // "parameter changed" slot (event 1028) and hands each change to that page, so a page open
 // here follows what another client (or another page) wrote.
+#include "model/ChangeCoalescer.h"
 #include "toolkit/core/VyObject.h"
 #include "toolkit/core/VyPointer.h"
 
@@ -52,7 +53,11 @@ protected:
     void customEvent(VyEvent* e) override;
 
 private:
+    // Whether the open page shows block `number`.
+    bool pageHolds(uint32_t number) const;
+
     VyPointer<SettingsPage> m_page;
+    ChangeCoalescer m_changes;          // a page refreshes one changed block at a time
     VyPointer<SettingsWindow> m_window; // top-level, deletes itself when closed
     int m_refreshes = 0;
 };

@@ -144,11 +144,19 @@ TEST_F(VyVideoScreenTest, DraggingACellOntoAnotherSwapsTheChannelsAndSavesTheOrd
     screen()->setLayout(kLayout4);
     const VyPoint from = centreOf(cellAtPosition(0));
     const VyPoint to = centreOf(cellAtPosition(3));
-    pointer(from.x, from.y, 1);
-    for (int step = 1; step <= 10; ++step)
-        pointer(from.x + (to.x - from.x) * step / 10, from.y + (to.y - from.y) * step / 10, 1);
-    pointer(to.x, to.y, 0);
-    settle();
+    auto dragCell = [&](VyPoint a, VyPoint b) {
+        pointer(a.x, a.y, 1);
+        for (int step = 1; step <= 10; ++step)
+            pointer(a.x + (b.x - a.x) * step / 10, a.y + (b.y - a.y) * step / 10, 1);
+        pointer(b.x, b.y, 0);
+        settle();
+    };
+    const size_t objects = screen()->children().size();
+    // Back and forth: each drag is a fresh object, and none may outlive the next one.
+    for (int i = 0; i < 4; ++i)
+        dragCell(i % 2 == 0 ? from : to, i % 2 == 0 ? to : from);
+    EXPECT_EQ(screen()->children().size(), objects);
+    dragCell(from, to);
     EXPECT_EQ(shownChannels(), (std::vector<int>{3, 1, 2, 0}));
     EXPECT_EQ(manager->channelOrder()[0], 3);
     EXPECT_EQ(manager->channelOrder()[3], 0);
