@@ -1,0 +1,105 @@
+#include "ui/users/ScreenLockWindow.h"
+
+#include "model/UserAccess.h"
+#include "runtime/VyLog.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/events/VyMouseEvent.h"
+#include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/style/VyStyle.h"
+#include "ui/UiLook.h"
+
+#include <algorithm>
+
+namespace {
+// Design metrics, pixels at 1920x1080.
+constexpr int kNoticeWidth = 760;
+constexpr int kNoticeHeight = 72;
+constexpr int kNoticeBottomGap = 140; // clear of the task bar
+constexpr int kIconPx = 40;
+constexpr int kPadding = 16;
+} // namespace
+
+ScreenLockWindow::ScreenLockWindow(UserAccess* access)
+    : CWidget(nullptr, Window)
+    , m_access(access) {
+    if (VyApplication* app = VyApplication::instance(); app != nullptr && app->screen())
+        setGeometry(0, 0, app->screen()->width(), app->screen()->height());
+    if (access != nullptr)
+        connect(access, &access->lockChanged, this, VY_SLOT(ScreenLockWindow, followLock));
+    followLock();
+}
+
+void ScreenLockWindow::followLock() {
+    const bool locked = m_access && m_access->isScreenLocked();
+    setVisible(locked);
+    if (locked) {
+        raise();
+        setFocus();
+    }
+}
+
+void ScreenLockWindow::requestUnlock() {
+    ++m_requests;
+    VY_GUI_LOG("screen unlock asked for\n");
+    // The login runs its own loop: this window may be hidden (unlocked) when it returns.
+    if (m_access)
+        m_access->unlockScreen();
+}
+
+bool ScreenLockWindow::keyActivate() {
+    requestUnlock();
+    return true;
+}
+
+void ScreenLockWindow::keyPressEvent(VyKeyEvent* e) {
+    if (e->key() == VyKeyEvent::KeyEscape) {
+        e->accept();
+        requestUnlock();
+        return;
+    }
+    CWidget::keyPressEvent(e);
+}
+
+void ScreenLockWindow::mousePressEvent(VyMouseEvent* e) {
+    e->accept();
+    requestUnlock();
+}
+
+VyRect ScreenLockWindow::noticeRect() const {
+    const int w = std::min(width(), UiLook::scaledX(kNoticeWidth));
+    const int h = UiLook::scaledY(kNoticeHeight);
+    return VyRect((width() - w) / 2, height() - UiLook::scaledY(kNoticeBottomGap) - h, w, h);
+}
+
+void ScreenLockWindow::paintEvent(VyPaintEvent*) {
+    VyCanvas* c = canvas();
+    if (c == nullptr)
+        return;
+    const UiLook& look = UiLook::instance();
+    // Transparent: the video plane shows through, as it does through the live cells.
+    c->fillRect(rect(), 0x00000000);
+    const VyRect notice = noticeRect();
+    c->fillRect(notice, look.dialogBackground);
+    c->setPenWidth(std::max(1, UiLook::scaledX(look.dialogBorderWidth)));
+    c->drawRect(notice, look.dialogBorder);
+    c->setPenWidth(1);
+    const int pad = UiLook::scaledX(kPadding);
+    const int icon = UiLook::scaledY(kIconPx);
+    const float scale = VyApplication::instance() && VyApplication::instance()->screen()
+                            ? VyApplication::instance()->screen()->horizontalScale()
+                            : 1.0f;
+    const VyBitmap image = VyStyle::instance()->imageForScale("images/locked.png", scale);
+    if (!image.isNull())
+        c->drawImage(
+            VyRect(notice.left + pad, notice.top + (notice.height() - icon) / 2, icon, icon),
+            image);
+    const int textLeft = notice.left + 2 * pad + icon;
+    c->drawText(VyRect(textLeft, notice.top, notice.right - pad - textLeft, notice.height()),
+                VyCanvas::AlignLeft | VyCanvas::AlignVCenter,
+                VyTranslation::tr(TextId::User::ScreenLocked), look.fontPixelSize(),
+                look.textForeground);
+}
