@@ -171,32 +171,6 @@ void UserAccess::logout() {
     emitSignal(this, &userChanged);
 }
 
-bool UserAccess::may(uint32_t function, int channel) const {
-    return !m_locked && granted(function, channel);
-}
-
-bool UserAccess::granted(uint32_t function, int channel) const {
-    if (function == 0)
-        return false;
-    if (!m_loginRequired)
-        return true;
-    if (!m_loggedIn)
-        return false;
-    const UserRights& r = m_current.rights;
-    if ((r.functions & function) != function)
-        return false;
-    if (channel < 0 || m_current.admin)
-        return true;
-    if (channel >= UserRights::kMaxChannels)
-        return false;
-    const uint64_t bit = uint64_t(1) << channel;
-    if (function == UserRights::kLiveView)
-        return (r.liveChannels & bit) != 0;
-    if (function == UserRights::kPlayback)
-        return (r.playbackChannels & bit) != 0;
-    return true;
-}
-
 bool UserAccess::ensure(uint32_t function, int channel) {
     if (!m_listFetched)
         refreshUsers();

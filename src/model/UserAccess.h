@@ -78,7 +78,10 @@ public:
     // Whether the function (a UserRights bit) may be used now: by anybody while App needs no
     // login, else by the user logged in; for live view and playback with a channel (0-based)
     // also whether that channel is theirs. Nothing may while the screen is locked.
-    bool may(uint32_t function, int channel = -1) const;
+    // Inline: the screens ask it for every cell and control they draw.
+    bool may(uint32_t function, int channel = -1) const {
+        return !m_locked && granted(function, channel);
+    }
     // For a protected action: may(), and when not, the login prompt once, then may() for
     // whoever logged in. Logged on refusal.
     bool ensure(uint32_t function, int channel = -1);
@@ -120,7 +123,27 @@ public:
 private:
     void setLocked(bool on);
     // may() without the lock.
-    bool granted(uint32_t function, int channel) const;
+    bool granted(uint32_t function, int channel) const {
+        if (function == 0)
+            return false;
+        if (!m_loginRequired)
+            return true;
+        if (!m_loggedIn)
+            return false;
+        const UserRights& r = m_current.rights;
+        if ((r.functions & function) != function)
+            return false;
+        if (channel < 0 || m_current.admin)
+            return true;
+        if (channel >= UserRights::kMaxChannels)
+            return false;
+        const uint64_t bit = uint64_t(1) << channel;
+        if (function == UserRights::kLiveView)
+            return (r.liveChannels & bit) != 0;
+        if (function == UserRights::kPlayback)
+            return (r.playbackChannels & bit) != 0;
+        return true;
+    }
     EditResult edit(uint16_t subType, const char* what, const VyString& name,
                     const VyString& secret, const VyString& newSecret, bool admin,
                     const UserRights& rights);

@@ -26,8 +26,14 @@ constexpr int kPadding = 16;
 ScreenLockWindow::ScreenLockWindow(UserAccess* access)
     : CWidget(nullptr, Window)
     , m_access(access) {
-    if (VyApplication* app = VyApplication::instance(); app != nullptr && app->screen())
-        setGeometry(0, 0, app->screen()->width(), app->screen()->height());
+    setAttribute(Modal);
+    if (VyApplication* app = VyApplication::instance(); app != nullptr && app->screen()) {
+        const int sw = app->screen()->width();
+        const int sh = app->screen()->height();
+        const int w = std::min(sw, UiLook::scaledX(kNoticeWidth));
+        const int h = UiLook::scaledY(kNoticeHeight);
+        setGeometry((sw - w) / 2, sh - UiLook::scaledY(kNoticeBottomGap) - h, w, h);
+    }
     if (access != nullptr)
         connect(access, &access->lockChanged, this, VY_SLOT(ScreenLockWindow, followLock));
     followLock();
@@ -69,20 +75,12 @@ void ScreenLockWindow::mousePressEvent(VyMouseEvent* e) {
     requestUnlock();
 }
 
-VyRect ScreenLockWindow::noticeRect() const {
-    const int w = std::min(width(), UiLook::scaledX(kNoticeWidth));
-    const int h = UiLook::scaledY(kNoticeHeight);
-    return VyRect((width() - w) / 2, height() - UiLook::scaledY(kNoticeBottomGap) - h, w, h);
-}
-
 void ScreenLockWindow::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
     if (c == nullptr)
         return;
     const UiLook& look = UiLook::instance();
-    // Transparent: the video plane shows through, as it does through the live cells.
-    c->fillRect(rect(), 0x00000000);
-    const VyRect notice = noticeRect();
+    const VyRect notice = rect();
     c->fillRect(notice, look.dialogBackground);
     c->setPenWidth(std::max(1, UiLook::scaledX(look.dialogBorderWidth)));
     c->drawRect(notice, look.dialogBorder);

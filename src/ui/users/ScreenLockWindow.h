@@ -1,9 +1,9 @@
 #pragma once
-// The screen lock: a full-screen window over the main view that paints nothing but a small
-// notice, so the live pictures keep running behind it, and catches every mouse press. While
-// the screen is locked the key manager lets only the two escape keys through; either of
-// them, or a click, asks for a login, which unlocks. The window follows the user access
-// model's lock: it shows itself when the screen locks and hides when it unlocks.
+// The screen lock: a small modal notice over the main view, so the live view keeps running
+// around it while no other window takes the mouse. While the screen is locked the key
+// manager lets only the two escape keys through; either of them, or a click on the notice,
+// asks for a login, which unlocks. The window follows the user access model's lock: it
+// shows itself when the screen locks and hides when it unlocks.
 #include "runtime/VyString.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/widgets/CWidget.h"
@@ -20,8 +20,6 @@ public:
     bool keyActivate() override;
     // Asks for the login that unlocks.
     void requestUnlock();
-    // The notice's frame, in window coordinates.
-    VyRect noticeRect() const;
     int unlockRequests() const { return m_requests; }
 
 protected:

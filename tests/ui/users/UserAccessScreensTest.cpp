@@ -8,12 +8,18 @@
 #include "toolkit/events/DvrKeyEvent.h"
 #include "toolkit/input/VyKeyManager.h"
 #include "toolkit/style/VyStyle.h"
+#include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/widgets/VyListWidget.h"
+#include "toolkit/widgets/VyPushButton.h"
 #include "ui/WindowShell.h"
 #include "ui/liveview/StartMenu.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
 #include "ui/settings/SettingsWindow.h"
 #include "ui/users/ScreenLockWindow.h"
+#include "ui/users/UserEditDialog.h"
+#include "ui/users/UsersPage.h"
 
 #include <cstdlib>
 #include <memory>
@@ -200,4 +206,42 @@ TEST_F(UserAccessScreensTest, EverythingAUserMayNotDoIsGreyedAndAChannelNotTheir
     for (auto e : {StartMenu::Search, StartMenu::Backup, StartMenu::Settings, StartMenu::Shutdown})
         EXPECT_TRUE(menu.isEntryEnabled(e)) << e;
     EXPECT_TRUE(access.offers(UserRights::kLiveView, 1));
+}
+
+TEST_F(UserAccessScreensTest, UsersPageShowsEachUsersRightsAndKeepsTheAdministratorsFixed) {
+    UserRights oper;
+    oper.functions = UserRights::kPlayback | UserRights::kSettingsRecord;
+    oper.liveChannels = 0b10;
+    oper.playbackChannels = 0b01;
+    link.entries[1].rights = oper;
+    UsersPage page;
+    page.setGeometry(0, 0, 960, 400);
+    page.show();
+    page.open();
+    ASSERT_EQ(page.userList()->count(), 2);
+    EXPECT_EQ(page.userList()->itemText(0).toStdString(), "admin (Administrator)");
+
+    page.userList()->setCurrentRow(0);
+    EXPECT_FALSE(page.deleteButton()->isEnabled());
+    EXPECT_FALSE(page.saveRightsButton()->isEnabled());
+    for (size_t i = 0; i < UsersPage::functionBits().size(); ++i)
+        EXPECT_FALSE(page.functionBox(int(i))->isEnabled()) << i;
+
+    page.userList()->setCurrentRow(1);
+    settle();
+    shot("userspage.png");
+    EXPECT_TRUE(page.deleteButton()->isEnabled());
+    EXPECT_EQ(page.shownRights().functions, oper.functions);
+    EXPECT_EQ(page.shownRights().liveChannels, oper.liveChannels);
+    EXPECT_EQ(page.shownRights().playbackChannels, oper.playbackChannels);
+
+    UserEditDialog dialog(&access, UserEditDialog::ChangePassword, "oper");
+    dialog.show();
+    dialog.newPasswordEdit()->setText("abc");
+    dialog.confirmEdit()->setText("abd");
+    dialog.submit();
+    settle();
+    shot("usereditdialog.png");
+    EXPECT_EQ(dialog.message().toStdString(), "The new passwords do not match.");
+    EXPECT_TRUE(link.requests.empty() || link.requests.back().subType == UserSubType::List);
 }
