@@ -91,7 +91,7 @@ protected:
     }
     // The dialogs the page opens from now on: an account dialog is filled by `fill` and
     // submitted once (what it then says is kept), a question is answered Yes.
-    void answerDialogs(std::function<void(UserEditDialog&)> fill) {
+    void answerDialogs(const std::function<void(UserEditDialog&)>& fill) {
         lastMessage.clear();
         page->setDialogRunner([this, fill](VyDialog& d) {
             if (auto* box = dynamic_cast<VyMessageBox*>(&d)) {

@@ -144,7 +144,11 @@ const UserAccess::User* UsersPage::chosenUser() const {
 
 void UsersPage::userChosen() {
     const UserAccess::User* u = chosenUser();
-    const bool editable = u != nullptr && !u->admin;
+    // Accounts are the administrator's to manage; anybody may change their own password.
+    const UserAccess::User* me = m_access != nullptr ? m_access->currentUser() : nullptr;
+    const bool manager = m_access != nullptr && (!m_access->loginRequired() || (me && me->admin));
+    const bool self = u != nullptr && me != nullptr && me->name == u->name;
+    const bool editable = u != nullptr && !u->admin && manager;
     const UserRights rights = u != nullptr ? u->rights : UserRights();
     const auto& bits = functionBits();
     for (size_t i = 0; i < bits.size(); ++i) {
@@ -157,7 +161,8 @@ void UsersPage::userChosen() {
                         static_cast<VyWidget*>(m_saveRights), static_cast<VyWidget*>(m_delete)})
         w->setEnabled(editable);
     for (VyWidget* w : {m_password, m_pattern, m_clearPattern})
-        w->setEnabled(u != nullptr);
+        w->setEnabled(u != nullptr && (manager || self));
+    m_add->setEnabled(manager);
     update();
 }
 

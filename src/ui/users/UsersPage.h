@@ -3,8 +3,9 @@
 // delete, password, unlock pattern) and the rights of the user chosen: a box per function
 // and, for live view and playback, a box per channel. Each change goes to App at once
 // (the accounts are App's, not a parameter block), so the window's Apply has nothing to
-// send here. The administrator keeps every right and cannot be deleted: those controls
-// are greyed while it is chosen.
+// send here. Only the administrator (or anybody, while App asks for no login) manages the
+// accounts; another user may change their own password and pattern. The administrator
+// keeps every right and cannot be deleted: those controls are greyed while it is chosen.
 #include "model/UserAccess.h"
 #include "ui/settings/SettingsPage.h"
 
