@@ -16,7 +16,7 @@
 
 namespace {
 // Design metrics, pixels at 1920x1080.
-constexpr int kNoticeWidth = 760;
+constexpr int kNoticeWidth = 1100;
 constexpr int kNoticeHeight = 72;
 constexpr int kNoticeBottomGap = 140; // clear of the task bar
 constexpr int kIconPx = 40;

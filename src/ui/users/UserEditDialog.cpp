@@ -18,7 +18,7 @@ namespace {
 // Design metrics, pixels at 1920x1080.
 constexpr int kMargin = 24;
 constexpr int kRowHeight = 40;
-constexpr int kLabelWidth = 220;
+constexpr int kLabelWidth = 300;
 constexpr int kButtonWidth = 140;
 constexpr int kButtonGap = 20;
 constexpr int kPatternSide = 260;
