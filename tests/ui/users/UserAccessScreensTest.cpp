@@ -14,6 +14,7 @@
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/WindowShell.h"
 #include "ui/liveview/StartMenu.h"
+#include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
 #include "ui/settings/SettingsWindow.h"
@@ -59,7 +60,7 @@ protected:
     void logIn(bool admin, uint32_t functions) {
         UserRights r;
         r.functions = functions;
-        r.liveChannels = 1; // channel 1 only
+        r.liveChannels = r.playbackChannels = 1; // channel 1 only
         link.answerOk(admin, r);
         ASSERT_EQ(access.login(admin ? "admin" : "oper", "12345").outcome,
                   UserAccess::Outcome::LoggedIn);
@@ -197,6 +198,12 @@ TEST_F(UserAccessScreensTest, EverythingAUserMayNotDoIsGreyedAndAChannelNotTheir
                 << "category " << tile->category() << " rights " << functions;
         EXPECT_EQ(access.offers(UserRights::kLiveView, 0), functions == UserRights::kLiveView);
         EXPECT_FALSE(access.offers(UserRights::kLiveView, 1));
+        PlaybackSearchPanel search(4);
+        for (int ch = 0; ch < 4; ++ch)
+            search.setChannelChecked(ch, true);
+        const std::vector<int> playable =
+            functions == UserRights::kPlayback ? std::vector<int>{0} : std::vector<int>{};
+        EXPECT_EQ(search.checkedChannels(), playable) << functions;
         access.logout();
     }
     logIn(true, 0);
