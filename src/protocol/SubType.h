@@ -94,5 +94,11 @@ namespace UserSubType {
 constexpr uint16_t Login = 0;  // request: UserLoginRequest -> UserLoginAnswer
 constexpr uint16_t Logout = 1; // GUI -> App, no body: the user logged in is gone
 constexpr uint16_t List = 2;   // request, no body -> UserListHeader + UserListEntry list
+// Account changes, each a request: UserEditRequest -> UserEditAnswer.
+constexpr uint16_t Add = 3;            // name, password (secret), admin, rights
+constexpr uint16_t Delete = 4;         // name
+constexpr uint16_t ChangePassword = 5; // name, old password (secret), new one (newSecret)
+constexpr uint16_t SetRights = 6;      // name, rights
+constexpr uint16_t SetPattern = 7;     // name, password (secret), pattern (newSecret; empty clears)
 
 } // namespace UserSubType

@@ -3,20 +3,37 @@
 #include "model/MainViewManager.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
+#include "model/UserAccess.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/widgets/VyMessageBox.h"
 #include "ui/MainViewWindow.h"
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
 #include "ui/settings/SettingsManager.h"
+#include "ui/users/ScreenLockWindow.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
 constexpr int kSecondMs = 1000; // one countdown step on the device
+
+WindowShell::UserMenuChoice askUserAction(const VyString& name) {
+    VyMessageBox box(VyMessageBox::Question, VyTranslation::tr(TextId::User::LoggedInAs).arg(name),
+                     VyMessageBox::Cancel);
+    box.addButton(TextId::User::LogOut, WindowShell::LogOut);
+    box.addButton(TextId::User::SwitchUser, WindowShell::SwitchUser);
+    box.setEscapeResult(WindowShell::KeepUser);
+    const int answer = box.exec();
+    return answer == WindowShell::LogOut || answer == WindowShell::SwitchUser
+               ? WindowShell::UserMenuChoice(answer)
+               : WindowShell::KeepUser;
+}
+
 } // namespace
 
 WindowShell::WindowShell() {
@@ -52,6 +69,7 @@ void WindowShell::closeAll() {
         delete w->data();
     m_open.clear();
     m_settings.reset();
+    m_lockWindow.reset();
     m_mainView.reset();
 }
 
@@ -71,11 +89,40 @@ void WindowShell::openBackup() {
 }
 
 void WindowShell::openUserMenu() {
-    VY_GUI_LOG("user menu not available\n");
+    UserAccess* access = UserAccess::instance();
+    if (access == nullptr) {
+        VY_GUI_LOG("user menu: no user access\n");
+        return;
+    }
+    const UserAccess::User* user = access->currentUser();
+    if (user == nullptr) {
+        access->promptLogin();
+        return;
+    }
+    const VyString name = user->name;
+    const UserMenuChoice choice =
+        m_chooseUserAction ? m_chooseUserAction(name) : askUserAction(name);
+    if (choice == LogOut) {
+        access->logout();
+    } else if (choice == SwitchUser) {
+        // The one logged in stays until somebody else gets in.
+        access->promptLogin();
+    }
 }
 
 void WindowShell::toggleLock() {
-    VY_GUI_LOG("screen lock not available\n");
+    UserAccess* access = UserAccess::instance();
+    if (access == nullptr) {
+        VY_GUI_LOG("screen lock: no user access\n");
+        return;
+    }
+    if (access->isScreenLocked()) {
+        access->unlockScreen();
+        return;
+    }
+    if (!m_lockWindow)
+        m_lockWindow = std::make_unique<ScreenLockWindow>(access);
+    access->lockScreen();
 }
 
 void WindowShell::openShutdown() {

@@ -5,13 +5,17 @@
 #include "model/UiShell.h"
 #include "ui/ShellActions.h"
 
+#include "runtime/VyString.h"
+
 #include "toolkit/core/VyPointer.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
 
 class MainViewWindow;
+class ScreenLockWindow;
 class SettingsManager;
 class VyWidget;
 
@@ -40,6 +44,14 @@ public:
     void openShutdown() override;
     void openAnalytics() override;
     SettingsManager* settings() const { return m_settings.get(); }
+    // What the user entry offers a logged-in user.
+    // Apart from the message box's own button results (1, 2, 4, 8).
+    enum UserMenuChoice { KeepUser = 0, LogOut = 16, SwitchUser = 32 };
+    // Asks which (a message box by default; tests answer it themselves).
+    using UserMenuChooser = std::function<UserMenuChoice(const VyString& userName)>;
+    void setUserMenuChooser(UserMenuChooser chooser) { m_chooseUserAction = std::move(chooser); }
+    // Made at the first lock; shows itself while the screen is locked.
+    ScreenLockWindow* lockWindow() const { return m_lockWindow.get(); }
     // Dialogs shown and not yet dismissed (they delete themselves when dismissed).
     int openDialogCount() const;
     // Deletes every window still open; start-up calls it after the loop, before the
@@ -50,8 +62,10 @@ private:
     void keep(VyWidget* dialog);
     void forgetClosed();
 
-    std::unique_ptr<MainViewWindow> m_mainView;  // top-level: no parent owns it
-    std::unique_ptr<SettingsManager> m_settings; // made on first use; owns its window
+    std::unique_ptr<MainViewWindow> m_mainView;     // top-level: no parent owns it
+    std::unique_ptr<SettingsManager> m_settings;    // made on first use; owns its window
+    std::unique_ptr<ScreenLockWindow> m_lockWindow; // top-level: no parent owns it
+    UserMenuChooser m_chooseUserAction;
     // The self-deleting dialogs still open: not owned while open, since each deletes
     // itself when dismissed; whatever is left at the end goes with the shell's windows.
     std::vector<VyPointer<VyWidget>> m_open;

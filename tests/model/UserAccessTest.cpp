@@ -1,9 +1,13 @@
 #include "UserLinkDouble.h"
 
 #include "model/UserAccess.h"
+#include "protocol/UserEditRequest.h"
 #include "toolkit/input/VyKeyManager.h"
 
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
 
 namespace {
 
@@ -141,4 +145,82 @@ TEST_F(UserAccessTest, LockedScreenRestrictsKeysUntilALoginAndNothingMayMeanwhil
     }
     // A model that goes while locked leaves no restriction behind.
     EXPECT_FALSE(VyKeyManager::keyRestriction());
+}
+
+TEST_F(UserAccessTest, AccountChangesCarryTheirFieldsAndEveryAnswerBecomesAnOutcome) {
+    UserAccess access;
+    link.editAnswer.result = UserEditAnswer::kOk;
+    ASSERT_EQ(access.changePassword("oper", "old-1", "new-2").outcome,
+              UserAccess::EditOutcome::Done);
+    ASSERT_EQ(link.requests.size(), 2u); // the change, then the list again
+    EXPECT_EQ(link.requests[0].subType, UserSubType::ChangePassword);
+    UserEditRequest sent;
+    ASSERT_EQ(link.requests[0].body.size(), sizeof sent);
+    std::memcpy(&sent, link.requests[0].body.data(), sizeof sent);
+    EXPECT_STREQ(sent.name, "oper");
+    EXPECT_STREQ(sent.secret, "old-1");
+    EXPECT_STREQ(sent.newSecret, "new-2");
+    EXPECT_EQ(link.requests[1].subType, UserSubType::List);
+
+    // A field that does not fit goes nowhere.
+    link.requests.clear();
+    EXPECT_EQ(access.addUser("guest", VyString(std::string(32, 'x')), UserRights()).outcome,
+              UserAccess::EditOutcome::TooLong);
+    EXPECT_EQ(access.deleteUser(VyString(std::string(40, 'n'))).outcome,
+              UserAccess::EditOutcome::TooLong);
+    EXPECT_TRUE(link.requests.empty());
+
+    using O = UserAccess::EditOutcome;
+    const struct {
+        uint32_t result;
+        uint32_t lockSeconds;
+        size_t replySize;
+        O outcome;
+        int shownSeconds;
+    } cases[] = {
+        {UserEditAnswer::kExists, 0, 8, O::Exists, 0},
+        {UserEditAnswer::kFull, 0, 8, O::Full, 0},
+        {UserEditAnswer::kWrongPassword, 0, 8, O::WrongPassword, 0},
+        {UserEditAnswer::kLocked, 120, 8, O::Locked, 120},
+        {UserEditAnswer::kLocked, 4000000000u, 8, O::Locked, 24 * 60 * 60},
+        {UserEditAnswer::kRefused, 0, 8, O::Refused, 0},
+        {UserEditAnswer::kUnknownUser, 0, 8, O::UnknownUser, 0},
+        {UserEditAnswer::kMalformed, 0, 8, O::NoAnswer, 0},
+        {99, 0, 8, O::NoAnswer, 0},
+        {UserEditAnswer::kOk, 0, 4, O::NoAnswer, 0},  // short
+        {UserEditAnswer::kOk, 0, 12, O::NoAnswer, 0}, // long
+    };
+    for (const auto& c : cases) {
+        link.editAnswer.result = c.result;
+        link.editAnswer.lockSeconds = c.lockSeconds;
+        link.editReplySize = c.replySize;
+        const UserAccess::EditResult r = access.setPattern("oper", "pw", "1235");
+        EXPECT_EQ(r.outcome, c.outcome) << c.result << " in " << c.replySize;
+        EXPECT_EQ(r.lockSeconds, c.shownSeconds) << c.result;
+    }
+}
+
+TEST_F(UserAccessTest, OwnRightsFollowAtOnceAndDeletingTheUserLoggedInLogsThemOut) {
+    UserAccess access;
+    link.addEntry("oper", false, operatorRights());
+    link.answerOk(false, operatorRights());
+    ASSERT_EQ(access.login("oper", "12345").outcome, UserAccess::Outcome::LoggedIn);
+    link.editAnswer.result = UserEditAnswer::kOk;
+    UserRights fewer;
+    fewer.functions = UserRights::kLiveView;
+    fewer.liveChannels = 1;
+    ASSERT_EQ(access.setRights("oper", fewer).outcome, UserAccess::EditOutcome::Done);
+    EXPECT_FALSE(access.may(UserRights::kPlayback, 0));
+    EXPECT_FALSE(access.offers(UserRights::kSettingsRecord));
+    EXPECT_TRUE(access.may(UserRights::kLiveView, 0));
+    EXPECT_FALSE(access.may(UserRights::kLiveView, 2));
+
+    // Another user's rights leave ours alone; deleting another leaves us in.
+    ASSERT_EQ(access.setRights("admin", UserRights()).outcome, UserAccess::EditOutcome::Done);
+    EXPECT_TRUE(access.may(UserRights::kLiveView, 0));
+    ASSERT_EQ(access.deleteUser("someone").outcome, UserAccess::EditOutcome::Done);
+    EXPECT_TRUE(access.isLoggedIn());
+    ASSERT_EQ(access.deleteUser("oper").outcome, UserAccess::EditOutcome::Done);
+    EXPECT_FALSE(access.isLoggedIn());
+    EXPECT_EQ(link.sends.back().subType, UserSubType::Logout);
 }

@@ -4,6 +4,7 @@
 #include "model/RecorderLink.h"
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
+#include "protocol/UserEditAnswer.h"
 #include "protocol/UserListEntry.h"
 #include "protocol/UserLoginAnswer.h"
 #include "protocol/UserLoginRequest.h"
@@ -49,6 +50,9 @@ public:
                 a.result = UserLoginAnswer::kWrongSecret;
             reply.resize(replySize);
             std::memcpy(reply.data(), &a, std::min(replySize, sizeof a));
+        } else if (subType >= UserSubType::Add && subType <= UserSubType::SetPattern) {
+            reply.resize(editReplySize);
+            std::memcpy(reply.data(), &editAnswer, std::min(editReplySize, sizeof editAnswer));
         }
     }
     void setWaiterMode(bool) override {}
@@ -80,4 +84,6 @@ public:
     UserLoginAnswer answer;
     std::string password = "12345";
     size_t replySize = sizeof(UserLoginAnswer);
+    UserEditAnswer editAnswer; // the answer to every account change
+    size_t editReplySize = sizeof(UserEditAnswer);
 };

@@ -1,9 +1,11 @@
 #include "SimUsers.h"
 #include "SimSha256.h"
+#include "protocol/SubType.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -101,4 +103,70 @@ TEST(SimUsers, PatternIsCheckedAgainstItsOwnHashAndCountsTowardsTheLock) {
     // The password is not a pattern, and a user without a pattern has none that fits.
     EXPECT_EQ(users.login(pattern(SimUsers::kAdminName, SimUsers::kAdminPassword)).wrongCount, 1u);
     EXPECT_EQ(users.login(pattern(SimUsers::kUserName, "")).result, UserLoginAnswer::kWrongSecret);
+}
+
+TEST(SimUsers, AccountChangesKeepHashesCheckTheOldPasswordAndRefuseWhatTheyMust) {
+    long long now = 5000000;
+    SimUsers users([&] { return now; });
+    users.addDefaultUsers();
+    auto edit = [](const char* name, const char* secret, const char* newSecret) {
+        UserEditRequest r;
+        std::strcpy(r.name, name);
+        std::strcpy(r.secret, secret);
+        std::strcpy(r.newSecret, newSecret);
+        return r;
+    };
+    UserEditRequest add = edit("guest", "first", "");
+    add.rights.functions = UserRights::kPlayback;
+    EXPECT_EQ(users.edit(UserSubType::Add, add).result, UserEditAnswer::kOk);
+    EXPECT_EQ(users.edit(UserSubType::Add, add).result, UserEditAnswer::kExists);
+    SimUsers::Account guest;
+    ASSERT_TRUE(users.account("guest", &guest));
+    EXPECT_NE(guest.hash, simSha256("first", 5));
+    EXPECT_EQ(guest.rights.functions, UserRights::kPlayback);
+
+    EXPECT_EQ(users.edit(UserSubType::ChangePassword, edit("guest", "wrong", "second")).result,
+              UserEditAnswer::kWrongPassword);
+    EXPECT_EQ(users.edit(UserSubType::ChangePassword, edit("guest", "first", "second")).result,
+              UserEditAnswer::kOk);
+    EXPECT_EQ(users.login(request("guest", "first")).result, UserLoginAnswer::kWrongSecret);
+    EXPECT_EQ(users.login(request("guest", "second")).result, UserLoginAnswer::kOk);
+
+    // A pattern needs the password; an empty one clears it.
+    auto byPattern = [&](const char* dots) {
+        UserLoginRequest r;
+        r.fill("guest", 5, dots, std::strlen(dots), UserLoginRequest::kPattern);
+        return users.login(r).result;
+    };
+    EXPECT_EQ(users.edit(UserSubType::SetPattern, edit("guest", "first", "1478")).result,
+              UserEditAnswer::kWrongPassword);
+    EXPECT_EQ(users.edit(UserSubType::SetPattern, edit("guest", "second", "1478")).result,
+              UserEditAnswer::kOk);
+    EXPECT_EQ(byPattern("1478"), UserLoginAnswer::kOk);
+    EXPECT_EQ(users.edit(UserSubType::SetPattern, edit("guest", "second", "")).result,
+              UserEditAnswer::kOk);
+    EXPECT_EQ(byPattern("1478"), UserLoginAnswer::kWrongSecret);
+
+    // The administrator stays, with every right; fields without their zero are refused.
+    EXPECT_EQ(users.edit(UserSubType::Delete, edit(SimUsers::kAdminName, "", "")).result,
+              UserEditAnswer::kRefused);
+    EXPECT_EQ(users.edit(UserSubType::SetRights, edit(SimUsers::kAdminName, "", "")).result,
+              UserEditAnswer::kOk);
+    EXPECT_EQ(users.login(request(SimUsers::kAdminName, SimUsers::kAdminPassword)).rights.functions,
+              UserRights::kAllFunctions);
+    UserEditRequest broken = edit("guest", "", "");
+    std::memset(broken.newSecret, 'x', sizeof broken.newSecret);
+    EXPECT_EQ(users.edit(UserSubType::ChangePassword, broken).result, UserEditAnswer::kMalformed);
+    EXPECT_EQ(users.edit(UserSubType::Delete, edit("", "", "")).result, UserEditAnswer::kMalformed);
+    EXPECT_EQ(users.edit(UserSubType::Delete, edit("guest", "", "")).result, UserEditAnswer::kOk);
+    EXPECT_EQ(users.edit(UserSubType::Delete, edit("guest", "", "")).result,
+              UserEditAnswer::kUnknownUser);
+
+    // The list holds at most kMaxUsers.
+    for (uint32_t n = 2; n < UserListHeader::kMaxUsers; ++n)
+        ASSERT_EQ(
+            users.edit(UserSubType::Add, edit(("u" + std::to_string(n)).c_str(), "p", "")).result,
+            UserEditAnswer::kOk);
+    EXPECT_EQ(users.edit(UserSubType::Add, edit("one-more", "p", "")).result,
+              UserEditAnswer::kFull);
 }

@@ -107,49 +107,60 @@ UserLoginAnswer SimUsers::login(const UserLoginRequest& request) {
         answer.result = UserLoginAnswer::kMalformed;
         return answer;
     }
-    const size_t secretLen = std::strlen(request.secret);
-    const long long now = m_clock();
     std::lock_guard<std::mutex> lock(m_mutex);
-    Account* a = nullptr;
-    for (Account& each : m_accounts) {
-        if (each.name == name)
-            a = &each;
-    }
+    Account* a = find(name);
     if (a == nullptr) {
         answer.result = UserLoginAnswer::kUnknownUser;
         return answer;
     }
-    if (a->lockedUntilMs > now) {
-        answer.result = UserLoginAnswer::kLocked;
-        answer.wrongCount = a->wrongCount;
-        answer.lockSeconds = uint32_t((a->lockedUntilMs - now + kMsPerSecond - 1) / kMsPerSecond);
+    if (!checkSecret(*a, request.secret, request.method == UserLoginRequest::kPattern,
+                     &answer.wrongCount, &answer.lockSeconds)) {
+        answer.result =
+            answer.lockSeconds > 0 ? UserLoginAnswer::kLocked : UserLoginAnswer::kWrongSecret;
         return answer;
     }
-    if (a->lockedUntilMs != 0) { // the lock has run out: a fresh set of tries
-        a->lockedUntilMs = 0;
-        a->wrongCount = 0;
-    }
-    // A wrong pattern counts towards the lock like a wrong password; so does a pattern for a
-    // user who has none.
-    const bool pattern = request.method == UserLoginRequest::kPattern;
-    const SimDigest& stored = pattern ? a->patternHash : a->hash;
-    if ((pattern && !a->hasPattern) || hashOf(a->salt, request.secret, secretLen) != stored) {
-        answer.wrongCount = ++a->wrongCount;
-        answer.result = UserLoginAnswer::kWrongSecret;
-        if (a->wrongCount >= kMaxWrong) {
-            a->lockedUntilMs = now + kLockSeconds * kMsPerSecond;
-            answer.result = UserLoginAnswer::kLocked;
-            answer.lockSeconds = kLockSeconds;
-            simRecorderLog("sim: user %s locked for %u s", a->name.c_str(), kLockSeconds);
-        }
-        return answer;
-    }
-    a->wrongCount = 0;
     answer.result = UserLoginAnswer::kOk;
     answer.userId = a->id;
     answer.admin = a->admin ? 1 : 0;
     answer.rights = a->rights;
     return answer;
+}
+
+SimUsers::Account* SimUsers::find(const std::string& name) {
+    for (Account& each : m_accounts) {
+        if (each.name == name)
+            return &each;
+    }
+    return nullptr;
+}
+
+bool SimUsers::checkSecret(Account& a, const char* secret, bool pattern, uint32_t* wrongCount,
+                           uint32_t* lockSeconds) {
+    const long long now = m_clock();
+    *lockSeconds = 0;
+    if (a.lockedUntilMs > now) {
+        *wrongCount = a.wrongCount;
+        *lockSeconds = uint32_t((a.lockedUntilMs - now + kMsPerSecond - 1) / kMsPerSecond);
+        return false;
+    }
+    if (a.lockedUntilMs != 0) { // the lock has run out: a fresh set of tries
+        a.lockedUntilMs = 0;
+        a.wrongCount = 0;
+    }
+    // A wrong pattern counts towards the lock like a wrong password; so does a pattern for a
+    // user who has none.
+    const SimDigest& stored = pattern ? a.patternHash : a.hash;
+    if ((pattern && !a.hasPattern) || hashOf(a.salt, secret, std::strlen(secret)) != stored) {
+        *wrongCount = ++a.wrongCount;
+        if (a.wrongCount >= kMaxWrong) {
+            a.lockedUntilMs = now + kLockSeconds * kMsPerSecond;
+            *lockSeconds = kLockSeconds;
+            simRecorderLog("sim: user %s locked for %u s", a.name.c_str(), kLockSeconds);
+        }
+        return false;
+    }
+    a.wrongCount = 0;
+    return true;
 }
 
 std::vector<UserListEntry> SimUsers::list() const {
@@ -202,4 +213,5 @@ void SimUsers::attach(SimServer& server) {
     });
     server.addHandler(MainType::User, UserSubType::Logout,
                       [](SimServer&, const SimMessage&) { return true; });
+    attachEdits(server);
 }

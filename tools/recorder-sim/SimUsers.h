@@ -6,6 +6,8 @@
 //     SimUsers users;                  // "admin" and "user", see addDefaultUsers()
 //     users.attach(server);            // registers the MainType::User handlers
 #include "SimSha256.h"
+#include "protocol/UserEditAnswer.h"
+#include "protocol/UserEditRequest.h"
 #include "protocol/UserListEntry.h"
 #include "protocol/UserLoginAnswer.h"
 #include "protocol/UserLoginRequest.h"
@@ -53,7 +55,11 @@ public:
     void setLoginRequired(bool on) { m_loginRequired = on; }
 
     UserLoginAnswer login(const UserLoginRequest& request);
+    // An account change (UserSubType::Add .. SetPattern). A password it checks counts
+    // towards the lock like a login's.
+    UserEditAnswer edit(uint16_t subType, const UserEditRequest& request);
     std::vector<UserListEntry> list() const;
+    // Registers the MainType::User handlers, the account changes' included.
     void attach(SimServer& server);
 
     struct Account {
@@ -72,6 +78,13 @@ public:
     bool account(const std::string& name, Account* out) const;
 
 private:
+    // Under m_mutex: the account, or null.
+    Account* find(const std::string& name);
+    void attachEdits(SimServer& server);
+    // Under m_mutex: checks a password against the account's lock and wrong-try count, as a
+    // login does; fills `lockSeconds` when the account is (or now becomes) locked.
+    bool checkSecret(Account& a, const char* secret, bool pattern, uint32_t* wrongCount,
+                     uint32_t* lockSeconds);
     static SimDigest hashOf(const std::array<uint8_t, kSaltBytes>& salt, const char* secret,
                             size_t size);
 

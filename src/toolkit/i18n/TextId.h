@@ -214,15 +214,45 @@ constexpr uint32_t LanguageName32 = 105232;   // Українська
 constexpr uint32_t LanguageName33 = 105233;   // Slovenčina
 } // namespace Settings
 namespace User {
-constexpr uint32_t LoginTitle = 110000;      // Log in
-constexpr uint32_t UserName = 110001;        // User
-constexpr uint32_t Password = 110002;        // Password
-constexpr uint32_t WrongPassword = 110003;   // Wrong password. %1 tries left before this user is locked.
-constexpr uint32_t Locked = 110004;          // Too many wrong passwords. This user is locked for %1 seconds.
-constexpr uint32_t PasswordTooLong = 110005; // The password is too long.
-constexpr uint32_t LoginFailed = 110006;     // Login failed. Try again.
-constexpr uint32_t UnlockTitle = 110007;     // Unlock the screen
-constexpr uint32_t Pattern = 110008;         // Pattern
+constexpr uint32_t LoginTitle = 110000;       // Log in
+constexpr uint32_t UserName = 110001;         // User
+constexpr uint32_t Password = 110002;         // Password
+constexpr uint32_t WrongPassword = 110003;    // Wrong password. %1 tries left before this user is locked.
+constexpr uint32_t Locked = 110004;           // Too many wrong passwords. This user is locked for %1 seconds.
+constexpr uint32_t PasswordTooLong = 110005;  // The password is too long.
+constexpr uint32_t LoginFailed = 110006;      // Login failed. Try again.
+constexpr uint32_t UnlockTitle = 110007;      // Unlock the screen
+constexpr uint32_t Pattern = 110008;          // Pattern
+constexpr uint32_t LogIn = 110009;            // Log in
+constexpr uint32_t LoggedInAs = 110010;       // Logged in as %1.
+constexpr uint32_t LogOut = 110011;           // Log out
+constexpr uint32_t SwitchUser = 110012;       // Switch user
+constexpr uint32_t ScreenLocked = 110013;     // The screen is locked. Press Esc or click to unlock.
+constexpr uint32_t Users = 110014;            // Users
+constexpr uint32_t AddUser = 110015;          // Add user
+constexpr uint32_t DeleteUser = 110016;       // Delete user
+constexpr uint32_t ChangePassword = 110017;   // Change password
+constexpr uint32_t SetPattern = 110018;       // Set pattern
+constexpr uint32_t ClearPattern = 110019;     // Clear pattern
+constexpr uint32_t OldPassword = 110020;      // Old password
+constexpr uint32_t NewPassword = 110021;      // New password
+constexpr uint32_t ConfirmPassword = 110022;  // Confirm password
+constexpr uint32_t PasswordsDiffer = 110023;  // The new passwords do not match.
+constexpr uint32_t UserExists = 110024;       // A user with this name already exists.
+constexpr uint32_t UserListFull = 110025;     // No more users can be added.
+constexpr uint32_t CannotDelete = 110026;     // The administrator cannot be deleted.
+constexpr uint32_t DeleteQuestion = 110027;   // Delete user %1?
+constexpr uint32_t Administrator = 110028;    // Administrator
+constexpr uint32_t LiveChannels = 110029;     // Live view channels
+constexpr uint32_t PlaybackChannels = 110030; // Playback channels
+constexpr uint32_t SaveRights = 110031;       // Save rights
+constexpr uint32_t RightLiveView = 110032;    // Live view
+constexpr uint32_t RightPlayback = 110033;    // Playback
+constexpr uint32_t RightPtz = 110034;         // PTZ control
+constexpr uint32_t TooLong = 110035;          // The name or password is too long.
+constexpr uint32_t NameMissing = 110036;      // Enter a user name.
+constexpr uint32_t Changed = 110037;          // The change was saved.
+constexpr uint32_t WrongOldPassword = 110038; // The password is wrong.
 } // namespace User
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -428,6 +458,36 @@ constexpr uint32_t kAll[] = {
     User::LoginFailed,
     User::UnlockTitle,
     User::Pattern,
+    User::LogIn,
+    User::LoggedInAs,
+    User::LogOut,
+    User::SwitchUser,
+    User::ScreenLocked,
+    User::Users,
+    User::AddUser,
+    User::DeleteUser,
+    User::ChangePassword,
+    User::SetPattern,
+    User::ClearPattern,
+    User::OldPassword,
+    User::NewPassword,
+    User::ConfirmPassword,
+    User::PasswordsDiffer,
+    User::UserExists,
+    User::UserListFull,
+    User::CannotDelete,
+    User::DeleteQuestion,
+    User::Administrator,
+    User::LiveChannels,
+    User::PlaybackChannels,
+    User::SaveRights,
+    User::RightLiveView,
+    User::RightPlayback,
+    User::RightPtz,
+    User::TooLong,
+    User::NameMissing,
+    User::Changed,
+    User::WrongOldPassword,
 };
 } // namespace TextId
 // clang-format on

@@ -33,6 +33,7 @@ public:
     void clear();
     int itemCount() const { return static_cast<int>(m_items.size()); }
     void setItemEnabled(int index, bool enabled);
+    bool isItemEnabled(int index) const { return selectable(index); }
     void setItemText(int index, const VyString& text);
     VyString itemText(int index) const;
     VyMenu* subMenu(int index) const;

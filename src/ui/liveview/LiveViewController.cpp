@@ -3,6 +3,7 @@
 #include "model/MainViewManager.h"
 #include "model/ParamAccess.h"
 #include "model/UiManager.h"
+#include "model/UserAccess.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "protocol/PreviewControl.h"
 #include "protocol/PreviewRecord.h"
@@ -43,6 +44,9 @@ LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* t
     , m_taskBar(taskBar)
     , m_notice(notice) {
     connect(screen, &screen->previewChanged, this, VY_SLOT(LiveViewController, onPreviewChanged));
+    // Who is logged in decides which channels show a picture.
+    if (UserAccess* users = UserAccess::instance())
+        connect(users, &users->userChanged, this, VY_SLOT(LiveViewController, onPreviewChanged));
     connect(screen, &screen->orderChanged, this, VY_SLOT(LiveViewController, onOrderChanged));
     connect(screen, &screen->rightClicked, this, VY_SLOT(LiveViewController, onRightClick));
     VideoToolBar* bar = screen->toolBar();
@@ -111,8 +115,23 @@ void LiveViewController::start(const LiveViewProfile& profile, int channelCount)
 void LiveViewController::sendPreview() {
     if (MainViewManager* m = manager()) {
         m->setLayout(m_screen->shownLayoutIndex());
-        m->sendPreview(m_screen->previewRecord());
+        PreviewRecord record = m_screen->previewRecord();
+        // A channel the user may not watch keeps its cell, without a picture.
+        if (const UserAccess* users = UserAccess::instance()) {
+            for (int i = 0; i < record.cellCount && i < PreviewRecord::kMaxCells; ++i) {
+                PreviewCell& cell = record.cells[i];
+                if (cell.channel != PreviewCell::kNoChannel &&
+                    !users->offers(UserRights::kLiveView, cell.channel))
+                    cell.channel = PreviewCell::kNoChannel;
+            }
+        }
+        m->sendPreview(record);
     }
+}
+
+bool LiveViewController::allowed(uint32_t function) {
+    UserAccess* users = UserAccess::instance();
+    return users == nullptr || users->ensure(function);
 }
 
 void LiveViewController::onPreviewChanged() {
@@ -303,6 +322,8 @@ void LiveViewController::onTaskBarButton() {
     switch (m_taskBar->lastButton()) {
     case MainViewTaskBar::Start: {
         auto menu = std::make_unique<StartMenu>(VyString("admin"), true);
+        if (const UserAccess* users = UserAccess::instance())
+            menu->followAccess(*users);
         connect(menu.get(), &menu->chosen, this, VY_SLOT(LiveViewController, onStartMenuChosen));
         popupMenu(std::move(menu), m_taskBar->button(MainViewTaskBar::Start));
         break;
@@ -341,10 +362,12 @@ void LiveViewController::onStartMenuChosen() {
         shell->openUserMenu();
         break;
     case StartMenu::Search:
-        shell->openPlayback(-1, 0);
+        if (allowed(UserRights::kPlayback))
+            shell->openPlayback(-1, 0);
         break;
     case StartMenu::Backup:
-        shell->openBackup();
+        if (allowed(UserRights::kBackup))
+            shell->openBackup();
         break;
     case StartMenu::Settings:
         shell->openSettings();
@@ -353,7 +376,8 @@ void LiveViewController::onStartMenuChosen() {
         shell->toggleLock();
         break;
     case StartMenu::Shutdown:
-        shell->openShutdown();
+        if (allowed(UserRights::kShutdown))
+            shell->openShutdown();
         break;
     }
 }

@@ -63,6 +63,8 @@ protected:
     void timerEvent(VyTimerEvent* e) override;
 
 private:
+    // A protected action of the start menu: asks for a login when needed.
+    static bool allowed(uint32_t function);
     static constexpr int kKeySequenceDwellSec = 10; // the sequence key's dwell
     MainViewManager* manager() const;
     void perform(int action);

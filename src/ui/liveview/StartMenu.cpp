@@ -1,5 +1,6 @@
 #include "ui/liveview/StartMenu.h"
 
+#include "model/UserAccess.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
@@ -94,6 +95,32 @@ void StartMenu::setLocked(bool locked) {
     update();
 }
 
+int StartMenu::rowOf(Entry entry) const {
+    for (size_t i = 0; i < m_rows.size(); ++i)
+        if (m_rows[i] == int(entry))
+            return int(i);
+    return -1;
+}
+
+void StartMenu::followAccess(const UserAccess& access) {
+    const UserAccess::User* user = access.currentUser();
+    m_administrator = user != nullptr && user->admin;
+    setItemText(rowOf(User), user != nullptr ? user->name : VyTranslation::tr(TextId::User::LogIn));
+    setLocked(access.isScreenLocked());
+    bool anySettings = false;
+    for (int c = 0; c < UserRights::kSettingsCategories; ++c)
+        anySettings = anySettings || access.offers(UserRights::settingsBit(c));
+    setItemEnabled(rowOf(Search), access.offers(UserRights::kPlayback));
+    setItemEnabled(rowOf(Backup), access.offers(UserRights::kBackup));
+    setItemEnabled(rowOf(Settings), anySettings);
+    setItemEnabled(rowOf(Shutdown), access.offers(UserRights::kShutdown));
+}
+
+bool StartMenu::isEntryEnabled(Entry entry) const {
+    const int row = rowOf(entry);
+    return isItemEnabled(row);
+}
+
 void StartMenu::onTriggered(VyObject*, VyObject* receiver) {
     auto* menu = static_cast<StartMenu*>(receiver);
     const int id = menu->triggeredId();
@@ -123,7 +150,9 @@ void StartMenu::paintEvent(VyPaintEvent*) {
             continue;
         }
         // Disabled over focus (the key highlight) over hover; the menu's highlight serves both.
-        const int state = !isEnabled() ? 3 : i == highlighted() ? (hasFocus() ? 1 : 2) : 0;
+        const int state = !isEnabled() || !isItemEnabled(i) ? 3
+                          : i == highlighted()              ? (hasFocus() ? 1 : 2)
+                                                            : 0;
         c->fillRect(r, l.itemBackground[state]);
         if ((l.itemBorder[state] >> 24) != 0) {
             c->setPenWidth(l.itemBorderWidth);

@@ -6,6 +6,8 @@
 #include "runtime/VyGlobal.h"
 #include "toolkit/widgets/VyMenu.h"
 
+class UserAccess;
+
 class StartMenu : public VyMenu {
     VY_OBJECT(StartMenu, VyMenu)
 public:
@@ -29,6 +31,10 @@ public:
     StartMenu(const VyString& userName, bool administrator, VyWidget* parent = nullptr);
 
     void setLocked(bool locked);
+    // Shows who is logged in ("Log in" when nobody is), the lock state, and greys the
+    // entries the user may not open.
+    void followAccess(const UserAccess& access);
+    bool isEntryEnabled(Entry entry) const;
     bool isLocked() const { return m_locked; }
     Entry chosenEntry() const { return m_chosen; }
     // The icon path of an entry as shown now.
@@ -43,6 +49,8 @@ private:
     static void onTriggered(VyObject* sender, VyObject* receiver);
 
     std::vector<int> m_rows; // item index -> Entry, -1 for a separator
+    int rowOf(Entry entry) const;
+
     bool m_administrator;
     bool m_locked = false;
     Entry m_chosen = User;

@@ -1,5 +1,7 @@
 #include "ui/liveview/VideoToolBar.h"
 
+#include "model/UserAccess.h"
+
 #include "protocol/ChannelStateNotice.h"
 #include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
@@ -97,6 +99,12 @@ void VideoToolBar::attachTo(MainViewVideo* cell) {
         m_buttons[size_t(a)]->setVisible(offered);
     }
     setRecording(s.has(ChannelStateNotice::kManualRecord));
+    if (const UserAccess* users = UserAccess::instance()) {
+        const int ch = cell->channel();
+        button(Ptz)->setEnabled(users->offers(UserRights::kPtz, ch));
+        button(Playback)->setEnabled(kPlaybackAvailable &&
+                                     users->offers(UserRights::kPlayback, ch));
+    }
     arrange();
 }
 

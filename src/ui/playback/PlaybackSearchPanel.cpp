@@ -1,5 +1,6 @@
 #include "ui/playback/PlaybackSearchPanel.h"
 
+#include "model/UserAccess.h"
 #include "protocol/RecordTypeBit.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyResources.h"
@@ -36,9 +37,13 @@ PlaybackSearchPanel::PlaybackSearchPanel(int deviceChannels, VyWidget* parent)
     connect(m_calendar, &m_calendar->monthChanged, this,
             VY_SLOT(PlaybackSearchPanel, onMonthChanged));
     const int count = std::max(0, std::min(deviceChannels, kMaxChannels));
+    const UserAccess* users = UserAccess::instance();
     for (int c = 0; c < count; ++c) {
         auto* box = new VyCheckBox(VyString::number(c + 1), this);
-        box->setChecked(c < 4); // the first four, as a four-way split shows them
+        // A channel the user may not play stays in its place, greyed and never searched.
+        const bool offered = users == nullptr || users->offers(UserRights::kPlayback, c);
+        box->setChecked(offered && c < 4); // the first four, as a four-way split shows them
+        box->setEnabled(offered);
         box->show();
         m_channels.push_back(box);
     }
@@ -97,7 +102,7 @@ bool PlaybackSearchPanel::isMarked(int day) const {
 std::vector<int> PlaybackSearchPanel::checkedChannels() const {
     std::vector<int> out;
     for (size_t c = 0; c < m_channels.size(); ++c) {
-        if (m_channels[c]->isChecked())
+        if (m_channels[c]->isChecked() && m_channels[c]->isEnabled())
             out.push_back(int(c));
     }
     return out;

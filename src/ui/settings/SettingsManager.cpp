@@ -27,6 +27,7 @@
 #include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsWindow.h"
 #include "ui/settings/StoragePage.h"
+#include "ui/users/UsersPage.h"
 
 namespace {
 
@@ -130,6 +131,7 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case System:
         pages.push_back({TextId::Settings::General, &makePage<GeneralPage>});
         pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
+        pages.push_back({TextId::User::Users, &makePage<UsersPage>});
         break;
     default:
         break;

@@ -27,6 +27,8 @@ SettingsTile::SettingsTile(int category, uint32_t textId, VyWidget* parent)
     m_foreground = colour("SettingsTile/Foreground/Normal");
     m_foregroundFocus = colour("SettingsTile/Foreground/Focus");
     m_border = colour("SettingsTile/Border");
+    m_foregroundDisabled =
+        UiLook::colourOr(ini, "SettingsTile/Foreground/Disabled", m_foregroundDisabled);
 }
 
 void SettingsTile::paintEvent(VyPaintEvent*) {
@@ -36,7 +38,9 @@ void SettingsTile::paintEvent(VyPaintEvent*) {
     c->drawRect(rect(), m_border);
     c->drawText(rect(), VyCanvas::AlignHCenter | VyCanvas::AlignVCenter,
                 VyTranslation::tr(m_textId), UiLook::instance().fontPixelSize() * kTitleScale,
-                focus ? m_foregroundFocus : m_foreground);
+                !isEnabled() ? m_foregroundDisabled
+                : focus      ? m_foregroundFocus
+                             : m_foreground);
 }
 
 void SettingsTile::mousePressEvent(VyMouseEvent* e) {

@@ -36,4 +36,5 @@ private:
     bool m_pressed = false;
     vyargb m_background = 0, m_backgroundHover = 0, m_backgroundFocus = 0;
     vyargb m_foreground = 0, m_foregroundFocus = 0, m_border = 0;
+    vyargb m_foregroundDisabled = 0xFF6E7278; // a category the user may not open
 };

@@ -65,7 +65,16 @@ SettingsWindow::SettingsWindow(SettingsManager* manager)
     m_apply = button(TextId::Settings::Apply, VY_SLOT(SettingsWindow, applyClicked));
     m_save = button(TextId::Settings::Save, VY_SLOT(SettingsWindow, save));
     m_cancel = button(TextId::Settings::Cancel, VY_SLOT(SettingsWindow, cancelEdits));
+    if (UserAccess* users = UserAccess::instance())
+        VyObject::connect(users, &users->userChanged, this, VY_SLOT(SettingsWindow, followAccess));
+    followAccess();
     showHome(true);
+}
+
+void SettingsWindow::followAccess() {
+    const UserAccess* users = UserAccess::instance();
+    for (SettingsTile* t : m_tiles)
+        t->setEnabled(users == nullptr || users->offers(UserRights::settingsBit(t->category())));
 }
 
 SettingsWindow::~SettingsWindow() {

@@ -72,6 +72,8 @@ protected:
 
 private:
     void tileClicked(VyObject* sender);
+    // Greys the tiles of the categories the user logged in may not open.
+    void followAccess();
     void applyClicked() { apply(); }
     void tabChosen();
     void pagesChanged();

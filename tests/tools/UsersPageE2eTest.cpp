@@ -1,0 +1,211 @@
+// The users page against the simulated recorder on a real socket: accounts added, changed
+// and deleted through the page's dialogs end up in the recorder's store as salted hashes,
+// a wrong old password counts towards the lock and the page says for how long, and no
+// password reaches the GUI's log.
+#include "SimServer.h"
+#include "SimSha256.h"
+#include "SimUsers.h"
+
+#include "ipc/IpcClient.h"
+#include "model/DeviceProfile.h"
+#include "model/IpcRecorderLink.h"
+#include "model/UserAccess.h"
+#include "runtime/VyFontMetrics.h"
+#include "runtime/VyResources.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
+#include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/widgets/VyListWidget.h"
+#include "toolkit/widgets/VyMessageBox.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "ui/users/UserEditDialog.h"
+#include "ui/users/UsersPage.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+constexpr const char* kFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+
+class UsersPageE2e : public ::testing::Test {
+protected:
+    void SetUp() override {
+        char dir[] = "/tmp/users-e2e-XXXXXX";
+        ASSERT_TRUE(::mkdtemp(dir));
+        m_dir = dir;
+        VyResources::setRoot(VY_RESOURCES_DIR);
+        VyFontMetrics::setFontFile(kFont, 5242880);
+        translation = new VyTranslation(VyString(VY_RESOURCES_DIR "/language"), nullptr);
+        VyTranslation::resetInstance(translation);
+        translation->changeLanguage(VyTranslation::kEnglish);
+        VyApplication::setDisplayDevice("mem:1280x720");
+        app = std::make_unique<VyApplication>();
+        app->screen()->cursor()->hide();
+        users.addDefaultUsers();
+        users.setLoginRequired(true);
+        users.attach(server);
+        ASSERT_TRUE(server.listen(m_dir + "/IPC_UI"));
+        ASSERT_TRUE(server.start());
+        IpcClientConfig cc;
+        cc.socketPath = m_dir + "/IPC_UI";
+        cc.joinableThreads = true;
+        ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, cc));
+        RecorderLink::setInstance(&link);
+        DeviceProfile::current() = DeviceProfile{};
+        DeviceProfile::current().channelCount = 4;
+        access = std::make_unique<UserAccess>();
+    }
+    void TearDown() override {
+        access.reset();
+        client.stop();
+        server.stop();
+        RecorderLink::setInstance(nullptr);
+        app.reset();
+        VyTranslation::resetInstance();
+        DeviceProfile::current() = DeviceProfile{};
+        ::rmdir(m_dir.c_str());
+    }
+    std::unique_ptr<UsersPage> openPage() {
+        auto page = std::make_unique<UsersPage>();
+        page->setGeometry(0, 0, 1280, 600);
+        page->show();
+        page->open();
+        return page;
+    }
+    bool choose(UsersPage& page, const char* name) {
+        const auto& list = access->users();
+        for (size_t i = 0; i < list.size(); ++i)
+            if (list[i].name == name) {
+                page.userList()->setCurrentRow(int(i));
+                return true;
+            }
+        return false;
+    }
+    // The dialogs the page opens from now on: an account dialog is filled by `fill` and
+    // submitted once (what it then says is kept), a question is answered Yes.
+    void answerDialogs(const std::function<void(UserEditDialog&)>& fill) {
+        lastMessage.clear();
+        page->setDialogRunner([this, fill](VyDialog& d) {
+            if (auto* box = dynamic_cast<VyMessageBox*>(&d)) {
+                box->done(VyMessageBox::Yes);
+                return false;
+            }
+            auto& dialog = static_cast<UserEditDialog&>(d);
+            fill(dialog);
+            dialog.submit();
+            lastMessage = dialog.message().toStdString();
+            return dialog.isFinished() && dialog.result() == VyDialog::Accepted;
+        });
+    }
+
+    std::string m_dir;
+    std::unique_ptr<VyApplication> app;
+    VyTranslation* translation = nullptr;
+    SimServer server;
+    SimUsers users;
+    IpcClient client;
+    IpcRecorderLink link{client};
+    std::unique_ptr<UserAccess> access;
+    std::unique_ptr<UsersPage> page;
+    std::string lastMessage;
+};
+
+} // namespace
+
+TEST_F(UsersPageE2e, AddChangePasswordAndDeleteRoundTripWithHashesOnlyAndNoPasswordLogged) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    page = openPage();
+    ASSERT_EQ(page->userList()->count(), 2);
+
+    answerDialogs([](UserEditDialog& d) {
+        d.nameEdit()->setText("guest");
+        d.newPasswordEdit()->setText("Pw-first-1");
+        d.confirmEdit()->setText("Pw-first-1");
+    });
+    page->addUser();
+    ASSERT_EQ(page->userList()->count(), 3);
+    SimUsers::Account stored;
+    ASSERT_TRUE(users.account("guest", &stored));
+    EXPECT_NE(stored.hash, simSha256("Pw-first-1", 10));
+    EXPECT_EQ(access->login("guest", "Pw-first-1").outcome, UserAccess::Outcome::LoggedIn);
+    access->logout();
+
+    ASSERT_TRUE(choose(*page, "guest"));
+    answerDialogs([](UserEditDialog& d) {
+        d.passwordEdit()->setText("Pw-first-1");
+        d.newPasswordEdit()->setText("Pw-second-2");
+        d.confirmEdit()->setText("Pw-other-3"); // the confirmation differs: nothing is sent
+    });
+    page->changePassword();
+    EXPECT_EQ(lastMessage, "The new passwords do not match.");
+    answerDialogs([](UserEditDialog& d) {
+        d.passwordEdit()->setText("Pw-first-1");
+        d.newPasswordEdit()->setText("Pw-second-2");
+        d.confirmEdit()->setText("Pw-second-2");
+    });
+    page->changePassword();
+    EXPECT_EQ(page->message().toStdString(), "The change was saved.");
+    EXPECT_EQ(access->login("guest", "Pw-first-1").outcome, UserAccess::Outcome::WrongPassword);
+    EXPECT_EQ(access->login("guest", "Pw-second-2").outcome, UserAccess::Outcome::LoggedIn);
+    access->logout();
+
+    // Rights saved from the boxes come back with the list.
+    ASSERT_TRUE(choose(*page, "guest"));
+    page->functionBox(0)->setChecked(false); // live view
+    page->functionBox(2)->setChecked(true);  // backup
+    page->saveRights();
+    ASSERT_TRUE(users.account("guest", &stored));
+    EXPECT_EQ(stored.rights.functions, UserRights::kPlayback | UserRights::kBackup);
+
+    answerDialogs([](UserEditDialog&) {});
+    ASSERT_TRUE(choose(*page, "admin"));
+    EXPECT_FALSE(page->deleteButton()->isEnabled());
+    ASSERT_TRUE(choose(*page, "guest"));
+    page->deleteUser();
+    EXPECT_EQ(page->userList()->count(), 2);
+    EXPECT_FALSE(users.account("guest", &stored));
+    page.reset();
+
+    const std::string log =
+        testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr();
+    EXPECT_NE(log.find("guest"), std::string::npos); // the log was captured
+    for (const char* secret : {"Pw-first-1", "Pw-second-2", "Pw-other-3"})
+        EXPECT_EQ(log.find(secret), std::string::npos) << secret;
+}
+
+TEST_F(UsersPageE2e, WrongOldPasswordsLockTheUserAndThePageSaysForHowLong) {
+    page = openPage();
+    ASSERT_TRUE(choose(*page, SimUsers::kUserName));
+    answerDialogs([](UserEditDialog& d) {
+        d.passwordEdit()->setText("nope");
+        d.newPasswordEdit()->setText("newpass");
+        d.confirmEdit()->setText("newpass");
+    });
+    for (uint32_t n = 1; n < SimUsers::kMaxWrong; ++n) {
+        page->changePassword();
+        EXPECT_EQ(lastMessage, "The password is wrong.") << n;
+    }
+    page->changePassword();
+    EXPECT_EQ(
+        lastMessage,
+        VyTranslation::tr(TextId::User::Locked).arg(int(SimUsers::kLockSeconds)).toStdString());
+    // Locked, the right password is not heard either, by a change or a login.
+    answerDialogs([](UserEditDialog& d) {
+        d.passwordEdit()->setText(SimUsers::kUserPassword);
+        d.newPasswordEdit()->setText("newpass");
+        d.confirmEdit()->setText("newpass");
+    });
+    page->changePassword();
+    EXPECT_NE(lastMessage.find("locked"), std::string::npos) << lastMessage;
+    EXPECT_EQ(access->login(SimUsers::kUserName, SimUsers::kUserPassword).outcome,
+              UserAccess::Outcome::Locked);
+}
