@@ -179,13 +179,17 @@ void IpcClient::ClientStar(const char* path, IpcDispatchFn callback, void* arg) 
     if (!m_connected.load()) {
         m_running.store(true);
         bool needConnect = true;
+        bool connectedBefore = false;
         while (m_running.load() && !m_stopRequested.load()) {
             if (needConnect && ConnectSer(path) != 0) {
                 VY_IPC_LOG("client connect error,exit thread\n");
                 break;
             }
-            if (needConnect)
+            // Only a reconnect: on the first connection nothing went out yet, and a request
+            // made meanwhile is already on the new socket.
+            if (needConnect && connectedBefore)
                 retryWaiters();
+            connectedBefore = true;
             if (!m_connected.load()) {
                 std::lock_guard<std::mutex> lock(m_stateMutex);
                 m_connected.store(true);

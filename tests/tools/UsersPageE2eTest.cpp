@@ -74,17 +74,17 @@ protected:
         ::rmdir(m_dir.c_str());
     }
     std::unique_ptr<UsersPage> openPage() {
-        auto page = std::make_unique<UsersPage>();
-        page->setGeometry(0, 0, 1280, 600);
-        page->show();
-        page->open();
-        return page;
+        auto opened = std::make_unique<UsersPage>();
+        opened->setGeometry(0, 0, 1280, 600);
+        opened->show();
+        opened->open();
+        return opened;
     }
-    bool choose(UsersPage& page, const char* name) {
+    bool choose(UsersPage& shown, const char* name) {
         const auto& list = access->users();
         for (size_t i = 0; i < list.size(); ++i)
             if (list[i].name == name) {
-                page.userList()->setCurrentRow(int(i));
+                shown.userList()->setCurrentRow(int(i));
                 return true;
             }
         return false;
