@@ -85,6 +85,10 @@ void VideoToolBar::setMuted(bool muted) {
     button(Volume)->setImages(VyString(muted ? "images/mute.png" : "images/volume.png"));
 }
 
+void VideoToolBar::setTalking(bool on) {
+    button(TalkBack)->setImages(VyString(on ? "images/talkback-on.png" : "images/talkback.png"));
+}
+
 void VideoToolBar::attachTo(MainViewVideo* cell) {
     m_cell.reset(cell);
     if (cell == nullptr)

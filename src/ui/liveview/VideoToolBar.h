@@ -51,8 +51,9 @@ public:
     void setRecording(bool on);
     void setMainStream(bool on);
     void setMuted(bool muted);
-    // Instant playback stays off until the playback screens exist.
-    static constexpr bool kPlaybackAvailable = false;
+    // Talk-back running on this cell's channel, as App last reported it.
+    void setTalking(bool on);
+    static constexpr bool kPlaybackAvailable = true;
 
     VySignal actionTriggered;
 
