@@ -14,6 +14,7 @@
 #include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/input/VyKeyManager.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VySlider.h"
 #include "ui/ShellActions.h"
@@ -38,6 +39,14 @@
 
 namespace {
 LiveViewController::Clock g_clock = &VyDateTime::currentDateTime;
+
+// The remote's arrows and OK start on this widget: the key manager's focus, and the
+// pointer's focus with it.
+void giveKeyFocus(VyWidget* widget) {
+    widget->setFocus();
+    if (VyKeyManager* keys = VyKeyManager::liveInstance())
+        keys->setKeyFocusWidget(widget);
+}
 } // namespace
 
 void LiveViewController::setClock(Clock clock) {
@@ -324,7 +333,7 @@ void LiveViewController::openPtz(MainViewVideo* cell) {
     m_screen->hideToolBar();
     m_ptz->setChannel(cell->channel());
     placePanel(m_ptz, cell);
-    m_ptz->button(VyPtzWidget::Up)->setFocus();
+    giveKeyFocus(m_ptz->button(VyPtzWidget::Up));
 }
 
 void LiveViewController::openColour(MainViewVideo* cell) {
@@ -338,7 +347,26 @@ void LiveViewController::openColour(MainViewVideo* cell) {
     m_screen->hideToolBar();
     m_colour->open(cell->channel());
     placePanel(m_colour, cell);
-    m_colour->slider(ColourPanel::Brightness)->setFocus();
+    giveKeyFocus(m_colour->slider(ColourPanel::Brightness));
+}
+
+bool LiveViewController::escape() {
+    if (m_zoom != nullptr && m_zoom->isVisible()) {
+        endZoom();
+        return true;
+    }
+    if (m_ptz != nullptr && m_ptz->isVisible()) {
+        m_ptz->hide();
+        onPanelClosed();
+        return true;
+    }
+    if (m_colour != nullptr && m_colour->isVisible()) {
+        m_colour->flush();
+        m_colour->hide();
+        onPanelClosed();
+        return true;
+    }
+    return false;
 }
 
 void LiveViewController::onPanelClosed() {
@@ -359,7 +387,7 @@ void LiveViewController::startZoom(MainViewVideo* cell) {
     m_zoom->begin(cell->channel(), VyRect(corner.x, corner.y, cell->width(), cell->height()));
     m_zoom->show();
     m_zoom->raise();
-    m_zoom->setFocus();
+    giveKeyFocus(m_zoom);
     showNotice(TextId::LiveView::ZoomHint);
 }
 

@@ -44,6 +44,8 @@ public:
     bool keyAction(uint32_t deviceKey);
     // A tool-bar action on the selected cell (its tool bar need not be shown).
     void act(int action);
+    // Escape: leaves the digital zoom or closes an open panel; false when none is open.
+    bool escape();
 
     // Slots.
     void onPreviewChanged();

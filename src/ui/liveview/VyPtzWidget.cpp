@@ -269,9 +269,9 @@ void VyPtzWidget::arrange() {
         const int top = y + (rowH - inner) / 2;
         if (row < 3) {
             const int half = (fieldW - gap) / 2;
-            m_buttons[size_t(ZoomOut + 2 * row)]->setGeometry(fieldLeft, top, half, inner);
-            m_buttons[size_t(ZoomOut + 2 * row + 1)]->setGeometry(fieldLeft + half + gap, top, half,
-                                                                  inner);
+            const int lessen = ZoomOut + 2 * row; // then its + button
+            button(Button(lessen))->setGeometry(fieldLeft, top, half, inner);
+            button(Button(lessen + 1))->setGeometry(fieldLeft + half + gap, top, half, inner);
         } else if (row == 3) {
             m_speed->setGeometry(fieldLeft, top, fieldW, inner);
         } else {

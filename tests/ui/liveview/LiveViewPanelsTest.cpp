@@ -16,6 +16,7 @@
 #include "toolkit/events/CEvent.h"
 #include "toolkit/events/TurnPageEvent.h"
 #include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/widgets/VyAbstractButton.h"
 #include "toolkit/widgets/VySlider.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/ShellActions.h"
@@ -133,6 +134,16 @@ TEST_F(LiveViewPanelsTest, HeldPtzButtonsSendStartOnPressAndStopOnRelease) {
         advance(600);
     }
 
+    // OK from the remote on a focused button: a short move.
+    link.sent.clear();
+    VyKeyEvent ok(VyEvent::KeyPress, VyKeyEvent::KeyOk);
+    VyApplication::sendEvent(ptz->button(VyPtzWidget::FocusFar), &ok);
+    ASSERT_EQ(controls().size(), 1u);
+    EXPECT_EQ(controls()[0].value, PreviewControl::kPtzFocusFar);
+    advance(VyAbstractButton::kAnimateClickMs);
+    ASSERT_EQ(controls().size(), 2u);
+    EXPECT_EQ(controls()[1].action, PreviewControl::kStop);
+
     // Hidden while held: the camera stops anyway, and the release that follows sends nothing.
     link.sent.clear();
     const VyPoint down = centreOf(ptz->button(VyPtzWidget::Down));
@@ -156,6 +167,12 @@ TEST_F(LiveViewPanelsTest, HeldPtzButtonsSendStartOnPressAndStopOnRelease) {
     EXPECT_EQ(controls()[0].action, PreviewControl::kOn);
     EXPECT_EQ(controls()[0].value, PreviewControl::kLastPreset);
     EXPECT_EQ(controls()[1].action, PreviewControl::kOff);
+
+    // Escape that reaches the window closes the panel and brings the tool bar back.
+    VyKeyEvent escape(VyEvent::KeyPress, VyKeyEvent::KeyEscape);
+    VyApplication::sendEvent(window.get(), &escape);
+    EXPECT_FALSE(ptz->isVisible());
+    EXPECT_TRUE(screen()->toolBar()->isVisible());
 }
 
 TEST_F(LiveViewPanelsTest, ColourChangesAreWrittenOnceTheSlidersRest) {
@@ -232,10 +249,10 @@ TEST_F(LiveViewPanelsTest, DigitalZoomSendsThePartShownAndEscapeRestoresTheWhole
     pointer(mid.x - 100, mid.y, 1);
     pointer(mid.x - 100, mid.y, 0);
     ASSERT_GE(zooms().size(), 2u);
-    EXPECT_NEAR(zooms().back().left, zooms()[0].left + 8000 * 100 / cell->width(), 2);
+    EXPECT_NEAR(zooms().back().left, zooms()[0].left + 8000.0 * 100 / cell->width(), 2.0);
     EXPECT_EQ(zooms().back().top, zooms()[0].top);
 
-    VyKeyEvent escape(VyEvent::KeyPress, VyKeyEvent::KeyEscape, 0);
+    VyKeyEvent escape(VyEvent::KeyPress, VyKeyEvent::KeyEscape);
     VyApplication::sendEvent(view, &escape);
     settle();
     EXPECT_TRUE(zooms().back().isWhole());
