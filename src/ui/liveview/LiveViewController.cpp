@@ -245,6 +245,10 @@ void LiveViewController::perform(int action) {
     MainViewManager* m = manager();
     if (cell == nullptr || m == nullptr)
         return;
+    if (cell->channel() == Video::kNoChannel && action != VideoToolBar::Close) {
+        VY_GUI_LOG("tool bar action %d on a cell without a channel ignored\n", action);
+        return;
+    }
     PreviewControl control;
     control.channel = uint8_t(cell->channel() < 0 ? 0 : cell->channel());
     switch (action) {
@@ -275,13 +279,11 @@ void LiveViewController::perform(int action) {
         control.action = m_muted ? PreviewControl::kOn : PreviewControl::kOff;
         control.value = 100;
         break;
-    case VideoToolBar::TalkBack: {
+    case VideoToolBar::TalkBack:
         // The image follows App's answer (onTalkState), not the click.
-        const bool talkingHere = m->isTalking() && m->talkChannel() == cell->channel();
         control.command = PreviewControl::kTalkBack;
-        control.action = talkingHere ? PreviewControl::kOff : PreviewControl::kOn;
+        control.action = bar->isTalking() ? PreviewControl::kOff : PreviewControl::kOn;
         break;
-    }
     case VideoToolBar::Ptz:
         openPtz(cell);
         return;
@@ -420,9 +422,7 @@ void LiveViewController::onTalkState() {
     MainViewManager* m = manager();
     if (m == nullptr)
         return;
-    VideoToolBar* bar = m_screen->toolBar();
-    const MainViewVideo* cell = bar->cell();
-    bar->setTalking(m->isTalking() && cell != nullptr && cell->channel() == m->talkChannel());
+    m_screen->toolBar()->setTalkChannel(m->isTalking() ? m->talkChannel() : -1);
     if (m->talkState() == DualTalkNotice::kBusy)
         showNotice(TextId::LiveView::TalkBackBusy);
     else if (m->talkState() == DualTalkNotice::kFailed)

@@ -85,8 +85,16 @@ void VideoToolBar::setMuted(bool muted) {
     button(Volume)->setImages(VyString(muted ? "images/mute.png" : "images/volume.png"));
 }
 
-void VideoToolBar::setTalking(bool on) {
-    button(TalkBack)->setImages(VyString(on ? "images/talkback-on.png" : "images/talkback.png"));
+void VideoToolBar::setTalkChannel(int channel) {
+    m_talkChannel = channel;
+    showTalking();
+}
+
+void VideoToolBar::showTalking() {
+    const MainViewVideo* cell = m_cell.data();
+    m_talking = m_talkChannel >= 0 && cell != nullptr && cell->channel() == m_talkChannel;
+    button(TalkBack)->setImages(
+        VyString(m_talking ? "images/talkback-on.png" : "images/talkback.png"));
 }
 
 void VideoToolBar::attachTo(MainViewVideo* cell) {
@@ -101,6 +109,7 @@ void VideoToolBar::attachTo(MainViewVideo* cell) {
         m_buttons[size_t(a)]->setVisible(offered);
     }
     setRecording(s.has(ChannelStateNotice::kManualRecord));
+    showTalking();
     arrange();
 }
 

@@ -51,8 +51,10 @@ public:
     void setRecording(bool on);
     void setMainStream(bool on);
     void setMuted(bool muted);
-    // Talk-back running on this cell's channel, as App last reported it.
-    void setTalking(bool on);
+    // The channel talk-back runs on, as App last reported it (-1: none); the talk-back image
+    // is lit while the bar is over that channel's cell.
+    void setTalkChannel(int channel);
+    bool isTalking() const { return m_talking; }
     static constexpr bool kPlaybackAvailable = true;
 
     VySignal actionTriggered;
@@ -68,9 +70,12 @@ private:
     void onClicked(VyObject* sender);
     static void clickedSlot(VyObject* sender, VyObject* receiver);
     void arrange();
+    void showTalking();
 
     std::vector<ImageButton*> m_buttons; // children, by Action
     VyPointer<MainViewVideo> m_cell;
     Action m_lastAction = Close;
+    int m_talkChannel = -1;
+    bool m_talking = false;
     int m_bottomReserve = 0;
 };

@@ -276,6 +276,10 @@ TEST_F(LiveViewPanelsTest, TalkBackFollowsAppsStateAndPageTurnsComeFromApp) {
     notify(UiEventType::DualTalk, SystemSubType::TalkState,
            DualTalkNotice{DualTalkNotice::kTalking, 1}.encode());
     EXPECT_EQ(talk->imagePath(), "images/talkback-on.png");
+    screen()->showToolBar(screen()->cellOfChannel(0)); // lit over the talking channel only
+    EXPECT_EQ(talk->imagePath(), "images/talkback.png");
+    screen()->showToolBar(cell);
+    EXPECT_EQ(talk->imagePath(), "images/talkback-on.png");
     controller()->act(VideoToolBar::TalkBack); // a second click stops it
     EXPECT_EQ(controls().back().action, PreviewControl::kOff);
     notify(UiEventType::DualTalk, SystemSubType::TalkState, 0x7709); // unknown state: failed
