@@ -8,6 +8,7 @@
 #include "model/UiRouteTable.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "protocol/SubType.h"
+#include "runtime/VyLog.h"
 #include "toolkit/events/CEvent.h"
 #include "toolkit/events/CtrlReqEvent.h"
 
@@ -65,11 +66,29 @@ void MainViewManager::customEvent(VyEvent* e) {
         emitSignal(this, &layoutRequested);
         return;
     }
-    case UiEventType::DualTalk:
+    case UiEventType::DualTalk: {
+        // Forwarded with the message block: the state travels in its msgValue.
         e->accept();
-        m_talking = static_cast<CEvent*>(e)->param != 0;
+        const void* block = static_cast<CEvent*>(e)->data();
+        if (block == nullptr)
+            return;
+        const DualTalkNotice n = DualTalkNotice::decode(ipcBlockHeader(block).msgValue);
+        m_talkState = n.state;
+        m_talkChannel = n.channel;
         emitSignal(this, &talkStateChanged);
         return;
+    }
+    case UiEventType::TurnPage: {
+        e->accept();
+        const TurnPageNotice n = TurnPageNotice::decode(uint32_t(static_cast<CEvent*>(e)->param));
+        if (n.operation < TurnPageNotice::kNext || n.operation > TurnPageNotice::kGoto) {
+            VY_GUI_LOG("page turn %d unknown, ignored\n", int(n.operation));
+            return;
+        }
+        m_pageTurn = n;
+        emitSignal(this, &pageTurnRequested);
+        return;
+    }
     default:
         return;
     }

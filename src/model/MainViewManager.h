@@ -7,13 +7,16 @@
 // camera roster) leave from here.
 #include "model/CachedParamBlock.h"
 #include "model/ChannelState.h"
+#include "protocol/DualTalkNotice.h"
 #include "protocol/ParamBlock.h"
+#include "protocol/TurnPageNotice.h"
 #include "toolkit/core/VyObject.h"
 
 #include <cstdint>
 #include <vector>
 
 struct PreviewControl;
+struct PreviewZoom;
 struct PreviewRecord;
 
 class MainViewManager : public VyObject {
@@ -67,6 +70,7 @@ public:
     void sendPreview(const PreviewRecord& record);
     int previewSentCount() const { return m_previewSent; }
     void sendControl(const PreviewControl& control);
+    void sendZoom(const PreviewZoom& zoom);
     // The blocking (1000, 298) request: the channels that have a camera, applied here.
     void requestCameraRoster();
     // (300, 35): the live view is in front again.
@@ -100,10 +104,16 @@ public:
     VySignal sequenceStep;
     VySignal sequenceTick; // once a second while a sequence runs
     VySignal channelPicked;
-    VySignal snapshotTaken; // changedChannel() holds its channel
-    VySignal talkStateChanged;
+    VySignal snapshotTaken;     // changedChannel() holds its channel
+    VySignal talkStateChanged;  // talkState(), talkChannel()
+    VySignal pageTurnRequested; // pageTurn()
 
-    bool isTalking() const { return m_talking; }
+    // App's last talk-back state (a DualTalkNotice state) and its channel.
+    bool isTalking() const { return m_talkState == DualTalkNotice::kTalking; }
+    uint8_t talkState() const { return m_talkState; }
+    int talkChannel() const { return m_talkChannel; }
+    // App's last page-turn request.
+    const TurnPageNotice& pageTurn() const { return m_pageTurn; }
 
 protected:
     void customEvent(VyEvent* e) override;
@@ -129,7 +139,9 @@ private:
     int m_previewSent = 0;
     int m_pickedChannel = -1;
     bool m_pickMode = false;
-    bool m_talking = false;
+    uint8_t m_talkState = DualTalkNotice::kIdle;
+    int m_talkChannel = -1;
+    TurnPageNotice m_pageTurn;
     bool m_firstPreviewPending = true;
     int m_outputResolution = 0;
     int m_previewMessageCount = 0;

@@ -8,6 +8,7 @@
 #include "protocol/MainType.h"
 #include "protocol/PreviewControl.h"
 #include "protocol/PreviewRecord.h"
+#include "protocol/PreviewZoom.h"
 #include "protocol/SubType.h"
 #include "runtime/VyLog.h"
 #include "toolkit/events/VyTimerEvent.h"
@@ -115,6 +116,13 @@ void MainViewManager::sendControl(const PreviewControl& control) {
     control.encode(body);
     if (RecorderLink* link = RecorderLink::instance())
         link->send(MainType::Preview, PreviewSubType::Control, body, sizeof body);
+}
+
+void MainViewManager::sendZoom(const PreviewZoom& zoom) {
+    uint8_t body[PreviewZoom::kSize];
+    zoom.encode(body);
+    if (RecorderLink* link = RecorderLink::instance())
+        link->send(MainType::Preview, PreviewSubType::Zoom, body, sizeof body);
 }
 
 void MainViewManager::requestCameraRoster() {

@@ -20,6 +20,7 @@
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/events/CEvent.h"
+#include "toolkit/events/TurnPageEvent.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -152,6 +153,11 @@ void UiManager::handleSelf(const IpcMsgHeader& h) {
         vySystemLine("UI:NET STATUS:%d\n", int(value));
         emitSignal(this, &networkStatusChanged);
         emitSignal(this, &connectionStateChanged);
+        break;
+    case SystemSubType::TurnPage:
+        // Whoever shows pages (the live view) registers for the event; nobody, no turn.
+        if (VyObject* target = receiver(UiEventType::TurnPage))
+            VyApplication::postEvent(target, std::make_unique<TurnPageEvent>(int(value)));
         break;
     case SystemSubType::Shutdown:
         // Nothing may start any more; App powers the board off when it is done.

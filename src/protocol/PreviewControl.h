@@ -38,6 +38,14 @@ struct PreviewControl {
     static constexpr int32_t kPtzFocusFar = 8;
     static constexpr int32_t kPtzIrisOpen = 9;
     static constexpr int32_t kPtzIrisClose = 10;
+    static constexpr int32_t kPtzUpLeft = 11;
+    static constexpr int32_t kPtzUpRight = 12;
+    static constexpr int32_t kPtzDownLeft = 13;
+    static constexpr int32_t kPtzDownRight = 14;
+    static constexpr int32_t kPtzMinSpeed = 1;
+    static constexpr int32_t kPtzMaxSpeed = 8;
+    static constexpr int32_t kFirstPreset = 1;
+    static constexpr int32_t kLastPreset = 255;
 
     // Colour items (kColour value).
     static constexpr int32_t kBrightness = 0;

@@ -33,6 +33,8 @@ constexpr uint16_t SubscriptionCheck2 = 308; // App -> GUI: answered with Busy
 constexpr uint16_t ChannelState = 8;   // App -> GUI: ChannelStateNotice, msgValue = channel
 constexpr uint16_t DeviceState = 10;   // App -> GUI: DeviceState bits in msgValue
 constexpr uint16_t CameraRoster = 298; // request: u64 mask of the channels with a camera
+constexpr uint16_t TalkState = 43; // App -> GUI: DualTalkNotice in msgValue (UiEventType::DualTalk)
+constexpr uint16_t TurnPage = 170; // App -> GUI: TurnPageNotice in msgValue, posted as 1078
 
 // App's notifications that the UI manager routes lie in this range.
 constexpr uint16_t FirstRouted = 8;
@@ -47,6 +49,7 @@ constexpr uint16_t ShowFirst = 1;     // GUI -> App: PreviewRecord, first since 
 constexpr uint16_t StreamPair = 15;   // request: u32 argument -> two u32 words
 constexpr uint16_t Control = 20;      // GUI -> App: PreviewControl (tool bar)
 constexpr uint16_t SnapshotDone = 21; // App -> GUI: snapshot taken, msgValue = channel
+constexpr uint16_t Zoom = 22;         // GUI -> App: PreviewZoom (digital zoom of one channel)
 
 } // namespace PreviewSubType
 

@@ -2,6 +2,7 @@
 
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyPaintEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/input/VyKeyManager.h"
@@ -72,6 +73,14 @@ void MainViewWindow::paintEvent(VyPaintEvent* e) {
     const VyRegion region = e->region().subtracted(m_screen->geometry());
     for (const VyRect& r : region.rects())
         c->fillRect(r, background);
+}
+
+void MainViewWindow::keyPressEvent(VyKeyEvent* e) {
+    if (e->key() == VyKeyEvent::KeyEscape && m_controller->escape()) {
+        e->accept();
+        return;
+    }
+    VyWidget::keyPressEvent(e);
 }
 
 bool MainViewWindow::selectChannel(int channel) {

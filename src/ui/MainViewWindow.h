@@ -54,6 +54,8 @@ public:
 protected:
     void paintEvent(VyPaintEvent* e) override;
     void resizeEvent(VyResizeEvent* e) override;
+    // Escape that no control used: leaves the zoom or closes the tool bar's panel.
+    void keyPressEvent(VyKeyEvent* e) override;
 
 private:
     VyVideoScreen* m_screen;          // child

@@ -312,3 +312,14 @@ TEST_F(UiManagerTest, ParameterChangedWithoutBlockNumberIsDropped) {
     EXPECT_EQ(link.requests.size(), before);
     EXPECT_EQ(manager->droppedCount(), 2);
 }
+
+TEST_F(UiManagerTest, PageTurnNoticeBecomesATurnPageEventWithItsValue) {
+    build();
+    ForwardRecorder view;
+    deliver(1000, 170, 0x0203); // nobody registered: dropped
+    manager->setReceiver(UiEventType::TurnPage, &view);
+    deliver(1000, 170, 0x0203);
+    ASSERT_EQ(view.received.size(), 1u);
+    EXPECT_EQ(view.received[0].type, UiEventType::TurnPage);
+    EXPECT_EQ(view.received[0].param, 0x0203);
+}

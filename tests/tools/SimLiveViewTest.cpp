@@ -8,7 +8,11 @@
 #include "ipc/IpcMsgBlock.h"
 #include "protocol/ChannelStateNotice.h"
 #include "protocol/DeviceState.h"
+#include "protocol/DualTalkNotice.h"
+#include "protocol/PreviewControl.h"
 #include "protocol/PreviewRecord.h"
+#include "protocol/PreviewZoom.h"
+#include "protocol/TurnPageNotice.h"
 
 #include <gtest/gtest.h>
 
@@ -112,6 +116,54 @@ TEST_F(SimLiveViewTest, AnswersTheRosterThenEveryChannelAndFollowsTheConsole) {
     testing::internal::GetCapturedStdout();
 }
 
+TEST_F(SimLiveViewTest, AnswersTalkBackKeepsTheZoomAndTurnsPagesFromTheConsole) {
+    testing::internal::CaptureStdout();
+    const auto talk = [&](uint8_t action) {
+        PreviewControl c;
+        c.command = PreviewControl::kTalkBack;
+        c.channel = 2;
+        c.action = action;
+        std::vector<uint8_t> body(PreviewControl::kSize);
+        c.encode(body.data());
+        send(100, 20, body);
+        std::vector<uint8_t> reply;
+        const IpcMsgHeader h = receive(reply);
+        EXPECT_EQ(h.SubType, 43);
+        return DualTalkNotice::decode(h.msgValue);
+    };
+    EXPECT_EQ(talk(PreviewControl::kOn).state, DualTalkNotice::kTalking);
+    EXPECT_EQ(talk(PreviewControl::kOn).channel, 2);
+    EXPECT_TRUE(live->runCommand({"talk", "busy"}));
+    EXPECT_EQ(talk(PreviewControl::kOn).state, DualTalkNotice::kBusy);
+    EXPECT_EQ(talk(PreviewControl::kOff).state, DualTalkNotice::kIdle);
+
+    PreviewZoom z;
+    z.channel = 1;
+    z.left = 2500;
+    z.right = 7500;
+    z.top = 0;
+    z.bottom = 5000;
+    std::vector<uint8_t> body(PreviewZoom::kSize);
+    z.encode(body.data());
+    send(100, 22, body);
+    body[8] = 0; // right 0: before the left edge, refused
+    body[9] = 0;
+    send(100, 22, body);
+    talk(PreviewControl::kOff); // answered after the two above were taken
+    EXPECT_EQ(live->zoom(1).left, 2500);
+    EXPECT_EQ(live->zoom(1).bottom, 5000);
+
+    EXPECT_TRUE(live->runCommand({"page", "3"}));
+    std::vector<uint8_t> reply;
+    const IpcMsgHeader h = receive(reply);
+    EXPECT_EQ(h.SubType, 170);
+    EXPECT_EQ(TurnPageNotice::decode(h.msgValue).operation, TurnPageNotice::kGoto);
+    EXPECT_EQ(TurnPageNotice::decode(h.msgValue).page, 2);
+    EXPECT_FALSE(live->runCommand({"page", "0"}));
+    EXPECT_FALSE(live->runCommand({"talk", "maybe"}));
+    testing::internal::GetCapturedStdout();
+}
+
 TEST_F(SimLiveViewTest, KeepsThePreviewRecordAndRefusesAShortOne) {
     testing::internal::CaptureStdout();
     PreviewRecord r;
@@ -150,4 +202,23 @@ TEST(SimVideoPlane, DrawsPicturesAndNoVideoCardsInsideTheirCellsOnly) {
     r.cells[1] = {0, 1, 0, 0, 200, 100, 5000, 5000};
     SimVideoPlane::drawFrame(r, channels, 3, "12:00:00", px.data(), kW, kH);
     EXPECT_NE(at(319, 179), 0);
+}
+
+TEST(SimVideoPlane, AZoomedCellShowsItsPartScaledUp) {
+    constexpr int kW = 200, kH = 100;
+    std::vector<uint16_t> px(size_t(kW) * kH);
+    for (int y = 0; y < kH; ++y)
+        for (int x = 0; x < kW; ++x)
+            px[size_t(y) * kW + size_t(x)] = uint16_t(y * 256 + x);
+    const std::vector<uint16_t> before = px;
+    PreviewZoom z; // the lower-right quarter of the cell at 100..199 x 0..99
+    z.left = 5000;
+    z.top = 5000;
+    SimVideoPlane::zoomCell(px.data(), kW, kH, 100, 0, 199, 99, z);
+    auto was = [&](int x, int y) { return before[size_t(y) * kW + size_t(x)]; };
+    auto at = [&](int x, int y) { return px[size_t(y) * kW + size_t(x)]; };
+    EXPECT_EQ(at(100, 0), was(150, 50));
+    EXPECT_EQ(at(199, 99), was(199, 99));
+    EXPECT_EQ(at(120, 40), was(160, 70));
+    EXPECT_EQ(at(99, 50), was(99, 50)); // the neighbour is left alone
 }

@@ -76,6 +76,7 @@ TOOL_BAR = {
     "light": [(g("e0f0"), TEXT)],
     "speaker": [(g("e32d"), TEXT)],
     "talkback": [(g("e029"), TEXT)],
+    "talkback-on": [(g("e029"), RED)],
     "custom-tag": [(g("e54e"), TEXT)],
     "ai-statistics": [(g("e26b"), TEXT)],
     "volume": [(g("e050"), TEXT)],

@@ -55,7 +55,7 @@ const char* const kHelp =
     "lang INDEX | sleep MS | await MAIN SUB [COUNT] | key CODE|up|down|left|right|ok|0..9 "
     "[ORIGIN] | exit | alarm CH motion|io|pir|ai|ai2 on|off | record CH on|off | "
     "manual CH on|off | camera CH on|off | videoloss CH on|off | name CH TEXT | usb 0|1 | "
-    "disk 0..3";
+    "disk 0..3 | talk busy|fail|off | page next|prev|N";
 
 std::mutex g_extensionMutex; // guards g_extensions
 std::vector<SimCommands::Extension> g_extensions;

@@ -5,9 +5,11 @@
 #include "protocol/ByteOrder.h"
 #include "protocol/ChannelStateNotice.h"
 #include "protocol/DeviceState.h"
+#include "protocol/DualTalkNotice.h"
 #include "protocol/MainType.h"
 #include "protocol/PreviewControl.h"
 #include "protocol/SubType.h"
+#include "protocol/TurnPageNotice.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -100,6 +102,7 @@ void SimLiveView::attach(SimServer& server) {
     add(MainType::Preview, PreviewSubType::Show, &SimLiveView::onPreview);
     add(MainType::Preview, PreviewSubType::ShowFirst, &SimLiveView::onPreview);
     add(MainType::Preview, PreviewSubType::Control, &SimLiveView::onControl);
+    add(MainType::Preview, PreviewSubType::Zoom, &SimLiveView::onZoom);
     add(MainType::System, SystemSubType::CameraRoster, &SimLiveView::onRoster);
     add(MainType::Playback, PlaybackSubType::LiveViewActive, &SimLiveView::onLiveViewActive);
 }
@@ -149,12 +152,58 @@ bool SimLiveView::onControl(SimServer& s, const SimMessage& m) {
     case PreviewControl::kSnapshot:
         s.notify(MainType::Preview, PreviewSubType::SnapshotDone, c->channel);
         break;
+    case PreviewControl::kTalkBack:
+        answerTalkBack(c->channel, c->action == PreviewControl::kOn);
+        break;
+    case PreviewControl::kPtz:
+        simRecorderLog("sim: PTZ channel %d %s move %d speed %d", c->channel + 1,
+                       c->action == PreviewControl::kStart ? "start" : "stop", c->value, c->value2);
+        return true;
+    case PreviewControl::kPtzPreset:
+        simRecorderLog("sim: PTZ channel %d %s preset %d", c->channel + 1,
+                       c->action == PreviewControl::kOn ? "go to" : "store", c->value);
+        return true;
     default:
         break;
     }
     simRecorderLog("sim: control %d channel %d action %d value %d", c->command, c->channel + 1,
                    c->action, c->value);
     return true;
+}
+
+void SimLiveView::answerTalkBack(int channel, bool start) {
+    DualTalkNotice n;
+    n.channel = uint8_t(channel);
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        n.state = start ? (m_talkAnswer != DualTalkNotice::kIdle ? m_talkAnswer
+                                                                 : DualTalkNotice::kTalking)
+                        : DualTalkNotice::kIdle;
+    }
+    m_recorder.notify(MainType::System, SystemSubType::TalkState, n.encode());
+}
+
+bool SimLiveView::onZoom(SimServer&, const SimMessage& m) {
+    const auto z = PreviewZoom::decode(m.body.data(), uint32_t(m.body.size()));
+    if (!z) {
+        simRecorderLog("sim: zoom of %d bytes refused", int(m.body.size()));
+        return false;
+    }
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (z->channel >= m_channels.size())
+            return false;
+        m_channels[z->channel].zoom = *z;
+    }
+    simRecorderLog("sim: zoom channel %d to %d,%d-%d,%d", z->channel + 1, z->left, z->top, z->right,
+                   z->bottom);
+    return true;
+}
+
+PreviewZoom SimLiveView::zoom(int channel) const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return channel >= 0 && channel < int(m_channels.size()) ? m_channels[size_t(channel)].zoom
+                                                            : PreviewZoom();
 }
 
 bool SimLiveView::onRoster(SimServer& s, const SimMessage& m) {
@@ -244,6 +293,41 @@ bool SimLiveView::runCommand(const std::vector<std::string>& w) {
         sendState(ch);
         return true;
     }
+    if (cmd == "talk" && w.size() == 2) {
+        if (w[1] == "off") {
+            {
+                std::lock_guard<std::mutex> lock(m_mutex);
+                m_talkAnswer = DualTalkNotice::kIdle;
+            }
+            answerTalkBack(0, false);
+            return true;
+        }
+        const uint8_t answer = w[1] == "busy"   ? DualTalkNotice::kBusy
+                               : w[1] == "fail" ? DualTalkNotice::kFailed
+                                                : DualTalkNotice::kIdle;
+        if (answer == DualTalkNotice::kIdle)
+            return false;
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_talkAnswer = answer;
+        return true;
+    }
+    if (cmd == "page" && w.size() == 2) {
+        TurnPageNotice turn;
+        if (w[1] == "next") {
+            turn.operation = TurnPageNotice::kNext;
+        } else if (w[1] == "prev") {
+            turn.operation = TurnPageNotice::kPrevious;
+        } else {
+            char* end = nullptr;
+            const long v = std::strtol(w[1].c_str(), &end, 10);
+            if (w[1].empty() || *end != '\0' || v < 1 || v > long(TurnPageNotice::kPageMask))
+                return false;
+            turn.operation = TurnPageNotice::kGoto;
+            turn.page = uint16_t(v - 1);
+        }
+        m_recorder.notify(MainType::System, SystemSubType::TurnPage, turn.encode());
+        return true;
+    }
     if ((cmd == "usb" || cmd == "disk") && w.size() == 2) {
         char* end = nullptr;
         const long v = std::strtol(w[1].c_str(), &end, 10);
@@ -291,7 +375,7 @@ void SimLiveView::drawLoop(const std::string& path) {
             for (const Channel& c : m_channels)
                 cells.push_back({(c.flags & ChannelStateNotice::kCamera) &&
                                      !(c.flags & ChannelStateNotice::kVideoLoss),
-                                 c.name});
+                                 c.name, c.zoom});
         }
         if (record.outputWidth != width || record.outputHeight != height) {
             if (pixels)

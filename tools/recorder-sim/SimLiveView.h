@@ -12,9 +12,13 @@
 //   videoloss CH on|off
 //   name CH TEXT           the channel's name
 //   usb 0|1 | disk STATE   USB stick plugged in; disk state 0 none, 1 ok, 2 full, 3 error
+//   talk busy|fail|off     how the next talk-back start is answered (default: it runs), or
+//                          end a running one
+//   page next|prev|N       ask the live view to turn its page (N counts from 1)
 #include "SimRecorderConfig.h"
 #include "SimVideoPlane.h"
 #include "protocol/PreviewRecord.h"
+#include "protocol/PreviewZoom.h"
 
 #include <atomic>
 #include <cstdint>
@@ -47,16 +51,20 @@ public:
     int previewCount() const { return m_previewCount.load(); }
     PreviewRecord lastPreview() const;
     uint64_t cameraMask() const;
+    PreviewZoom zoom(int channel) const;
 
 private:
     struct Channel {
         uint32_t flags = 0;
         std::string name;
+        PreviewZoom zoom; // the part of the picture shown
     };
     bool onPreview(SimServer& s, const SimMessage& m);
     bool onControl(SimServer& s, const SimMessage& m);
     bool onRoster(SimServer& s, const SimMessage& m);
     bool onLiveViewActive(SimServer& s, const SimMessage& m);
+    bool onZoom(SimServer& s, const SimMessage& m);
+    void answerTalkBack(int channel, bool start);
     void sendState(int channel);
     bool setFlag(int channel, uint32_t bit, bool on);
     void drawLoop(const std::string& path);
@@ -66,6 +74,7 @@ private:
     std::vector<Channel> m_channels;
     PreviewRecord m_preview;
     uint32_t m_deviceState = 0;
+    uint8_t m_talkAnswer = 0; // DualTalkNotice state a talk-back start gets
     std::atomic<int> m_previewCount{0};
     std::atomic<bool> m_stop{false};
     std::thread m_drawer;

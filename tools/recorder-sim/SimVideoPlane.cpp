@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -67,6 +68,33 @@ void channelColour(int channel, int* r, int* g, int* b) {
 }
 
 } // namespace
+
+void SimVideoPlane::zoomCell(uint16_t* pixels, int width, int height, int l, int t, int r, int b,
+                             const PreviewZoom& zoom) {
+    l = std::max(l, 0);
+    t = std::max(t, 0);
+    r = std::min(r, width - 1);
+    b = std::min(b, height - 1);
+    if (l > r || t > b)
+        return;
+    const int w = r - l + 1;
+    const int h = b - t + 1;
+    std::vector<uint16_t> source(size_t(w) * size_t(h));
+    for (int y = 0; y < h; ++y)
+        std::copy_n(pixels + size_t(t + y) * width + l, w, source.begin() + ptrdiff_t(y) * w);
+    const int64_t full = PreviewZoom::kFull;
+    // Nearest neighbour is enough for a simulated picture.
+    for (int y = 0; y < h; ++y) {
+        const int64_t sy = (int64_t(zoom.top) * h + int64_t(y) * (zoom.bottom - zoom.top)) / full;
+        const int row = int(std::min<int64_t>(h - 1, sy));
+        for (int x = 0; x < w; ++x) {
+            const int64_t sx =
+                (int64_t(zoom.left) * w + int64_t(x) * (zoom.right - zoom.left)) / full;
+            const int col = int(std::min<int64_t>(w - 1, sx));
+            pixels[size_t(t + y) * width + l + x] = source[size_t(row) * w + col];
+        }
+    }
+}
 
 int SimVideoPlane::textWidth(const std::string& text, int scale) {
     return int(text.size()) * 6 * scale - scale;
@@ -137,5 +165,7 @@ void SimVideoPlane::drawFrame(const PreviewRecord& record,
                  name, scale, rgb(255, 255, 255));
         drawText(pixels, width, height, l + (w - textWidth(clock, scale)) / 2,
                  t + h / 2 + 2 * scale, clock, scale, rgb(255, 255, 160));
+        if (!channels[c.channel].zoom.isWhole())
+            zoomCell(pixels, width, height, l, t, r, b, channels[c.channel].zoom);
     }
 }

@@ -40,18 +40,30 @@ constexpr uint32_t Title = 102101;   // Start-up Wizard
 constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through the first settings.
 } // namespace Wizard
 namespace LiveView {
-constexpr uint32_t SplitLayout = 103508;   // %1 Split
-constexpr uint32_t ChannelName = 103509;   // Channel %1
-constexpr uint32_t SnapshotSaved = 103510; // Snapshot saved
-constexpr uint32_t MenuSearch = 103511;    // Search
-constexpr uint32_t MenuBackup = 103512;    // Backup
-constexpr uint32_t MenuSettings = 103513;  // Settings
-constexpr uint32_t MenuLock = 103514;      // Lock Screen
-constexpr uint32_t MenuShutdown = 103515;  // Shut Down
-constexpr uint32_t SecondsUnit = 103516;   // s
-constexpr uint32_t MinutesUnit = 103517;   // min
-constexpr uint32_t SequenceOff = 103518;   // Sequence Off
-constexpr uint32_t Sequence = 103519;      // Sequence
+constexpr uint32_t SplitLayout = 103508;    // %1 Split
+constexpr uint32_t ChannelName = 103509;    // Channel %1
+constexpr uint32_t SnapshotSaved = 103510;  // Snapshot saved
+constexpr uint32_t MenuSearch = 103511;     // Search
+constexpr uint32_t MenuBackup = 103512;     // Backup
+constexpr uint32_t MenuSettings = 103513;   // Settings
+constexpr uint32_t MenuLock = 103514;       // Lock Screen
+constexpr uint32_t MenuShutdown = 103515;   // Shut Down
+constexpr uint32_t SecondsUnit = 103516;    // s
+constexpr uint32_t MinutesUnit = 103517;    // min
+constexpr uint32_t SequenceOff = 103518;    // Sequence Off
+constexpr uint32_t Sequence = 103519;       // Sequence
+constexpr uint32_t PtzTitle = 103520;       // PTZ
+constexpr uint32_t PtzZoom = 103521;        // Zoom
+constexpr uint32_t PtzFocus = 103522;       // Focus
+constexpr uint32_t PtzIris = 103523;        // Iris
+constexpr uint32_t PtzSpeed = 103524;       // Speed
+constexpr uint32_t PtzPreset = 103525;      // Preset
+constexpr uint32_t PtzCall = 103526;        // Call
+constexpr uint32_t PtzSet = 103527;         // Set
+constexpr uint32_t ColourTitle = 103528;    // Image colour
+constexpr uint32_t TalkBackBusy = 103529;   // Talk-back is in use by another user
+constexpr uint32_t TalkBackFailed = 103530; // Talk-back could not be started
+constexpr uint32_t ZoomHint = 103531;       // Digital zoom: wheel to zoom, drag to move, Esc to leave
 } // namespace LiveView
 namespace Playback {
 constexpr uint32_t Search = 104001;          // Search
@@ -293,6 +305,18 @@ constexpr uint32_t kAll[] = {
     LiveView::MinutesUnit,
     LiveView::SequenceOff,
     LiveView::Sequence,
+    LiveView::PtzTitle,
+    LiveView::PtzZoom,
+    LiveView::PtzFocus,
+    LiveView::PtzIris,
+    LiveView::PtzSpeed,
+    LiveView::PtzPreset,
+    LiveView::PtzCall,
+    LiveView::PtzSet,
+    LiveView::ColourTitle,
+    LiveView::TalkBackBusy,
+    LiveView::TalkBackFailed,
+    LiveView::ZoomHint,
     Playback::Search,
     Playback::Exporting,
     Playback::Exported,

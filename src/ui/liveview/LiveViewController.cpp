@@ -7,14 +7,20 @@
 #include "protocol/OutputSettingsBlock.h"
 #include "protocol/PreviewControl.h"
 #include "protocol/PreviewRecord.h"
+#include "protocol/PreviewZoom.h"
+#include "protocol/TurnPageNotice.h"
 #include "protocol/UiEventType.h"
 #include "runtime/VyDateTime.h"
 #include "runtime/VyLog.h"
 #include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/input/VyKeyManager.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VySlider.h"
 #include "ui/ShellActions.h"
+#include "ui/liveview/ColourPanel.h"
+#include "ui/liveview/DigitalZoomView.h"
 #include "ui/liveview/ImageButton.h"
 #include "ui/liveview/LiveViewProfile.h"
 #include "ui/liveview/MainViewTaskBar.h"
@@ -25,12 +31,23 @@
 #include "ui/liveview/StartMenu.h"
 #include "ui/liveview/VideoLayout.h"
 #include "ui/liveview/VideoToolBar.h"
+#include "ui/liveview/VyPtzWidget.h"
 #include "ui/liveview/VyVideoScreen.h"
 #include "ui/liveview/VyVideoScreenLayout.h"
 #include "ui/liveview/VyVideoScreenLayoutManager.h"
 
+#include <algorithm>
+
 namespace {
 LiveViewController::Clock g_clock = &VyDateTime::currentDateTime;
+
+// The remote's arrows and OK start on this widget: the key manager's focus, and the
+// pointer's focus with it.
+void giveKeyFocus(VyWidget* widget) {
+    widget->setFocus();
+    if (VyKeyManager* keys = VyKeyManager::liveInstance())
+        keys->setKeyFocusWidget(widget);
+}
 } // namespace
 
 void LiveViewController::setClock(Clock clock) {
@@ -61,6 +78,8 @@ LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* t
         connect(m, &m->sequenceStep, this, VY_SLOT(LiveViewController, onSequenceStep));
         connect(m, &m->snapshotTaken, this, VY_SLOT(LiveViewController, onSnapshot));
         connect(m, &m->sequenceTick, this, VY_SLOT(LiveViewController, onSequenceTick));
+        connect(m, &m->talkStateChanged, this, VY_SLOT(LiveViewController, onTalkState));
+        connect(m, &m->pageTurnRequested, this, VY_SLOT(LiveViewController, onPageTurn));
     }
     if (UiManager* ui = UiManager::instance())
         connect(ui, &ui->networkStatusChanged, this, VY_SLOT(LiveViewController, onNetworkStatus));
@@ -83,6 +102,7 @@ void LiveViewController::start(const LiveViewProfile& profile, int channelCount)
         if (UiManager* ui = UiManager::instance()) {
             ui->setReceiver(UiEventType::ChannelState, m);
             ui->setReceiver(UiEventType::DualTalk, m);
+            ui->setReceiver(UiEventType::TurnPage, m);
         }
         m_screen->setChannelOrder(m->channelOrder());
         // Every layout of the count list that does not exceed the channels, in order.
@@ -244,6 +264,10 @@ void LiveViewController::perform(int action) {
     MainViewManager* m = manager();
     if (cell == nullptr || m == nullptr)
         return;
+    if (cell->channel() == Video::kNoChannel && action != VideoToolBar::Close) {
+        VY_GUI_LOG("tool bar action %d on a cell without a channel ignored\n", action);
+        return;
+    }
     PreviewControl control;
     control.channel = uint8_t(cell->channel() < 0 ? 0 : cell->channel());
     switch (action) {
@@ -275,10 +299,25 @@ void LiveViewController::perform(int action) {
         control.value = 100;
         break;
     case VideoToolBar::TalkBack:
-        m_talking = !m_talking;
+        // The image follows App's answer (onTalkState), not the click.
         control.command = PreviewControl::kTalkBack;
-        control.action = m_talking ? PreviewControl::kOn : PreviewControl::kOff;
+        control.action = bar->isTalking() ? PreviewControl::kOff : PreviewControl::kOn;
         break;
+    case VideoToolBar::Ptz:
+        openPtz(cell);
+        return;
+    case VideoToolBar::Zoom:
+        startZoom(cell);
+        return;
+    case VideoToolBar::Colour:
+        openColour(cell);
+        return;
+    case VideoToolBar::Playback:
+        if (ShellActions* shell = ShellActions::instance()) {
+            m_screen->hideToolBar();
+            shell->openPlayback(cell->channel(), g_clock().toTime_t() - kInstantPlaybackSec);
+        }
+        return;
     case VideoToolBar::Close:
         m_screen->hideToolBar();
         return;
@@ -287,6 +326,151 @@ void LiveViewController::perform(int action) {
         return;
     }
     m->sendControl(control);
+}
+
+void LiveViewController::placePanel(VyWidget* panel, MainViewVideo* cell) {
+    VyWidget* window = panel->parentWidget();
+    const VySize size = panel->sizeHint();
+    const int bottom = window->height() - (m_taskBar ? m_taskBar->height() : 0);
+    const VyPoint corner = cell->mapToWindow(VyPoint(0, 0));
+    // Right of the cell when there is room, else left of it; then kept on the screen.
+    int x = corner.x + cell->width();
+    if (x + size.width > window->width())
+        x = corner.x - size.width;
+    x = std::clamp(x, 0, std::max(0, window->width() - size.width));
+    const int y = std::clamp(corner.y, 0, std::max(0, bottom - size.height));
+    panel->setGeometry(x, y, size.width, size.height);
+    panel->show();
+    panel->raise();
+}
+
+void LiveViewController::openPtz(MainViewVideo* cell) {
+    if (m_ptz == nullptr) {
+        m_ptz = new VyPtzWidget(m_screen->parentWidget());
+        connect(m_ptz, &m_ptz->closeRequested, this, VY_SLOT(LiveViewController, onPanelClosed));
+    }
+    if (m_colour != nullptr)
+        m_colour->hide();
+    m_screen->hideToolBar();
+    m_ptz->setChannel(cell->channel());
+    placePanel(m_ptz, cell);
+    giveKeyFocus(m_ptz->button(VyPtzWidget::Up));
+}
+
+void LiveViewController::openColour(MainViewVideo* cell) {
+    if (m_colour == nullptr) {
+        m_colour = new ColourPanel(m_screen->parentWidget());
+        connect(m_colour, &m_colour->closeRequested, this,
+                VY_SLOT(LiveViewController, onPanelClosed));
+    }
+    if (m_ptz != nullptr)
+        m_ptz->hide();
+    m_screen->hideToolBar();
+    m_colour->open(cell->channel());
+    placePanel(m_colour, cell);
+    giveKeyFocus(m_colour->slider(ColourPanel::Brightness));
+}
+
+bool LiveViewController::escape() {
+    if (m_zoom != nullptr && m_zoom->isVisible()) {
+        endZoom();
+        return true;
+    }
+    if (m_ptz != nullptr && m_ptz->isVisible()) {
+        m_ptz->hide();
+        onPanelClosed();
+        return true;
+    }
+    if (m_colour != nullptr && m_colour->isVisible()) {
+        m_colour->flush();
+        m_colour->hide();
+        onPanelClosed();
+        return true;
+    }
+    return false;
+}
+
+void LiveViewController::onPanelClosed() {
+    if (MainViewVideo* cell = m_screen->selectedCell())
+        m_screen->showToolBar(cell);
+}
+
+void LiveViewController::startZoom(MainViewVideo* cell) {
+    if (m_zoom == nullptr) {
+        m_zoom = new DigitalZoomView(m_screen->parentWidget());
+        connect(m_zoom, &m_zoom->regionChanged, this, VY_SLOT(LiveViewController, onZoomRegion));
+        connect(m_zoom, &m_zoom->finished, this, VY_SLOT(LiveViewController, onZoomFinished));
+    }
+    m_screen->hideToolBar();
+    // Paging, layouts and the sequence wait while the cell is zoomed.
+    cell->setExclusive(true);
+    const VyPoint corner = cell->mapToWindow(VyPoint(0, 0));
+    m_zoom->begin(cell->channel(), VyRect(corner.x, corner.y, cell->width(), cell->height()));
+    m_zoom->show();
+    m_zoom->raise();
+    giveKeyFocus(m_zoom);
+    showNotice(TextId::LiveView::ZoomHint);
+}
+
+void LiveViewController::onZoomRegion() {
+    if (MainViewManager* m = manager(); m && m_zoom)
+        m->sendZoom(m_zoom->zoom().region(m_zoom->channel()));
+}
+
+void LiveViewController::onZoomFinished() {
+    endZoom();
+}
+
+void LiveViewController::endZoom() {
+    if (m_zoom == nullptr || !m_zoom->isVisible())
+        return;
+    m_zoom->hide();
+    // The whole picture again.
+    if (MainViewManager* m = manager()) {
+        PreviewZoom whole;
+        whole.channel = uint8_t(std::max(0, m_zoom->channel()));
+        m->sendZoom(whole);
+    }
+    for (MainViewVideo* cell : m_screen->cells())
+        cell->setExclusive(false);
+    if (MainViewVideo* cell = m_screen->selectedCell())
+        m_screen->showToolBar(cell);
+}
+
+void LiveViewController::onTalkState() {
+    MainViewManager* m = manager();
+    if (m == nullptr)
+        return;
+    m_screen->toolBar()->setTalkChannel(m->isTalking() ? m->talkChannel() : -1);
+    if (m->talkState() == DualTalkNotice::kBusy)
+        showNotice(TextId::LiveView::TalkBackBusy);
+    else if (m->talkState() == DualTalkNotice::kFailed)
+        showNotice(TextId::LiveView::TalkBackFailed);
+}
+
+void LiveViewController::onPageTurn() {
+    MainViewManager* m = manager();
+    if (m == nullptr)
+        return;
+    // The screen itself refuses while a cell is zoomed or in a control mode.
+    const TurnPageNotice& turn = m->pageTurn();
+    switch (turn.operation) {
+    case TurnPageNotice::kNext:
+        m_screen->nextPage();
+        break;
+    case TurnPageNotice::kPrevious:
+        m_screen->previousPage();
+        break;
+    case TurnPageNotice::kGoto:
+        if (turn.page >= m_screen->pageCount()) {
+            VY_GUI_LOG("page %d of %d asked for, ignored\n", turn.page + 1, m_screen->pageCount());
+            return;
+        }
+        m_screen->gotoPage(turn.page);
+        break;
+    default:
+        break;
+    }
 }
 
 void LiveViewController::popupMenu(std::unique_ptr<VyMenu> menu, VyWidget* above, VyPoint at) {

@@ -15,6 +15,10 @@ class MainViewTaskBar;
 class VyLabel;
 class VyWidget;
 class VyVideoScreen;
+class VyPtzWidget;
+class ColourPanel;
+class DigitalZoomView;
+class MainViewVideo;
 struct LiveViewProfile;
 
 class LiveViewController : public VyObject {
@@ -40,6 +44,8 @@ public:
     bool keyAction(uint32_t deviceKey);
     // A tool-bar action on the selected cell (its tool bar need not be shown).
     void act(int action);
+    // Escape: leaves the digital zoom or closes an open panel; false when none is open.
+    bool escape();
 
     // Slots.
     void onPreviewChanged();
@@ -55,6 +61,18 @@ public:
     void onNetworkStatus();
     void onRightClick();
     void onSequenceTick();
+    void onTalkState();
+    void onPageTurn();
+    void onZoomRegion();
+    void onZoomFinished();
+    void onPanelClosed();
+
+    // The panels of the tool bar, once opened (children of the main view's window).
+    VyPtzWidget* ptzPanel() const { return m_ptz; }
+    ColourPanel* colourPanel() const { return m_colour; }
+    DigitalZoomView* zoomView() const { return m_zoom; }
+    // Seconds before now where instant playback starts.
+    static constexpr int kInstantPlaybackSec = 300;
 
     // The menu open now (start, layouts, sequence), or null.
     VyMenu* openMenu() const { return m_menu.get(); }
@@ -68,6 +86,12 @@ private:
     static constexpr int kKeySequenceDwellSec = 10; // the sequence key's dwell
     MainViewManager* manager() const;
     void perform(int action);
+    void openPtz(MainViewVideo* cell);
+    void openColour(MainViewVideo* cell);
+    void startZoom(MainViewVideo* cell);
+    void endZoom();
+    // Places a panel beside the cell, inside the window and clear of the task bar.
+    void placePanel(VyWidget* panel, MainViewVideo* cell);
     // Opens a menu above a task-bar button (or at a screen point when none is given).
     void popupMenu(std::unique_ptr<VyMenu> menu, VyWidget* above, VyPoint at = VyPoint());
 
@@ -78,6 +102,8 @@ private:
     int m_channelCount = 0;
     int m_clockTimer = 0;
     int m_noticeTimer = 0;
+    VyPtzWidget* m_ptz = nullptr;      // child of the window, made on first use
+    ColourPanel* m_colour = nullptr;   // likewise
+    DigitalZoomView* m_zoom = nullptr; // likewise
     bool m_muted = false;
-    bool m_talking = false;
 };

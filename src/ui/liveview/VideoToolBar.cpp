@@ -87,6 +87,18 @@ void VideoToolBar::setMuted(bool muted) {
     button(Volume)->setImages(VyString(muted ? "images/mute.png" : "images/volume.png"));
 }
 
+void VideoToolBar::setTalkChannel(int channel) {
+    m_talkChannel = channel;
+    showTalking();
+}
+
+void VideoToolBar::showTalking() {
+    const MainViewVideo* cell = m_cell.data();
+    m_talking = m_talkChannel >= 0 && cell != nullptr && cell->channel() == m_talkChannel;
+    button(TalkBack)->setImages(
+        VyString(m_talking ? "images/talkback-on.png" : "images/talkback.png"));
+}
+
 void VideoToolBar::attachTo(MainViewVideo* cell) {
     m_cell.reset(cell);
     if (cell == nullptr)
@@ -105,6 +117,7 @@ void VideoToolBar::attachTo(MainViewVideo* cell) {
         button(Playback)->setEnabled(kPlaybackAvailable &&
                                      users->offers(UserRights::kPlayback, ch));
     }
+    showTalking();
     arrange();
 }
 

@@ -51,8 +51,11 @@ public:
     void setRecording(bool on);
     void setMainStream(bool on);
     void setMuted(bool muted);
-    // Instant playback stays off until the playback screens exist.
-    static constexpr bool kPlaybackAvailable = false;
+    // The channel talk-back runs on, as App last reported it (-1: none); the talk-back image
+    // is lit while the bar is over that channel's cell.
+    void setTalkChannel(int channel);
+    bool isTalking() const { return m_talking; }
+    static constexpr bool kPlaybackAvailable = true;
 
     VySignal actionTriggered;
 
@@ -67,9 +70,12 @@ private:
     void onClicked(VyObject* sender);
     static void clickedSlot(VyObject* sender, VyObject* receiver);
     void arrange();
+    void showTalking();
 
     std::vector<ImageButton*> m_buttons; // children, by Action
     VyPointer<MainViewVideo> m_cell;
     Action m_lastAction = Close;
+    int m_talkChannel = -1;
+    bool m_talking = false;
     int m_bottomReserve = 0;
 };
