@@ -18,6 +18,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -25,6 +26,7 @@
 
 class SimRecorder;
 class SimServer;
+struct SimPlaybackFrame;
 struct SimMessage;
 
 class SimLiveView {
@@ -41,6 +43,10 @@ public:
     bool runCommand(const std::vector<std::string>& words);
     // Draws the plane into `path` until destruction.
     void startVideoPlane(const std::string& path);
+    // Playback takes the plane while the source answers true (SimPlaybackPlane.h); set
+    // before startVideoPlane.
+    using PlaybackSource = std::function<bool(int width, int height, SimPlaybackFrame* out)>;
+    void setPlaybackSource(PlaybackSource source) { m_playbackSource = std::move(source); }
 
     // State, for tests.
     uint32_t flags(int channel) const;
@@ -68,5 +74,6 @@ private:
     uint32_t m_deviceState = 0;
     std::atomic<int> m_previewCount{0};
     std::atomic<bool> m_stop{false};
+    PlaybackSource m_playbackSource;
     std::thread m_drawer;
 };
