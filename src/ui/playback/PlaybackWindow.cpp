@@ -4,6 +4,7 @@
 #include "protocol/PlaybackStatus.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
+#include "runtime/VyRegion.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
@@ -193,6 +194,7 @@ void PlaybackWindow::closeWindow() {
     if (m_session->isPlayingPictures())
         m_session->stopPictures();
     m_session->setReady(false);
+    m_screen->setVideoShown(false);
     if (VyKeyManager* keys = VyKeyManager::liveInstance()) {
         if (keys->keyTarget(VyKeyTarget::PlaybackWindow) == this)
             keys->setKeyTarget(VyKeyTarget::PlaybackWindow, nullptr);
@@ -237,8 +239,11 @@ void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
     const std::vector<PlaybackSession::Cell> cells = cellsOnScreen();
     const std::vector<int>& channels = m_screen->channels();
     if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size()))),
-                        to))
+                        to)) {
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-pause.png"));
+        m_screen->setVideoShown(true);
+        m_screen->setTime(time);
+    }
     updateSpeedText();
 }
 
@@ -257,6 +262,7 @@ void PlaybackWindow::togglePlay() {
 
 void PlaybackWindow::changeDay(int days) {
     m_session->stop();
+    m_screen->setVideoShown(false);
     m_panel->setDate(m_panel->date().addDays(days));
     search();
 }
@@ -273,6 +279,7 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         break;
     case Stop:
         m_session->stop();
+        m_screen->setVideoShown(false);
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-play.png"));
         break;
     case Slower:
@@ -366,6 +373,7 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         if (m_controls[PicturePlay]->isChecked()) {
             if (m_session->isPlaying())
                 m_session->stop();
+            m_screen->setVideoShown(false);
             if (!m_session->playPictures(cellsOnScreen(), m_panel->date(), width(), height()))
                 m_controls[PicturePlay]->setChecked(false);
         } else {
@@ -416,9 +424,9 @@ void PlaybackWindow::onPositionChosen() {
         onClipChanged();
         return;
     }
-    if (m_session->isPlaying())
-        m_session->seek(m_timeBar->cursorTime());
-    else
+    if (m_session->isPlaying() && m_session->seek(m_timeBar->cursorTime()))
+        m_screen->setTime(m_timeBar->cursorTime());
+    else if (!m_session->isPlaying())
         playFrom(m_timeBar->cursorTime());
 }
 
@@ -608,7 +616,9 @@ void PlaybackWindow::layoutChildren() {
 
 void PlaybackWindow::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
-    c->fillRect(rect(), m_background);
+    // The video area is the screen's to paint: its cells may be see-through.
+    for (const VyRect& r : VyRegion(rect()).subtracted(m_screen->geometry()).rects())
+        c->fillRect(r, m_background);
     const VyRect bar(0, m_screen->height(), m_screen->width(), UiLook::scaledY(kControlBarDesign));
     c->fillRect(bar, m_controlBar);
     c->drawLine(bar.left, bar.top, bar.right, bar.top, m_controlBorder);

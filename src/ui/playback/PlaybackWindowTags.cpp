@@ -33,8 +33,9 @@ void PlaybackWindow::playChannelAt(int channel, const VyDateTime& time) {
     }
     m_timeBar->selectChannel(channel);
     m_timeBar->setCursorTime(time);
-    if (m_session->isPlaying() && inSplit && time.date() == m_session->playbackTime().date())
-        m_session->seek(time);
+    if (m_session->isPlaying() && inSplit && time.date() == m_session->playbackTime().date() &&
+        m_session->seek(time))
+        m_screen->setTime(time);
     else
         playFrom(time);
 }

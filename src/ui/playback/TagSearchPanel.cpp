@@ -20,7 +20,8 @@ namespace {
 
 constexpr int kPadDesign = 12;
 constexpr int kRowDesign = 34;
-constexpr int kLabelDesign = 110; // the column of the field names
+constexpr int kLabelDesign = 110;      // the column of the field names
+constexpr int kButtonExtraDesign = 10; // buttons stand taller than the fields
 
 } // namespace
 
@@ -156,10 +157,12 @@ void TagSearchPanel::resizeEvent(VyResizeEvent*) {
         m_channels[c]->setGeometry(pad + int(c % 4) * columnWidth, y + int(c / 4) * row,
                                    columnWidth, row);
     y += int((m_channels.size() + 3) / 4) * row + pad;
-    const int half = (inner - pad) / 2;
-    m_search->setGeometry(pad, y, half, row + 4);
-    m_add->setGeometry(pad + half + pad, y, inner - half - pad, row + 4);
-    y += row + 4 + pad;
+    // One a row: "Add tag" is long in several languages.
+    const int button = row + UiLook::scaledY(kButtonExtraDesign);
+    m_search->setGeometry(pad, y, inner, button);
+    y += button + pad / 2;
+    m_add->setGeometry(pad, y, inner, button);
+    y += button + pad;
     m_list->setGeometry(pad, y, inner, std::max(0, height() - y - pad));
     m_noTags->setGeometry(pad, y, inner, row);
 }
