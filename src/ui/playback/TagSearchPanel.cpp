@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kPadDesign = 12;
 constexpr int kRowDesign = 34;
-constexpr int kLabelDesign = 110;      // the column of the field names
+constexpr int kLabelDesign = 140;      // the column of the field names
 constexpr int kButtonExtraDesign = 10; // buttons stand taller than the fields
 
 } // namespace
