@@ -13,6 +13,7 @@
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
 #include "ui/liveview/LiveViewController.h"
+#include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackWindow.h"
 #include "ui/settings/SettingsManager.h"
 
@@ -91,6 +92,9 @@ void WindowShell::openPlayback(int channel, int64_t atSeconds) {
         VY_GUI_LOG("playback of channel %d from %s\n", channel + 1,
                    from.toString("yyyy/MM/dd hh:mm:ss").c_str());
     } else {
+        // A channel without a time: its day is searched, the channel alone.
+        for (int c = 0; channel >= 0 && c < PlaybackSearchPanel::kMaxChannels; ++c)
+            m_playback->searchPanel()->setChannelChecked(c, c == channel);
         m_playback->openSearch();
         VY_GUI_LOG("playback search opened\n");
     }

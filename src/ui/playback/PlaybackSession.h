@@ -83,7 +83,8 @@ public:
     const std::vector<RecordTag>& tags() const { return m_tags; }
     bool addTag(int channel, const VyDateTime& time, const std::string& name);
     // Thumbnails of one channel at `count` even steps over [from, to]; only the answer for
-    // the latest request's channel is kept.
+    // the latest request's channel is kept. The same request again sends nothing: the
+    // pictures asked for (or on their way) stay.
     bool requestThumbnails(int channel, const VyDateTime& from, const VyDateTime& to, int count);
     int thumbnailChannel() const { return m_thumbnailChannel; }
     const std::vector<RecordThumbnail>& thumbnails() const { return m_thumbnails; }
@@ -129,5 +130,8 @@ private:
     bool m_tagSearchPending = false;
     std::vector<RecordTag> m_tags;
     int m_thumbnailChannel = -1;
+    VyDateTime m_thumbnailFrom;
+    VyDateTime m_thumbnailTo;
+    int m_thumbnailCount = 0;
     std::vector<RecordThumbnail> m_thumbnails;
 };

@@ -22,10 +22,16 @@ bool PlaybackSession::addTag(int channel, const VyDateTime& time, const std::str
 
 bool PlaybackSession::requestThumbnails(int channel, const VyDateTime& from, const VyDateTime& to,
                                         int count) {
+    if (channel == m_thumbnailChannel && from == m_thumbnailFrom && to == m_thumbnailTo &&
+        count == m_thumbnailCount)
+        return true;
     RecDataManager* m = RecDataManager::instance();
     if (m == nullptr || count <= 0 || !m->requestThumbnails(channel, from, to, uint32_t(count)))
         return false;
     m_thumbnailChannel = channel;
+    m_thumbnailFrom = from;
+    m_thumbnailTo = to;
+    m_thumbnailCount = count;
     m_thumbnails.clear();
     return true;
 }

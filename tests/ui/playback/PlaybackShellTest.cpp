@@ -15,6 +15,7 @@
 #include "ui/WindowShell.h"
 #include "ui/liveview/LiveViewController.h"
 #include "ui/liveview/MainViewTaskBar.h"
+#include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackWindow.h"
 
 #include <cstring>
@@ -124,6 +125,12 @@ TEST_F(PlaybackShellTest, InstantPlaybackPlaysTheChannelAloneFromFiveMinutesAgo)
     EXPECT_EQ(RecDataManager::unpack(cmd.start),
               VyDateTime::fromTime_t(now - PlaybackWindow::kInstantSeconds));
     EXPECT_EQ(shell->playback()->session()->playingChannels(), std::vector<int>{2});
+
+    // A channel without a time: its day is searched, that channel alone.
+    const int searches = link.count(300, 28);
+    shell->openPlayback(5, 0);
+    EXPECT_EQ(shell->playback()->searchPanel()->checkedChannels(), std::vector<int>{5});
+    EXPECT_EQ(link.count(300, 28), searches + 1);
 }
 
 TEST_F(PlaybackShellTest, LockedScreenKeepsPlaybackClosed) {
