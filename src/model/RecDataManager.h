@@ -80,6 +80,11 @@ public:
                  const std::vector<int>& channels, uint32_t intervalSeconds = 3);
     bool searchTag(const VyDateTime& start, const VyDateTime& end, const std::string& keyword,
                    const std::vector<int>& channels);
+    // A custom tag named `name` on `channel`'s recording at `time`.
+    bool addTag(int channel, const VyDateTime& time, const std::string& name);
+    // `count` pictures of `channel` at even steps over [start, end].
+    bool requestThumbnails(int channel, const VyDateTime& start, const VyDateTime& end,
+                           uint32_t count);
     // One message and one log line per window of the picture playback split.
     bool recPic(const std::vector<RecPicWindow>& windows);
     bool exportClip(const VyDateTime& start, const VyDateTime& end,

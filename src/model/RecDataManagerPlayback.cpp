@@ -13,8 +13,10 @@
 #include "protocol/PlaybackJump.h"
 #include "protocol/PlaybackSeek.h"
 #include "protocol/PlaybackStopRequest.h"
+#include "protocol/PlaybackTag.h"
 #include "protocol/SubType.h"
 #include "protocol/TagSearchRequest.h"
+#include "protocol/ThumbnailRequest.h"
 #include "runtime/VyLog.h"
 
 #include <algorithm>
@@ -260,6 +262,34 @@ bool RecDataManager::searchTag(const VyDateTime& start, const VyDateTime& end,
     VY_GUI_LOG("time=[%s-%s] keyword=%s\n", text(start, kDateTimeFormat),
                text(end, kDateTimeFormat), req.keyword);
     return sendPlayback(PlaybackSubType::TagSearch, &req, sizeof req);
+}
+
+bool RecDataManager::addTag(int channel, const VyDateTime& time, const std::string& name) {
+    if (!time.isValid() || channelToBitArray(channel).empty())
+        return false;
+    PlaybackTag tag;
+    tag.time = pack(time);
+    tag.channel = uint32_t(channel);
+    copyText(tag.name, sizeof tag.name, name);
+    VY_GUI_LOG("tag \"%s\" on channel %d at %s\n", tag.name, channel + 1,
+               text(time, kDateTimeFormat));
+    return sendPlayback(PlaybackSubType::TagAdd, &tag, sizeof tag);
+}
+
+bool RecDataManager::requestThumbnails(int channel, const VyDateTime& start, const VyDateTime& end,
+                                       uint32_t count) {
+    if (!validSpan(start, end) || channelToBitArray(channel).empty())
+        return false;
+    if (count == 0 || count > ThumbnailRequest::kMaxCount) {
+        VY_GUI_LOG("thumbnail count %u invalid !!!\n", count);
+        return false;
+    }
+    ThumbnailRequest req;
+    req.start = pack(start);
+    req.end = pack(end);
+    req.channel = uint32_t(channel);
+    req.count = count;
+    return sendPlayback(PlaybackSubType::Thumbnails, &req, sizeof req);
 }
 
 bool RecDataManager::recPic(const std::vector<RecPicWindow>& windows) {

@@ -3,6 +3,8 @@
 // channel that was not asked for, an absurd segment count or a segment that ends before it
 // starts gets a log line and is left out, never trusted.
 #include "model/RecordChannel.h"
+#include "model/RecordTag.h"
+#include "model/RecordThumbnail.h"
 #include "protocol/MonthSearchResult.h"
 #include "protocol/PlaybackStatus.h"
 
@@ -21,4 +23,11 @@ public:
                                                  const VyDateTime& rangeEnd);
     static std::optional<MonthSearchResult> parseMonth(const uint8_t* body, size_t len);
     static std::optional<PlaybackStatus> parseStatus(const uint8_t* body, size_t len);
+    // The tags of a tag search (TagSearchResult + PlaybackTag list); a count beyond the cap
+    // or the body is cut with a line, tags with an impossible time are left out.
+    static std::optional<std::vector<RecordTag>> parseTags(const uint8_t* body, size_t len);
+    // The pictures of a thumbnail request for `channel`; refused for another channel or a
+    // picture size beyond ThumbnailReply's limits, cut like the tags for a count.
+    static std::optional<std::vector<RecordThumbnail>> parseThumbnails(const uint8_t* body,
+                                                                       size_t len, int channel);
 };

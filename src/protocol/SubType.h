@@ -85,10 +85,14 @@ constexpr uint16_t RecPicWindow = 27; // RecPicWindow, once per cell
 constexpr uint16_t DaySearch = 28;    // DaySearchRequest
 constexpr uint16_t StopOther = 43;    // PlaybackStopRequest
 constexpr uint16_t Export = 44;       // ClipExportRequest
+constexpr uint16_t TagAdd = 45;       // PlaybackTag: a custom tag at a playback time
+// Both ways: ThumbnailRequest, answered with ThumbnailReply under the same SubType.
+constexpr uint16_t Thumbnails = 46;
 // App -> GUI, forwarded to the ready playback receiver.
 constexpr uint16_t MonthResult = 2; // MonthSearchResult
 constexpr uint16_t DayResult = 3;   // DaySearchResult + RecordSegmentEntry list
 constexpr uint16_t Status = 14;     // PlaybackStatus
+// TagSearch (22) is answered under the same SubType: TagSearchResult + PlaybackTag list.
 
 } // namespace PlaybackSubType
 

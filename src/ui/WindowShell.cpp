@@ -5,6 +5,7 @@
 #include "model/UiManager.h"
 #include "model/UserAccess.h"
 #include "protocol/OutputSettingsBlock.h"
+#include "protocol/UserRights.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
@@ -13,6 +14,9 @@
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
+#include "ui/liveview/LiveViewController.h"
+#include "ui/playback/PlaybackSearchPanel.h"
+#include "ui/playback/PlaybackWindow.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/users/ScreenLockWindow.h"
 
@@ -68,6 +72,7 @@ void WindowShell::closeAll() {
     for (auto w = m_open.rbegin(); w != m_open.rend(); ++w)
         delete w->data();
     m_open.clear();
+    m_playback.reset();
     m_settings.reset();
     m_lockWindow.reset();
     m_mainView.reset();
@@ -81,7 +86,49 @@ void WindowShell::openSettings() {
 }
 
 void WindowShell::openPlayback(int channel, int64_t atSeconds) {
-    VY_GUI_LOG("playback of channel %d at %lld not available\n", channel, (long long)atSeconds);
+    if (UserAccess* access = UserAccess::instance()) {
+        if (!access->ensure(UserRights::kPlayback, channel)) {
+            VY_GUI_LOG("playback of channel %d refused\n", channel);
+            return;
+        }
+    }
+    if (!m_playback) {
+        m_playback = std::make_unique<PlaybackWindow>(SystemInfo::record().channelCount);
+        VyObject::connect(
+            m_playback.get(), &m_playback->closed, m_playback.get(), [](VyObject*, VyObject*) {
+                if (auto* shell = dynamic_cast<WindowShell*>(ShellActions::instance()))
+                    shell->returnToLiveView();
+            });
+    }
+    // The live view's decoders give way to playback until the window closes.
+    if (MainViewManager* manager = MainViewManager::instance())
+        manager->setShown(false);
+    const VyDateTime from = VyDateTime::fromTime_t(atSeconds);
+    if (channel >= 0 && atSeconds > 0 && from.isValid()) {
+        m_playback->openAt(channel, from);
+        VY_GUI_LOG("playback of channel %d from %s\n", channel + 1,
+                   from.toString("yyyy/MM/dd hh:mm:ss").c_str());
+    } else {
+        // A channel without a time: its day is searched, the channel alone.
+        for (int c = 0; channel >= 0 && c < PlaybackSearchPanel::kMaxChannels; ++c)
+            m_playback->searchPanel()->setChannelChecked(c, c == channel);
+        m_playback->openSearch();
+        VY_GUI_LOG("playback search opened\n");
+    }
+}
+
+void WindowShell::returnToLiveView() {
+    MainViewManager* manager = MainViewManager::instance();
+    if (manager != nullptr)
+        manager->setShown(true);
+    if (m_mainView != nullptr) {
+        m_mainView->raise();
+        // The first record after the view is shown again restarts every live decoder.
+        m_mainView->controller()->sendPreview();
+    }
+    if (manager != nullptr)
+        manager->announceLiveView();
+    VY_GUI_LOG("playback closed, live view in front\n");
 }
 
 void WindowShell::openBackup() {

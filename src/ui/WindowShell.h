@@ -16,6 +16,7 @@
 
 class MainViewWindow;
 class ScreenLockWindow;
+class PlaybackWindow;
 class SettingsManager;
 class VyWidget;
 
@@ -52,6 +53,10 @@ public:
     void setUserMenuChooser(UserMenuChooser chooser) { m_chooseUserAction = std::move(chooser); }
     // Made at the first lock; shows itself while the screen is locked.
     ScreenLockWindow* lockWindow() const { return m_lockWindow.get(); }
+    // Made on first use, kept (hidden) between uses so its search and zoom survive.
+    PlaybackWindow* playback() const { return m_playback.get(); }
+    // The playback window closed: the live view takes the screen and App's decoders back.
+    void returnToLiveView();
     // Dialogs shown and not yet dismissed (they delete themselves when dismissed).
     int openDialogCount() const;
     // Deletes every window still open; start-up calls it after the loop, before the
@@ -66,6 +71,7 @@ private:
     std::unique_ptr<SettingsManager> m_settings;    // made on first use; owns its window
     std::unique_ptr<ScreenLockWindow> m_lockWindow; // top-level: no parent owns it
     UserMenuChooser m_chooseUserAction;
+    std::unique_ptr<PlaybackWindow> m_playback; // top-level, made on first use
     // The self-deleting dialogs still open: not owned while open, since each deletes
     // itself when dismissed; whatever is left at the end goes with the shell's windows.
     std::vector<VyPointer<VyWidget>> m_open;

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <functional>
 #include <random>
@@ -164,6 +165,20 @@ TEST_F(RecDataPlaybackTest, MessagesHaveTheirSizesBytesAndLogLines) {
          ""},
         {"cancel export", [&] { return rec->stop(RecDataManager::StopKind::Other, "clip.avi"); },
          43, Expect(260).u32(0, 1).text(4, "clip.avi").b, ""},
+        {"custom tag", [&] { return rec->addTag(9, t1, "parcel"); }, 45,
+         Expect(48).time(0, 2026, 2, 7, 8, 5, 9).u32(8, 9).text(16, "parcel").b,
+         "tag \"parcel\" on channel 10 at 2026/02/07 08:05:09\n"},
+        {"custom tag name cut to its field",
+         [&] { return rec->addTag(0, t1, std::string(40, 'x')); }, 45,
+         Expect(48).time(0, 2026, 2, 7, 8, 5, 9).text(16, std::string(31, 'x').c_str()).b, ""},
+        {"thumbnails", [&] { return rec->requestThumbnails(15, t1, t2, 12); }, 46,
+         Expect(24)
+             .time(0, 2026, 2, 7, 8, 5, 9)
+             .time(8, 2026, 2, 7, 21, 30)
+             .u32(16, 15)
+             .u32(20, 12)
+             .b,
+         ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -295,6 +310,113 @@ TEST_F(RecDataPlaybackTest, RandomDayRepliesKeepOnlySegmentsInsideTheDay) {
         for (const RecordSegment& s : ch->segments)
             ASSERT_TRUE(from <= s.start && s.start < s.end && s.end <= to);
     }
+    ::testing::internal::GetCapturedStdout();
+}
+
+TEST_F(RecDataPlaybackTest, TagAndThumbnailRequestsRefuseBadArguments) {
+    ::testing::internal::CaptureStdout();
+    EXPECT_FALSE(rec->addTag(16, t1, "x"));              // past the device's channels
+    EXPECT_FALSE(rec->addTag(0, VyDateTime(), "x"));     // no time
+    EXPECT_FALSE(rec->requestThumbnails(0, t2, t1, 4));  // end before start
+    EXPECT_FALSE(rec->requestThumbnails(0, t1, t2, 0));  // nothing asked
+    EXPECT_FALSE(rec->requestThumbnails(0, t1, t2, 33)); // more than a reply holds
+    EXPECT_FALSE(rec->requestThumbnails(-1, t1, t2, 4));
+    ::testing::internal::GetCapturedStdout();
+    EXPECT_TRUE(link.sent.empty());
+}
+
+TEST_F(RecDataPlaybackTest, TagRepliesAreCutToTheirBodyAndCap) {
+    ::testing::internal::CaptureStdout();
+    auto tag = [](Expect& e, size_t at, int hour, uint32_t channel, const char* name) {
+        e.time(at, 2026, 2, 7, hour, 0, 0).u32(at + 8, channel).u32(at + 12, 7).text(at + 16, name);
+    };
+    Expect two(8 + 2 * 48);
+    two.u32(0, 2);
+    tag(two, 8, 9, 3, "door");
+    tag(two, 56, 25, 1, "bad hour"); // dropped
+    auto tags = RecordSearchReply::parseTags(two.b.data(), two.b.size());
+    ASSERT_TRUE(tags);
+    ASSERT_EQ(tags->size(), 1u);
+    EXPECT_EQ((*tags)[0].channel, 3);
+    EXPECT_EQ((*tags)[0].time, VyDateTime(VyDate(2026, 2, 7), VyTime(9, 0)));
+    EXPECT_EQ((*tags)[0].name, "door");
+    EXPECT_EQ((*tags)[0].id, 7u);
+
+    // A name that fills its field without a closing zero stays inside it.
+    Expect full(8 + 48);
+    full.u32(0, 1);
+    tag(full, 8, 9, 0, std::string(32, 'n').c_str());
+    tags = RecordSearchReply::parseTags(full.b.data(), full.b.size());
+    ASSERT_TRUE(tags);
+    EXPECT_EQ((*tags)[0].name, std::string(32, 'n'));
+
+    // Absurd counts: what the body holds, never more than the cap.
+    for (uint32_t claimed : {3u, 0xFFFFFFFFu}) {
+        Expect e = two;
+        e.u32(0, claimed);
+        tags = RecordSearchReply::parseTags(e.b.data(), e.b.size());
+        ASSERT_TRUE(tags);
+        EXPECT_EQ(tags->size(), 1u) << claimed;
+    }
+    Expect many(8 + 1200 * 48);
+    many.u32(0, 1200);
+    for (size_t i = 0; i < 1200; ++i)
+        tag(many, 8 + i * 48, 10, 0, "t");
+    tags = RecordSearchReply::parseTags(many.b.data(), many.b.size());
+    ASSERT_TRUE(tags);
+    EXPECT_EQ(tags->size(), 1000u);
+    EXPECT_FALSE(RecordSearchReply::parseTags(two.b.data(), 7));
+    ::testing::internal::GetCapturedStdout();
+}
+
+TEST_F(RecDataPlaybackTest, ThumbnailRepliesDecodeTheirPixelsAndRefuseBadHeads) {
+    ::testing::internal::CaptureStdout();
+    // Two 2x1 entries: the first at 10:00 (pure red, then pure blue), the second empty.
+    const size_t entry = 8 + 2 * 1 * 2;
+    Expect good(16 + 2 * entry);
+    good.u32(0, 5).u32(4, 2).u16(8, 2).u16(10, 1);
+    good.time(16, 2026, 2, 7, 10).u16(24, 0xF800).u16(26, 0x001F);
+    auto pictures = RecordSearchReply::parseThumbnails(good.b.data(), good.b.size(), 5);
+    ASSERT_TRUE(pictures);
+    ASSERT_EQ(pictures->size(), 2u);
+    EXPECT_EQ((*pictures)[0].time, VyDateTime(VyDate(2026, 2, 7), VyTime(10, 0)));
+    EXPECT_EQ((*pictures)[0].picture.pixel(0, 0), 0xFFFF0000u);
+    EXPECT_EQ((*pictures)[0].picture.pixel(1, 0), 0xFF0000FFu);
+    EXPECT_FALSE((*pictures)[1].time.isValid());
+    EXPECT_TRUE((*pictures)[1].picture.isNull());
+
+    struct Bad {
+        const char* why;
+        size_t at;
+        uint32_t value; // u32 at `at`, or u16 when at is 8 or 10
+        int channel;
+        size_t expected; // entries kept; SIZE_MAX: refused
+    } cases[] = {
+        {"another channel", 0, 5, 6, SIZE_MAX}, {"zero width", 8, 0, 5, SIZE_MAX},
+        {"too wide", 8, 161, 5, SIZE_MAX},      {"too high", 10, 121, 5, SIZE_MAX},
+        {"count past the body", 4, 3, 5, 2},    {"absurd count", 4, 0xFFFFFFFFu, 5, 2},
+    };
+    for (const Bad& c : cases) {
+        Expect e = good;
+        if (c.at == 8 || c.at == 10)
+            e.u16(c.at, uint16_t(c.value));
+        else
+            e.u32(c.at, c.value);
+        auto r = RecordSearchReply::parseThumbnails(e.b.data(), e.b.size(), c.channel);
+        if (c.expected == SIZE_MAX) {
+            EXPECT_FALSE(r) << c.why;
+            continue;
+        }
+        ASSERT_TRUE(r) << c.why;
+        EXPECT_EQ(r->size(), c.expected) << c.why;
+    }
+    // More entries than a request may ask for are cut to that.
+    Expect many(16 + 40 * entry);
+    many.u32(0, 5).u32(4, 40).u16(8, 2).u16(10, 1);
+    pictures = RecordSearchReply::parseThumbnails(many.b.data(), many.b.size(), 5);
+    ASSERT_TRUE(pictures);
+    EXPECT_EQ(pictures->size(), 32u);
+    EXPECT_FALSE(RecordSearchReply::parseThumbnails(good.b.data(), 15, 5));
     ::testing::internal::GetCapturedStdout();
 }
 

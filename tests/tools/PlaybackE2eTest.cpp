@@ -3,8 +3,11 @@
 // press, and a clip exported to the simulated USB stick (and one cancelled). The simulator's
 // clock is moved by hand, so nothing here depends on how fast the machine is.
 #include "SimPlayback.h"
+#include "SimPlaybackPlane.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
+#include "SimTags.h"
+#include "SimThumbnails.h"
 
 #include "ipc/IpcClient.h"
 #include "model/IpcRecorderLink.h"
@@ -16,15 +19,21 @@
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/core/VyScreenCursor.h"
+#include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyLineEdit.h"
+#include "toolkit/widgets/VyListWidget.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/playback/MotionSearchPanel.h"
+#include "ui/playback/PlaybackScreen.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
 #include "ui/playback/PlaybackWindow.h"
 #include "ui/playback/RecordTimeBar.h"
+#include "ui/playback/TagSearchPanel.h"
+#include "ui/playback/ThumbnailBar.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +65,10 @@ protected:
         server.setLogging(false);
         recorder->attach(server);
         playback->attach(server);
+        tags = std::make_unique<SimTags>(config, SimRecordDb::localToday());
+        tags->attach(server);
+        thumbnails = std::make_unique<SimThumbnails>(playback->db());
+        thumbnails->attach(server);
         ASSERT_TRUE(server.listen(m_dir + "/IPC_UI"));
         ASSERT_TRUE(server.start());
 
@@ -91,6 +104,12 @@ protected:
         }
         return done();
     }
+    void press(VyWidget* w, VyPoint p) {
+        VyMouseEvent press(VyEvent::MouseButtonPress, p, p, VyMouseEvent::LeftButton, 1);
+        VyApplication::sendEvent(w, &press);
+        VyMouseEvent release(VyEvent::MouseButtonRelease, p, p, VyMouseEvent::LeftButton, 0);
+        VyApplication::sendEvent(w, &release);
+    }
     void pressBar(const VyDateTime& t) {
         RecordTimeBar* bar = window->timeBar();
         const VyPoint p(bar->timeToX(t), bar->rowTrack(0).top + 2);
@@ -114,6 +133,8 @@ protected:
     SimServer server;
     std::unique_ptr<SimRecorder> recorder;
     std::unique_ptr<SimPlayback> playback;
+    std::unique_ptr<SimTags> tags;
+    std::unique_ptr<SimThumbnails> thumbnails;
     IpcClient client;
     IpcRecorderLink link{client};
     std::unique_ptr<UiModels> models = std::make_unique<UiModels>();
@@ -219,6 +240,104 @@ TEST_F(PlaybackE2e, SearchPlayPauseSpeedSeekAndExportAClip) {
 
     window->control(PlaybackWindow::Stop)->click();
     ASSERT_TRUE(runUntil([&] { return !playback->state().playing; }));
+}
+
+TEST_F(PlaybackE2e, TagsThumbnailsAndThePlaybackPlane) {
+    PlaybackSession* session = window->session();
+    const VyDate today = VyDate::currentDate();
+    const long long midnight = localSeconds(VyDateTime(today));
+
+    // Tag search: the keyword and channels pick the simulator's tags of the day.
+    window->control(PlaybackWindow::Tags)->click();
+    TagSearchPanel* panel = window->tagPanel();
+    ASSERT_TRUE(panel->isVisible());
+    panel->keywordEdit()->setText("entry");
+    for (int c = 0; c < config.channels; ++c)
+        panel->setChannelChecked(c, c == 2 || c == 5);
+    panel->searchButton()->click();
+    ASSERT_TRUE(runUntil([&] { return !session->tags().empty(); }));
+    std::vector<long long> expected;
+    for (int c : {2, 5})
+        for (const PlaybackTag& t : tags->find(c, midnight, midnight + 86399, "entry"))
+            expected.push_back(SimRecordDb::secondsOf(t.time));
+    ASSERT_EQ(panel->tags().size(), expected.size());
+    for (const RecordTag& t : panel->tags()) {
+        EXPECT_EQ(t.name, "ENTRY");
+        EXPECT_TRUE(t.channel == 2 || t.channel == 5) << t.channel;
+        EXPECT_NE(std::find(expected.begin(), expected.end(), localSeconds(t.time)),
+                  expected.end());
+    }
+
+    // OK on a found tag plays from it.
+    panel->resultList()->setCurrentRow(0);
+    VyKeyEvent ok(VyEvent::KeyPress, VyKeyEvent::KeyOk);
+    VyApplication::sendEvent(panel->resultList(), &ok);
+    const RecordTag first = panel->tags()[0];
+    ASSERT_TRUE(runUntil([&] { return playback->state().playing; }));
+    EXPECT_EQ(simSeconds(), localSeconds(first.time));
+
+    // A custom tag at the playback time is found by the next search.
+    playback->advance(1000);
+    ASSERT_TRUE(runUntil([&] { return session->playbackTime() == first.time.addSecs(1); }));
+    for (int c = 0; c < config.channels; ++c)
+        panel->setChannelChecked(c, true);
+    panel->keywordEdit()->setText("parcel");
+    panel->addButton()->click();
+    ASSERT_TRUE(runUntil([&] { return tags->addedCount() == 1; }));
+    panel->searchButton()->click();
+    ASSERT_TRUE(runUntil([&] { return panel->tags().size() == 1; }));
+    EXPECT_EQ(panel->tags()[0].name, "parcel");
+    EXPECT_EQ(panel->tags()[0].time, first.time.addSecs(1));
+
+    // Thumbnails of the selected row over the bar's span, decoded pixel for pixel. They take
+    // room from the cells: stopped first, the press below plays the split as it is then.
+    window->control(PlaybackWindow::Stop)->click();
+    ASSERT_TRUE(runUntil([&] { return !playback->state().playing; }));
+    for (int c = 0; c < config.channels; ++c) // the tag left its channel alone in the split
+        window->searchPanel()->setChannelChecked(c, c < 4);
+    window->search();
+    ASSERT_TRUE(runUntil([&] { return window->timeBar()->channels().size() == 4; }));
+    window->control(PlaybackWindow::Thumbnails)->click();
+    ThumbnailBar* bar = window->thumbnailBar();
+    ASSERT_TRUE(bar->isVisible());
+    ASSERT_TRUE(runUntil([&] { return !bar->thumbnails().empty(); }));
+    EXPECT_EQ(int(bar->thumbnails().size()), bar->slotCount());
+    const int channel = session->thumbnailChannel();
+    int shown = -1;
+    for (size_t i = 0; i < bar->thumbnails().size(); ++i) {
+        const RecordThumbnail& t = bar->thumbnails()[i];
+        if (!t.time.isValid())
+            continue;
+        const long long at = localSeconds(t.time);
+        EXPECT_TRUE(SimPlaybackPlane::recordedAt(playback->db(), channel, at));
+        const auto sim = SimPlaybackPlane::thumbnail(channel, at, 64, 36);
+        const unsigned v = sim[18 * 64 + 40];
+        const vyargb rgb = 0xFF000000u | ((v >> 11) * 255 / 31) << 16 |
+                           ((v >> 5 & 63) * 255 / 63) << 8 | (v & 31) * 255 / 31;
+        EXPECT_EQ(t.picture.pixel(40, 18), rgb) << i;
+        shown = int(i);
+    }
+    ASSERT_GE(shown, 0) << "no step of the span has a recording";
+
+    // A press on a thumbnail plays from there.
+    const VyRect slot = bar->slotRect(shown);
+    press(bar, VyPoint(slot.left + 2, slot.top + 2));
+    const long long chosen = localSeconds(bar->thumbnails()[size_t(shown)].time);
+    ASSERT_TRUE(runUntil([&] { return simSeconds() == chosen; }));
+
+    // The simulator's video plane shows the playing cells with their playback time.
+    SimPlaybackFrame frame;
+    ASSERT_TRUE(playback->planeFrame(1280, 720, &frame));
+    EXPECT_EQ(frame.clock, SimPlaybackPlane::stamp(playback->state().timeMs));
+    const std::vector<VyRect> cells = window->screen()->cellRects();
+    ASSERT_EQ(frame.record.cellCount, cells.size());
+    const VyPoint at = window->screen()->mapToGlobal(VyPoint(cells[1].left, cells[1].top));
+    EXPECT_EQ(frame.record.cells[1].channel, window->screen()->channels()[1]);
+    EXPECT_EQ(frame.record.cells[1].left, at.x);
+    EXPECT_EQ(frame.record.cells[1].top, at.y);
+    window->control(PlaybackWindow::Stop)->click();
+    ASSERT_TRUE(runUntil([&] { return !playback->state().playing; }));
+    EXPECT_FALSE(playback->planeFrame(1280, 720, &frame));
 }
 
 } // namespace

@@ -47,6 +47,8 @@ CAMERA = "\ue412"            # photo_camera
 SAVE = "\ue161"              # save: the clip backup
 RUN = "\ue566"               # directions_run: motion search
 PHOTOS = "\ue413"            # photo_library: picture playback
+CAROUSEL = "\ue8eb"          # view_carousel: the thumbnail bar
+LOCAL_OFFER = "\ue54e"       # local_offer: tag search and custom tags
 
 # Palette of the common style sheet.
 TEXT = (230, 232, 235, 255)
@@ -114,6 +116,8 @@ IMAGES = {
     "playback-backup": (28, [(SAVE, TEXT)]),
     "playback-motion": (28, [(RUN, TEXT)]),
     "playback-pictures": (28, [(PHOTOS, TEXT)]),
+    "playback-thumbnails": (28, [(CAROUSEL, TEXT)]),
+    "playback-tags": (28, [(LOCAL_OFFER, TEXT)]),
 }
 
 

@@ -3,8 +3,11 @@
 #include "SimCommands.h"
 #include "SimLiveView.h"
 #include "SimPlayback.h"
+#include "SimPlaybackPlane.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
+#include "SimTags.h"
+#include "SimThumbnails.h"
 #include "SimUsers.h"
 
 #include <cstdlib>
@@ -35,11 +38,18 @@ void registerDefaultHandlers(SimServer& server) {
     liveView->attach(server);
     SimCommands::addExtension(
         [](const std::vector<std::string>& w) { return liveView->runCommand(w); });
-    if (const char* plane = std::getenv("VY_VIDEO_PLANE"); plane && *plane)
-        liveView->startVideoPlane(plane);
     static SimPlayback* playback = new SimPlayback(config);
     playback->attach(server);
     playback->startTicking(SimPlayback::kTickMs);
+    static SimTags* tags = new SimTags(config, SimRecordDb::localToday());
+    tags->attach(server);
+    static SimThumbnails* thumbnails = new SimThumbnails(playback->db());
+    thumbnails->attach(server);
+    liveView->setPlaybackSource([](int width, int height, SimPlaybackFrame* out) {
+        return playback->planeFrame(width, height, out);
+    });
+    if (const char* plane = std::getenv("VY_VIDEO_PLANE"); plane && *plane)
+        liveView->startVideoPlane(plane);
     static SimUsers* users = new SimUsers();
     users->addDefaultUsers();
     if (const char* login = std::getenv("VY_SIM_LOGIN"); login && *login == '1')

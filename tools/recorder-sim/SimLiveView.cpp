@@ -1,5 +1,6 @@
 #include "SimLiveView.h"
 
+#include "SimPlaybackPlane.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
 #include "protocol/ByteOrder.h"
@@ -395,8 +396,15 @@ void SimLiveView::drawLoop(const std::string& path) {
                 }
             }
         }
-        if (pixels)
+        SimPlaybackFrame playback;
+        if (pixels && m_playbackSource && m_playbackSource(width, height, &playback)) {
+            for (size_t ch = 0; ch < cells.size(); ++ch)
+                cells[ch].picture = ch < playback.recorded.size() && playback.recorded[ch];
+            SimVideoPlane::drawFrame(playback.record, cells, playback.tick, playback.clock, pixels,
+                                     width, height);
+        } else if (pixels) {
             SimVideoPlane::drawFrame(record, cells, tick++, clockText(), pixels, width, height);
+        }
         std::this_thread::sleep_for(std::chrono::milliseconds(kFrameMs));
     }
     if (pixels)

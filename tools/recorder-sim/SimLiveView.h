@@ -22,6 +22,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -29,6 +30,7 @@
 
 class SimRecorder;
 class SimServer;
+struct SimPlaybackFrame;
 struct SimMessage;
 
 class SimLiveView {
@@ -45,6 +47,10 @@ public:
     bool runCommand(const std::vector<std::string>& words);
     // Draws the plane into `path` until destruction.
     void startVideoPlane(const std::string& path);
+    // Playback takes the plane while the source answers true (SimPlaybackPlane.h); set
+    // before startVideoPlane.
+    using PlaybackSource = std::function<bool(int width, int height, SimPlaybackFrame* out)>;
+    void setPlaybackSource(PlaybackSource source) { m_playbackSource = std::move(source); }
 
     // State, for tests.
     uint32_t flags(int channel) const;
@@ -77,5 +83,6 @@ private:
     uint8_t m_talkAnswer = 0; // DualTalkNotice state a talk-back start gets
     std::atomic<int> m_previewCount{0};
     std::atomic<bool> m_stop{false};
+    PlaybackSource m_playbackSource;
     std::thread m_drawer;
 };

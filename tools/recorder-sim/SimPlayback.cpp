@@ -18,7 +18,6 @@
 #include "protocol/RecPicWindow.h"
 #include "protocol/RecordTypeBit.h"
 #include "protocol/SubType.h"
-#include "protocol/TagSearchRequest.h"
 
 #include <algorithm>
 #include <chrono>
@@ -37,27 +36,12 @@ bool decode(const SimMessage& m, Record* out) {
     return true;
 }
 
-// Local seconds since 1970-01-01 of a packed time; -1 when the fields are impossible.
 long long seconds(const PackedDateTime& t) {
-    if (t.month < 1 || t.month > 12 || t.day < 1 || t.day > 31 || t.hour > 23 || t.minute > 59 ||
-        t.second > 59)
-        return -1;
-    return SimRecordDb::daysFromCivil(t.year, t.month, t.day) * kDaySeconds + t.hour * 3600 +
-           t.minute * 60 + t.second;
+    return SimRecordDb::secondsOf(t);
 }
 
 PackedDateTime packed(long long secs) {
-    PackedDateTime p;
-    int y, m, d;
-    SimRecordDb::civilFromDays(long(secs / kDaySeconds), &y, &m, &d);
-    const long long s = secs % kDaySeconds;
-    p.year = uint16_t(y);
-    p.month = uint8_t(m);
-    p.day = uint8_t(d);
-    p.hour = uint8_t(s / 3600);
-    p.minute = uint8_t(s / 60 % 60);
-    p.second = uint8_t(s % 60);
-    return p;
+    return SimRecordDb::packSeconds(secs);
 }
 
 } // namespace
@@ -95,11 +79,10 @@ void SimPlayback::attach(SimServer& server) {
     on(PlaybackSubType::Seek, &SimPlayback::onSeek);
     on(PlaybackSubType::Export, &SimPlayback::onExport);
     on(PlaybackSubType::StopOther, &SimPlayback::onStopOther);
-    // Picture playback and tag search: taken, checked for size, not answered (the simulator
-    // keeps no pictures and no tags).
+    // Picture playback: taken, checked for size, not answered (the simulator keeps no
+    // pictures). Tags and thumbnails are SimTags' and SimThumbnails'.
     on(PlaybackSubType::PicPlay, &SimPlayback::onSized<PicPlayCommand>);
     on(PlaybackSubType::RecPicWindow, &SimPlayback::onSized<RecPicWindow>);
-    on(PlaybackSubType::TagSearch, &SimPlayback::onSized<TagSearchRequest>);
 }
 
 void SimPlayback::startTicking(int periodMs) {
@@ -244,7 +227,11 @@ bool SimPlayback::onMotionSearch(SimServer& s, const SimMessage& m) {
 
 bool SimPlayback::onSplit(SimServer&, const SimMessage& m) {
     PlaybackSplitScreen split;
-    return decode(m, &split) && split.windowCount <= PlaybackSplitScreen::kMaxWindows;
+    if (!decode(m, &split) || split.windowCount > PlaybackSplitScreen::kMaxWindows)
+        return false;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_split.assign(split.windows, split.windows + split.windowCount);
+    return true;
 }
 
 bool SimPlayback::onPlay(SimServer&, const SimMessage& m) {

@@ -9,6 +9,7 @@
 //     playback.startTicking(1000);    // or advance(ms) by hand in a test
 #include "SimRecordDb.h"
 #include "SimRecorderConfig.h"
+#include "protocol/PlaybackSplitScreen.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -19,6 +20,7 @@
 
 class SimServer;
 struct SimMessage;
+struct SimPlaybackFrame;
 
 class SimPlayback {
 public:
@@ -53,6 +55,9 @@ public:
         int exportsDone = 0;
     };
     State state() const;
+    // While cells play (paused or not): the picture of each playback cell on an output plane
+    // of this size, with its playback time (SimPlaybackPlane.cpp). False otherwise.
+    bool planeFrame(int width, int height, SimPlaybackFrame* out) const;
 
 private:
     bool onMonthSearch(SimServer& s, const SimMessage& m);
@@ -77,6 +82,7 @@ private:
 
     mutable std::mutex m_mutex; // guards everything below; taken before the server's
     State m_state;
+    std::vector<PlaybackWindowRect> m_split; // the cells of the last split, output pixels
     long long m_endMs = 0;
     uint64_t m_exportBytes = 0;
     bool m_usbPresent = true;

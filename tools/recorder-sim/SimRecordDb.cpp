@@ -125,3 +125,25 @@ uint32_t SimRecordDb::monthDays(int year, int month, const uint8_t* channelBits,
     }
     return days;
 }
+
+long long SimRecordDb::secondsOf(const PackedDateTime& t) {
+    if (t.month < 1 || t.month > 12 || t.day < 1 || t.day > 31 || t.hour > 23 || t.minute > 59 ||
+        t.second > 59)
+        return -1;
+    return daysFromCivil(t.year, t.month, t.day) * 86400LL + t.hour * 3600 + t.minute * 60 +
+           t.second;
+}
+
+PackedDateTime SimRecordDb::packSeconds(long long secs) {
+    PackedDateTime p;
+    int y, m, d;
+    civilFromDays(long(secs / 86400), &y, &m, &d);
+    const long long s = secs % 86400;
+    p.year = uint16_t(y);
+    p.month = uint8_t(m);
+    p.day = uint8_t(d);
+    p.hour = uint8_t(s / 3600);
+    p.minute = uint8_t(s / 60 % 60);
+    p.second = uint8_t(s % 60);
+    return p;
+}

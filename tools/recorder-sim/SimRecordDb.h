@@ -19,6 +19,10 @@ public:
     static long daysFromCivil(int year, int month, int day);
     static void civilFromDays(long days, int* year, int* month, int* day);
     static long localToday();
+    // Local seconds since 1970-01-01 of a packed time, -1 when its fields are impossible;
+    // and back.
+    static long long secondsOf(const PackedDateTime& t);
+    static PackedDateTime packSeconds(long long secs);
 
     // The segments of a channel's day, sorted, in seconds from that day's midnight; empty
     // outside the recorded days or the device's channels.

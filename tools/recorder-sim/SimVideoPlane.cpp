@@ -128,7 +128,8 @@ void SimVideoPlane::drawFrame(const PreviewRecord& record,
         const int h = b - t + 1;
         const bool known = c.channel < channels.size();
         const bool picture = known && channels[c.channel].picture;
-        const int scale = std::max(1, std::min(w / 80, h / 45));
+        // The clock line fits the cell: a playback stamp carries the date too.
+        const int scale = std::max(1, std::min({w / 80, h / 45, w / (textWidth(clock, 1) + 2)}));
         if (!picture) {
             fill(pixels, width, height, l, t, r, b, rgb(24, 24, 28));
             const std::string text = "NO VIDEO";

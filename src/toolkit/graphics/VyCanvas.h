@@ -51,6 +51,8 @@ public:
     // The outline lies inside the rectangle, penWidth pixels thick.
     virtual void drawRect(const VyRect& rect, vyargb colour) = 0;
     virtual void fillRect(const VyRect& rect, vyargb colour) = 0;
+    // Makes the pixels see-through: the video plane beneath the interface shows there.
+    virtual void clearRect(const VyRect& rect) = 0;
     // Pixels whose centres lie inside the triangle (or on its edges).
     virtual void fillTriangle(VyPoint a, VyPoint b, VyPoint c, vyargb colour) = 0;
     // Bitmap pixels with their own alpha; the second form scales to the target.

@@ -248,6 +248,11 @@ void VyFbCanvas::fillRect(const VyRect& rect, vyargb colour) {
         VyPixelOps::blendColorRow(scanLine(row) + r.left, n, colour);
 }
 
+void VyFbCanvas::clearRect(const VyRect& rect) {
+    // 0: transparent black, the overlay bit clear.
+    fillRaw(toCanvas(rect), 0);
+}
+
 void VyFbCanvas::fillTriangle(VyPoint a, VyPoint b, VyPoint c, vyargb colour) {
     if ((colour >> 24) == 0)
         return;

@@ -44,6 +44,7 @@ public:
     void drawDotLine(vyreal x1, vyreal y1, vyreal x2, vyreal y2, vyargb colour) override;
     void drawRect(const VyRect& rect, vyargb colour) override;
     void fillRect(const VyRect& rect, vyargb colour) override;
+    void clearRect(const VyRect& rect) override;
     void fillTriangle(VyPoint a, VyPoint b, VyPoint c, vyargb colour) override;
     void drawImage(int x, int y, const VyBitmap& image) override;
     void drawImage(const VyRect& target, const VyBitmap& image) override;

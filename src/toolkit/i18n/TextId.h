@@ -79,6 +79,13 @@ constexpr uint32_t Continuous = 104010;      // Continuous
 constexpr uint32_t Motion = 104011;          // Motion detection
 constexpr uint32_t Alarm = 104012;           // Alarm
 constexpr uint32_t Analytics = 104013;       // Analytics
+constexpr uint32_t TagSearch = 104014;       // Tag search
+constexpr uint32_t Keyword = 104015;         // Keyword
+constexpr uint32_t From = 104016;            // From
+constexpr uint32_t To = 104017;              // To
+constexpr uint32_t AddTag = 104018;          // Add tag
+constexpr uint32_t NoTags = 104019;          // No tags found.
+constexpr uint32_t DefaultTagName = 104020;  // Tag
 } // namespace Playback
 namespace Settings {
 constexpr uint32_t Sunday = 105001;           // Sun
@@ -330,6 +337,13 @@ constexpr uint32_t kAll[] = {
     Playback::Motion,
     Playback::Alarm,
     Playback::Analytics,
+    Playback::TagSearch,
+    Playback::Keyword,
+    Playback::From,
+    Playback::To,
+    Playback::AddTag,
+    Playback::NoTags,
+    Playback::DefaultTagName,
     Settings::Sunday,
     Settings::Monday,
     Settings::Tuesday,

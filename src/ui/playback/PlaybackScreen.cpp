@@ -4,8 +4,11 @@
 #include "runtime/VyResources.h"
 #include "toolkit/events/VyMouseEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
+#include "toolkit/graphics/VyFbCanvas.h"
 #include "ui/UiLook.h"
 #include "ui/playback/PlaybackSplit.h"
+
+#include <algorithm>
 
 PlaybackScreen::PlaybackScreen(VyWidget* parent)
     : VyWidget(parent) {
@@ -44,11 +47,31 @@ void PlaybackScreen::setSelectedCell(int cell) {
     update();
 }
 
+namespace {
+
+// The width of a text with a little room on either side.
+int textBox(const VyString& text, int font) {
+    return VyFbCanvas::textWidth(text, font) + font / 2;
+}
+
+} // namespace
+
+void PlaybackScreen::setVideoShown(bool shown) {
+    if (shown == m_videoShown)
+        return;
+    m_videoShown = shown;
+    update();
+}
+
 void PlaybackScreen::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
-    c->fillRect(rect(), m_background);
-    const int font = UiLook::instance().fontPixelSize();
     const std::vector<VyRect> cells = cellRects();
+    c->fillRect(rect(), m_background);
+    if (m_videoShown) {
+        for (const VyRect& r : cells)
+            c->clearRect(r);
+    }
+    const int font = UiLook::instance().fontPixelSize();
     for (size_t i = 0; i < cells.size(); ++i) {
         const VyRect& r = cells[i];
         const bool selected = int(i) == m_selected;
@@ -59,13 +82,22 @@ void PlaybackScreen::paintEvent(VyPaintEvent*) {
         if (channel < 0)
             continue;
         const int pad = UiLook::scaledX(8);
-        c->drawText(VyRect(r.left + pad, r.top + pad, r.width() - 2 * pad, font + 4),
-                    VyCanvas::AlignLeft | VyCanvas::AlignVCenter, VyString::number(channel + 1),
-                    font, m_timeColour);
+        // Over video the texts stand on a dark box: anti-aliased edges over a see-through
+        // pixel would leave it see-through, and the text would vanish into the picture.
+        const VyString number = VyString::number(channel + 1);
+        const int numberWidth = std::min(r.width() - 2 * pad, textBox(number, font));
+        const VyRect numberBox(r.left + pad, r.top + pad, numberWidth, font + 4);
+        if (m_videoShown)
+            c->fillRect(numberBox, m_background);
+        c->drawText(numberBox, VyCanvas::AlignCenter, number, font, m_timeColour);
         // The picture's time stamp, as the recorder burnt it in.
         const VyString stamp = m_time.isValid() ? m_time.toString("yyyy/MM/dd hh:mm:ss") : "--";
-        c->drawText(VyRect(r.left + pad, r.bottom - pad - font - 4, r.width() - 2 * pad, font + 4),
-                    VyCanvas::AlignRight | VyCanvas::AlignVCenter, stamp, font,
+        const int stampWidth = std::min(r.width() - 2 * pad, textBox(stamp, font));
+        const VyRect stampBox(r.right - pad - stampWidth + 1, r.bottom - pad - font - 4, stampWidth,
+                              font + 4);
+        if (m_videoShown)
+            c->fillRect(stampBox, m_background);
+        c->drawText(stampBox, VyCanvas::AlignCenter, stamp, font,
                     m_time.isValid() ? m_timeColour : m_noVideo);
     }
 }

@@ -1,8 +1,9 @@
 #pragma once
 // The video area of the playback window: the cells of the split, each framed, with its
 // channel number and the playback time of its picture. App draws the decoded video on the
-// video plane beneath; the cells themselves stay see-through except for their frames and
-// texts. A press selects a cell; a double press toggles full screen of the window.
+// video plane beneath; while it does, the cells stay see-through except for their frames and
+// texts (otherwise they are dark: the plane may still hold live pictures). A press selects a
+// cell; a double press toggles full screen of the window.
 #include "runtime/VyDateTime.h"
 #include "toolkit/core/VyWidget.h"
 
@@ -23,6 +24,9 @@ public:
     const VyDateTime& time() const { return m_time; }
     int selectedCell() const { return m_selected; }
     void setSelectedCell(int cell);
+    // App draws playback video under the cells.
+    void setVideoShown(bool shown);
+    bool isVideoShown() const { return m_videoShown; }
 
     VySignal cellSelected;
     VySignal fullScreenRequested;
@@ -36,6 +40,7 @@ private:
     std::vector<int> m_channels;
     VyDateTime m_time;
     int m_selected = 0;
+    bool m_videoShown = false;
     vyargb m_background = 0xFF000000;
     vyargb m_border = 0xFF3C3F45;
     vyargb m_borderSelected = 0xFF00C878;

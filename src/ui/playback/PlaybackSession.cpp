@@ -243,6 +243,12 @@ void PlaybackSession::customEvent(VyEvent* e) {
     case PlaybackSubType::Status:
         onStatus(body, h.dataLen);
         break;
+    case PlaybackSubType::TagSearch:
+        onTags(body, h.dataLen);
+        break;
+    case PlaybackSubType::Thumbnails:
+        onThumbnails(body, h.dataLen);
+        break;
     default:
         VY_GUI_LOG("playback notice %u dropped\n", h.SubType);
         break;

@@ -4,6 +4,8 @@
 // pause state, and the clip export. It sends through the record data model and takes App's
 // answers as the playback receiver, but only while the screen reports itself ready.
 #include "model/RecordChannel.h"
+#include "model/RecordTag.h"
+#include "model/RecordThumbnail.h"
 #include "model/UiManager.h"
 #include "runtime/VyDateTime.h"
 #include "runtime/VyRect.h"
@@ -75,11 +77,25 @@ public:
     int exportPercent() const { return m_exportPercent; }
     uint32_t exportFailure() const { return m_exportFailure; }
 
+    // Tags (PlaybackSessionTags.cpp). An answer replaces tags() as a whole.
+    bool searchTags(const VyDateTime& from, const VyDateTime& to, const std::string& keyword,
+                    const std::vector<int>& channels);
+    const std::vector<RecordTag>& tags() const { return m_tags; }
+    bool addTag(int channel, const VyDateTime& time, const std::string& name);
+    // Thumbnails of one channel at `count` even steps over [from, to]; only the answer for
+    // the latest request's channel is kept. The same request again sends nothing: the
+    // pictures asked for (or on their way) stay.
+    bool requestThumbnails(int channel, const VyDateTime& from, const VyDateTime& to, int count);
+    int thumbnailChannel() const { return m_thumbnailChannel; }
+    const std::vector<RecordThumbnail>& thumbnails() const { return m_thumbnails; }
+
     VySignal monthSearched;
     VySignal daySearched;   // a channel's answer arrived (results())
     VySignal progressed;    // playbackTime() moved
     VySignal ended;         // the cells reached the end of the day
     VySignal exportChanged; // exportState() or exportPercent() changed
+    VySignal tagsFound;
+    VySignal thumbnailsArrived;
 
 protected:
     void customEvent(VyEvent* e) override;
@@ -87,6 +103,8 @@ protected:
 private:
     void onDayResult(const uint8_t* body, size_t len);
     void onStatus(const uint8_t* body, size_t len);
+    void onTags(const uint8_t* body, size_t len);
+    void onThumbnails(const uint8_t* body, size_t len);
 
     bool m_ready = false;
     VyDate m_markedMonth;
@@ -108,4 +126,12 @@ private:
     int m_exportPercent = 0;
     uint32_t m_exportFailure = 0;
     std::string m_exportName;
+
+    bool m_tagSearchPending = false;
+    std::vector<RecordTag> m_tags;
+    int m_thumbnailChannel = -1;
+    VyDateTime m_thumbnailFrom;
+    VyDateTime m_thumbnailTo;
+    int m_thumbnailCount = 0;
+    std::vector<RecordThumbnail> m_thumbnails;
 };

@@ -4,6 +4,7 @@
 #include "protocol/PlaybackStatus.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
+#include "runtime/VyRegion.h"
 #include "runtime/VyResources.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
@@ -11,6 +12,7 @@
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/input/VyKeyManager.h"
 #include "toolkit/style/VyStyle.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyProgressBar.h"
@@ -25,6 +27,8 @@
 #include "ui/playback/PlaybackSnapshot.h"
 #include "ui/playback/PlaybackSplit.h"
 #include "ui/playback/RecordTimeBar.h"
+#include "ui/playback/TagSearchPanel.h"
+#include "ui/playback/ThumbnailBar.h"
 
 #include <algorithm>
 
@@ -54,6 +58,8 @@ const char* const kIcons[PlaybackWindow::ControlCount] = {
     "images/playback-backup.png",
     "images/playback-motion.png",
     "images/playback-pictures.png",
+    "images/playback-thumbnails.png",
+    "images/playback-tags.png",
 };
 
 VyString speedText(int step) {
@@ -94,6 +100,19 @@ PlaybackWindow::PlaybackWindow(int deviceChannels, VyWidget* parent)
     m_controls[Clip]->setCheckable(true);
     m_controls[MotionSearch]->setCheckable(true);
     m_controls[PicturePlay]->setCheckable(true);
+    m_controls[Thumbnails]->setCheckable(true);
+    m_controls[Tags]->setCheckable(true);
+    m_tags = new TagSearchPanel(deviceChannels, this);
+    connect(m_tags, &m_tags->searchRequested, this, VY_SLOT(PlaybackWindow, onTagSearch));
+    connect(m_tags, &m_tags->addRequested, this, VY_SLOT(PlaybackWindow, onAddTag));
+    connect(m_tags, &m_tags->tagChosen, this, VY_SLOT(PlaybackWindow, onTagChosen));
+    connect(m_session, &m_session->tagsFound, this, VY_SLOT(PlaybackWindow, onTagsFound));
+    m_thumbnailBar = new ThumbnailBar(this);
+    connect(m_thumbnailBar, &m_thumbnailBar->thumbnailChosen, this,
+            VY_SLOT(PlaybackWindow, onThumbnailChosen));
+    connect(m_session, &m_session->thumbnailsArrived, this,
+            VY_SLOT(PlaybackWindow, onThumbnailsArrived));
+    connect(m_timeBar, &m_timeBar->viewMoved, this, VY_SLOT(PlaybackWindow, refreshThumbnails));
     for (VyPushButton*& zoom : m_zoom) {
         zoom = new VyPushButton(this);
         zoom->setCheckable(true);
@@ -135,7 +154,7 @@ PlaybackWindow::~PlaybackWindow() {
     m_session->setReady(false);
 }
 
-void PlaybackWindow::open() {
+void PlaybackWindow::present() {
     if (VyApplication* app = VyApplication::instance()) {
         if (VyScreen* screen = app->screen())
             setGeometry(0, 0, screen->width(), screen->height());
@@ -143,15 +162,45 @@ void PlaybackWindow::open() {
     m_session->setReady(true);
     if (UiManager* manager = UiManager::instance())
         manager->setPlaybackReceivers(m_session, nullptr);
+    if (VyKeyManager* keys = VyKeyManager::liveInstance())
+        keys->setKeyTarget(VyKeyTarget::PlaybackWindow, this);
     show();
+    raise();
+}
+
+void PlaybackWindow::open() {
+    present();
     m_session->searchMonth(m_panel->date(), m_panel->checkedChannels());
+}
+
+void PlaybackWindow::openSearch() {
+    present();
+    search();
+}
+
+void PlaybackWindow::openAt(int channel, const VyDateTime& from) {
+    present();
+    for (int c = 0; c < PlaybackSearchPanel::kMaxChannels; ++c)
+        m_panel->setChannelChecked(c, c == channel);
+    m_panel->setDate(from.date());
+    search();
+    m_timeBar->setCursorTime(from);
+    playFrom(from);
 }
 
 void PlaybackWindow::closeWindow() {
     if (m_session->isPlaying())
         m_session->stop();
+    if (m_session->isPlayingPictures())
+        m_session->stopPictures();
     m_session->setReady(false);
+    m_screen->setVideoShown(false);
+    if (VyKeyManager* keys = VyKeyManager::liveInstance()) {
+        if (keys->keyTarget(VyKeyTarget::PlaybackWindow) == this)
+            keys->setKeyTarget(VyKeyTarget::PlaybackWindow, nullptr);
+    }
     hide();
+    emitSignal(this, &closed);
 }
 
 void PlaybackWindow::instantPlayback(int channel, const VyDateTime& now) {
@@ -190,8 +239,11 @@ void PlaybackWindow::playFrom(const VyDateTime& time, const VyDateTime& to) {
     const std::vector<PlaybackSession::Cell> cells = cellsOnScreen();
     const std::vector<int>& channels = m_screen->channels();
     if (m_session->play(cells, time, uint32_t(PlaybackSplit::layoutIdFor(int(channels.size()))),
-                        to))
+                        to)) {
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-pause.png"));
+        m_screen->setVideoShown(true);
+        m_screen->setTime(time);
+    }
     updateSpeedText();
 }
 
@@ -210,6 +262,7 @@ void PlaybackWindow::togglePlay() {
 
 void PlaybackWindow::changeDay(int days) {
     m_session->stop();
+    m_screen->setVideoShown(false);
     m_panel->setDate(m_panel->date().addDays(days));
     search();
 }
@@ -226,6 +279,7 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         break;
     case Stop:
         m_session->stop();
+        m_screen->setVideoShown(false);
         m_controls[Play]->setIcon(VyStyle::instance()->image("images/playback-play.png"));
         break;
     case Slower:
@@ -288,6 +342,7 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         layoutChildren();
         break;
     case MotionSearch: {
+        m_controls[Tags]->setChecked(false);
         const int cell = m_screen->selectedCell();
         const auto& channels = m_screen->channels();
         if (m_controls[MotionSearch]->isChecked() && cell >= 0 && cell < int(channels.size())) {
@@ -305,10 +360,20 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         layoutChildren();
         break;
     }
+    case Thumbnails:
+        layoutChildren();
+        refreshThumbnails();
+        break;
+    case Tags:
+        if (m_controls[Tags]->isChecked() && m_controls[MotionSearch]->isChecked())
+            m_controls[MotionSearch]->setChecked(false);
+        layoutChildren();
+        break;
     case PicturePlay:
         if (m_controls[PicturePlay]->isChecked()) {
             if (m_session->isPlaying())
                 m_session->stop();
+            m_screen->setVideoShown(false);
             if (!m_session->playPictures(cellsOnScreen(), m_panel->date(), width(), height()))
                 m_controls[PicturePlay]->setChecked(false);
         } else {
@@ -359,9 +424,9 @@ void PlaybackWindow::onPositionChosen() {
         onClipChanged();
         return;
     }
-    if (m_session->isPlaying())
-        m_session->seek(m_timeBar->cursorTime());
-    else
+    if (m_session->isPlaying() && m_session->seek(m_timeBar->cursorTime()))
+        m_screen->setTime(m_timeBar->cursorTime());
+    else if (!m_session->isPlaying())
         playFrom(m_timeBar->cursorTime());
 }
 
@@ -378,6 +443,7 @@ void PlaybackWindow::onRowSelected() {
     const auto& channels = m_timeBar->channels();
     m_details->setChannel(row >= 0 && row < int(channels.size()) ? channels[size_t(row)]
                                                                  : RecordChannel());
+    refreshThumbnails();
 }
 
 void PlaybackWindow::onSegmentChosen() {
@@ -459,11 +525,13 @@ void PlaybackWindow::onZoomClicked() {
     const uint32_t span = zoomSpan();
     if (span != 0)
         m_timeBar->setSpan(span);
+    refreshThumbnails();
 }
 
 void PlaybackWindow::onWheelZoomed() {
     for (int i = 0; i < 4; ++i)
         m_zoom[i]->setChecked(RecordTimeBar::kSpans[i] == m_timeBar->span());
+    refreshThumbnails();
 }
 
 void PlaybackWindow::onTypeFilterChanged() {
@@ -502,26 +570,33 @@ void PlaybackWindow::layoutChildren() {
     const int panel = m_fullScreen ? 0 : UiLook::scaledX(kPanelWidthDesign);
     const int bar = m_fullScreen ? 0 : UiLook::scaledY(kTimeBarHeightDesign);
     const int controls = UiLook::scaledY(kControlBarDesign);
+    const bool thumbnails = !m_fullScreen && m_controls[Thumbnails]->isChecked();
+    const int strip = thumbnails ? UiLook::scaledY(ThumbnailBar::kHeightDesign) : 0;
     const int videoWidth = width() - panel;
-    const int videoHeight = std::max(0, height() - bar - controls);
+    const int videoHeight = std::max(0, height() - bar - controls - strip);
     m_screen->setGeometry(0, 0, videoWidth, videoHeight);
+    m_thumbnailBar->setGeometry(0, videoHeight + controls, videoWidth, strip);
+    m_thumbnailBar->setVisible(thumbnails);
     const bool motion = m_controls[MotionSearch]->isChecked();
-    m_panel->setVisible(!m_fullScreen && !motion);
+    const bool tags = m_controls[Tags]->isChecked();
+    m_tags->setGeometry(videoWidth, 0, panel, height());
+    m_tags->setVisible(!m_fullScreen && tags);
+    m_panel->setVisible(!m_fullScreen && !motion && !tags);
     m_motion->setGeometry(videoWidth, 0, panel, panel * 9 / 16 + UiLook::scaledY(80));
     m_motion->setVisible(!m_fullScreen && motion);
     const int top = motion ? m_motion->height() : std::min(height(), m_panel->contentHeight());
     m_panel->setGeometry(videoWidth, 0, panel, top);
     m_details->setGeometry(videoWidth, top, panel, std::max(0, height() - top));
-    m_details->setVisible(!m_fullScreen);
+    m_details->setVisible(!m_fullScreen && !tags);
     // The backup tool bar takes the top of the time bar's place in clip mode and while an
     // export runs.
     const bool backup =
         !m_fullScreen && (m_timeBar->clipMode() ||
                           m_session->exportState() == PlaybackSession::ExportState::Running);
-    const int strip = backup ? UiLook::scaledY(kBackupBarDesign) : 0;
-    m_backupBar->setGeometry(0, height() - bar, videoWidth, strip);
+    const int backupStrip = backup ? UiLook::scaledY(kBackupBarDesign) : 0;
+    m_backupBar->setGeometry(0, height() - bar, videoWidth, backupStrip);
     m_backupBar->setVisible(backup);
-    m_timeBar->setGeometry(0, height() - bar + strip, videoWidth, bar - strip);
+    m_timeBar->setGeometry(0, height() - bar + backupStrip, videoWidth, bar - backupStrip);
     m_timeBar->setVisible(!m_fullScreen);
     const int button = UiLook::scaledY(kButtonDesign);
     const int gap = UiLook::scaledX(6);
@@ -541,7 +616,9 @@ void PlaybackWindow::layoutChildren() {
 
 void PlaybackWindow::paintEvent(VyPaintEvent*) {
     VyCanvas* c = canvas();
-    c->fillRect(rect(), m_background);
+    // The video area is the screen's to paint: its cells may be see-through.
+    for (const VyRect& r : VyRegion(rect()).subtracted(m_screen->geometry()).rects())
+        c->fillRect(r, m_background);
     const VyRect bar(0, m_screen->height(), m_screen->width(), UiLook::scaledY(kControlBarDesign));
     c->fillRect(bar, m_controlBar);
     c->drawLine(bar.left, bar.top, bar.right, bar.top, m_controlBorder);

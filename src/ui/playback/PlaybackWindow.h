@@ -8,6 +8,7 @@
 //     w->instantPlayback(channel, t); // the live view's "last five minutes"
 #include "runtime/VyDateTime.h"
 #include "toolkit/core/VyWidget.h"
+#include "toolkit/input/VyKeyTarget.h"
 #include "ui/playback/PlaybackSession.h"
 
 #include <vector>
@@ -18,11 +19,13 @@ class PlaybackDetailsPanel;
 class PlaybackScreen;
 class PlaybackSearchPanel;
 class RecordTimeBar;
+class TagSearchPanel;
+class ThumbnailBar;
 class VyLabel;
 class VyProgressBar;
 class VyPushButton;
 
-class PlaybackWindow : public VyWidget {
+class PlaybackWindow : public VyWidget, public VyKeyTarget {
     VY_OBJECT(PlaybackWindow, VyWidget)
 public:
     static constexpr const char* kStyleFile = "style/playback.ini";
@@ -45,6 +48,8 @@ public:
         Backup,
         MotionSearch,
         PicturePlay,
+        Thumbnails, // the thumbnail bar over the time bar
+        Tags,       // the tag search in the search panel's place
         ControlCount
     };
 
@@ -54,6 +59,11 @@ public:
     // Shows the window over the whole screen, takes App's playback answers and marks the
     // month of the shown day.
     void open();
+    // Shows the window and searches the day and month of the panel's date.
+    void openSearch();
+    // Shows the window with `channel` alone and plays it from `from` to the end of that day.
+    void openAt(int channel, const VyDateTime& from);
+    // Stops playing, hides the window and emits closed.
     void closeWindow();
     // Plays one channel from `now` minus kInstantSeconds, alone in the split.
     void instantPlayback(int channel, const VyDateTime& now);
@@ -67,6 +77,11 @@ public:
     PlaybackSearchPanel* searchPanel() const { return m_panel; }
     MotionSearchPanel* motionPanel() const { return m_motion; }
     PlaybackDetailsPanel* detailsPanel() const { return m_details; }
+    TagSearchPanel* tagPanel() const { return m_tags; }
+    ThumbnailBar* thumbnailBar() const { return m_thumbnailBar; }
+    // Plays `channel` from `time`: in the split when it is there and the day is the one
+    // searched, else alone on that day.
+    void playChannelAt(int channel, const VyDateTime& time);
     VyPushButton* control(Control c) const { return m_controls[c]; }
     // The four zoom buttons, widest first (RecordTimeBar::kSpans); several may be checked.
     VyPushButton* zoomButton(int index) const { return m_zoom[index]; }
@@ -84,6 +99,10 @@ public:
     // of them. 39 play/pause, 40 stop, 41 slower, 42 faster, 43 back 30 s, 44 forward 30 s,
     // 79 frame step, 80 previous day, 81 next day, 82 snapshot.
     bool handleDeviceKey(int keyValue);
+    // The key manager's playback role, held while the window is open.
+    bool keyAction(uint32_t deviceKey) override { return handleDeviceKey(int(deviceKey)); }
+
+    VySignal closed;
 
 protected:
     void paintEvent(VyPaintEvent* e) override;
@@ -91,6 +110,8 @@ protected:
     void keyPressEvent(VyKeyEvent* e) override;
 
 private:
+    // Full screen, ready for App's answers and holding the playback keys.
+    void present();
     void layoutChildren();
     void onControlClicked(VyObject* sender);
     void onPositionChosen();
@@ -103,6 +124,16 @@ private:
     void onCellSelected();
     void onClipChanged();
     void onMotionSearch();
+    // Tags and thumbnails (PlaybackWindowTags.cpp).
+    void onTagSearch();
+    void onTagsFound();
+    void onTagChosen();
+    void onAddTag();
+    void refreshThumbnails();
+    void onThumbnailsArrived();
+    void onThumbnailChosen();
+    // The channel of the selected time bar row; -1 when there is none.
+    int selectedChannel() const;
     void onZoomClicked();
     void onWheelZoomed();
     void onTypeFilterChanged();
@@ -123,6 +154,8 @@ private:
     PlaybackSearchPanel* m_panel = nullptr;
     MotionSearchPanel* m_motion = nullptr; // shown instead of the search panel
     PlaybackDetailsPanel* m_details = nullptr;
+    TagSearchPanel* m_tags = nullptr;       // shown instead of the search panel
+    ThumbnailBar* m_thumbnailBar = nullptr; // over the time bar while Thumbnails is on
     VyPushButton* m_controls[ControlCount] = {};
     VyPushButton* m_zoom[4] = {};
     VyLabel* m_speed = nullptr;

@@ -204,6 +204,18 @@ TEST(CanvasShapes, OriginShiftsDrawingButNotTheClipRectangle) {
     EXPECT_EQ(c.pixel(10, 10), 0);
 }
 
+TEST(CanvasShapes, ClearRectMakesPixelsSeeThroughInsideTheClipOnly) {
+    VyFbCanvas c(20, 20);
+    c.fillRect(VyRect(0, 0, 20, 20), 0xff102030);
+    c.setClipRect(VyRect(5, 5, 10, 10));
+    c.setOrigin(VyPoint(8, 8));
+    c.clearRect(VyRect(-10, -10, 12, 12)); // canvas -2..9 cut to 5..9
+    EXPECT_EQ(c.pixel(5, 5), 0);
+    EXPECT_EQ(c.pixel(9, 9), 0);
+    EXPECT_NE(c.pixel(10, 10), 0);
+    EXPECT_NE(c.pixel(4, 4), 0);
+}
+
 TEST(CanvasImages, PerPixelAlphaAndNearestNeighbourScaling) {
     VyBitmap image(2, 2);
     const uint8_t px[] = {255, 0, 0, 255, 0, 255, 0, 0, 0, 0, 255, 128, 255, 255, 255, 255};

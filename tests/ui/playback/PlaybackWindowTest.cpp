@@ -17,8 +17,10 @@
 #include "toolkit/events/VyWheelEvent.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "ui/UiLook.h"
 #include "ui/playback/MotionSearchPanel.h"
 #include "ui/playback/PlaybackDetailsPanel.h"
+#include "ui/playback/PlaybackScreen.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackSession.h"
 #include "ui/playback/RecordTimeBar.h"
@@ -242,3 +244,24 @@ TEST_F(PlaybackWindowTest, ProgressMovesTheCursorOnlyWhilePlayingAndOpen) {
 }
 
 } // namespace
+
+TEST_F(PlaybackWindowTest, CellsShowTheVideoPlaneOnlyWhilePlaying) {
+    auto flushed = [&](VyPoint p) {
+        for (int i = 0; i < 5; ++i)
+            app->processPostedEvents();
+        VyScreen* s = app->screen();
+        return reinterpret_cast<const uint16_t*>(s->mapping() + p.y * s->lineLength())[p.x];
+    };
+    const VyRect cell = window->screen()->cellRects()[1];
+    const VyPoint inside = window->screen()->mapToGlobal(
+        VyPoint(cell.left + cell.width() / 2, cell.top + cell.height() / 2));
+    const int pad = UiLook::scaledX(8) + 1; // inside the box of the channel number
+    const VyPoint corner = window->screen()->mapToGlobal(VyPoint(cell.left + pad, cell.top + pad));
+    constexpr uint16_t kOverlay = 0x8000; // set: the interface covers the video plane
+    EXPECT_NE(flushed(inside) & kOverlay, 0) << "before playing, whatever App shows is hidden";
+    window->handleDeviceKey(39);
+    EXPECT_EQ(flushed(inside), 0) << "playing: the cell lets App's picture through";
+    EXPECT_NE(flushed(corner) & kOverlay, 0) << "the channel number keeps its dark box";
+    window->handleDeviceKey(40);
+    EXPECT_NE(flushed(inside) & kOverlay, 0) << "stopped: covered again";
+}
