@@ -66,6 +66,10 @@ public:
     UiShell* shell() const { return m_shell; }
     // Slot of the delayed-start timer; public so the timer source can call it.
     void delayedStart();
+    // Block 12 names a resolution the user has not kept yet: asks through the shell and
+    // writes back the kept or the previous one. Run at start-up and after the output page
+    // changed the resolution; runs a nested loop while the dialog is up.
+    void checkOutputResolution();
 
     // ---- Routing ----
     // The object that wants a forwarded UI event type (1013..1119, 1015/1016, 1028), or
@@ -157,7 +161,6 @@ private:
     void forward(CEvent* e, VyObject* target, int uiEventType, int param = 0);
     void reply(uint16_t subType);
     void showMessage(MessageId id);
-    void checkOutputResolution();
 
     static constexpr int kSlotBase = 1000;
     static constexpr int kSlotCount = 128; // event types 1000..1127

@@ -1,6 +1,7 @@
 #pragma once
-// Parameter block 12, the video output settings. Only the tail that the start-up
-// resolution check uses is named; the rest belongs to the output settings page.
+// Parameter block 12, the video output settings: the main output's device and resolution
+// (the tail the start-up resolution check reads), menu transparency, the live sequence and
+// the spot output.
 #include <cstddef>
 #include <cstdint>
 
@@ -10,14 +11,22 @@ struct OutputSettingsBlock {
 
     // Resolution indices, also the index into UiManager::outputResolutionName().
     enum Resolution : uint8_t { R1080p = 0, R720p = 1, R1024p = 2, R768p = 3, R600p = 4 };
+    enum SpotStandard : uint8_t { SpotPal = 0, SpotNtsc = 1 };
+    static constexpr uint32_t kMinDwellSec = 3;
+    static constexpr uint32_t kMaxDwellSec = 300;
     // Check state: 0 settled, 2 a change was refused and must be noticed once more.
     static constexpr uint8_t kCheckSettled = 0;
     static constexpr uint8_t kCheckNotice = 2;
 
-    uint32_t splitMode;          // default live layout
-    uint32_t sequenceDwellSec;   // seconds per sequence step, 0 off
-    uint8_t transparency;        // menu transparency, 0..255
-    uint8_t reserved9[319];      // the output page's own fields
+    uint32_t splitMode;        // default live layout
+    uint32_t sequenceDwellSec; // seconds per sequence step, 0 off
+    uint8_t transparency;      // menu transparency, 0..255
+    uint8_t spotEnabled;       // the spot (CVBS) output cycles through spotChannels
+    uint8_t spotStandard;      // SpotStandard: the spot output's picture format
+    uint8_t reserved11;
+    uint32_t spotDwellSec; // seconds per channel on the spot output
+    uint64_t spotChannels; // bit c: channel c takes a turn
+    uint8_t reserved24[304];
     uint8_t outputDevice;        // 0 HDMI and VGA together, 1 HDMI only, 2 VGA only
     uint8_t resolution;          // R: resolution in use
     uint8_t refreshRate;         // Hz / 10
@@ -27,6 +36,8 @@ struct OutputSettingsBlock {
 };
 
 static_assert(sizeof(OutputSettingsBlock) == OutputSettingsBlock::kSize, "wire size");
+static_assert(offsetof(OutputSettingsBlock, spotDwellSec) == 12, "spot dwell");
+static_assert(offsetof(OutputSettingsBlock, spotChannels) == 16, "spot channels");
 static_assert(offsetof(OutputSettingsBlock, resolution) == 329, "R");
 static_assert(offsetof(OutputSettingsBlock, checkState) == 331, "S");
 static_assert(offsetof(OutputSettingsBlock, confirmedResolution) == 332, "P");

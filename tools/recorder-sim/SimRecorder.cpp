@@ -1,6 +1,7 @@
 #include "SimRecorder.h"
 
 #include "SimSettingsBlocks.h"
+#include "SimSystemBlocks.h"
 
 #include "SimServer.h"
 #include "protocol/ByteOrder.h"
@@ -268,12 +269,18 @@ bool SimRecorder::onParameter(SimServer& s, const SimMessage& m) {
     }
     const uint32_t key =
         SimSettingsBlocks::storeKey(req->blockNumber, req->blockSize > 0 ? record[0] : 0);
-    const std::vector<uint8_t> accepted = SimSettingsBlocks::accept(
-        req->blockNumber, record, req->blockSize, m_store.get(key, req->blockSize));
+    const std::vector<uint8_t> before = m_store.get(key, req->blockSize);
+    const std::vector<uint8_t> accepted =
+        SimSettingsBlocks::accept(req->blockNumber, record, req->blockSize, before);
     if (!m_store.set(key, accepted.data(), uint32_t(accepted.size())))
         return false;
     simRecorderLog("sim: block %u set, %u bytes", req->blockNumber, req->blockSize);
-    return parameterChanged(req->blockNumber);
+    const bool changed = parameterChanged(req->blockNumber);
+    // A new zone is announced as App does, after the change itself.
+    const auto [tz, zone] = SimSystemBlocks::announcedZone(req->blockNumber, before, accepted);
+    if (!tz.empty())
+        timeZone(tz, zone);
+    return changed;
 }
 
 bool SimRecorder::onPair(SimServer& s, const SimMessage& m) {

@@ -1,5 +1,7 @@
 #include "SimSettingsBlocks.h"
 
+#include "SimSystemBlocks.h"
+
 #include "protocol/AlarmInputBlock.h"
 #include "protocol/CameraBlock.h"
 #include "protocol/DeviceParamBlock.h"
@@ -45,7 +47,7 @@ namespace SimSettingsBlocks {
 bool isPerChannel(uint32_t block) {
     return block == RecordScheduleBlock::kBlockNumber || block == RecordParamBlock::kBlockNumber ||
            block == AlarmInputBlock::kBlockNumber || block == CameraBlock::kBlockNumber ||
-           block == MotionBlock::kBlockNumber;
+           block == MotionBlock::kBlockNumber || SimSystemBlocks::isPerChannel(block);
 }
 
 uint32_t storeKey(uint32_t block, uint8_t channel) {
@@ -53,6 +55,8 @@ uint32_t storeKey(uint32_t block, uint8_t channel) {
 }
 
 std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorderConfig& config) {
+    if (SimSystemBlocks::handles(block))
+        return SimSystemBlocks::defaults(block, channel, config);
     if (block == RecordScheduleBlock::kBlockNumber) {
         RecordScheduleBlock b{};
         b.channel = channel;
@@ -162,6 +166,8 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
 
 std::vector<uint8_t> accept(uint32_t block, const uint8_t* record, uint32_t size,
                             const std::vector<uint8_t>& stored) {
+    if (SimSystemBlocks::handles(block))
+        return SimSystemBlocks::accept(block, record, size);
     if (block == EmailBlock::kBlockNumber && size == sizeof(EmailBlock)) {
         EmailBlock b;
         std::memcpy(&b, record, sizeof b);
@@ -215,6 +221,8 @@ bool advance(uint32_t block, std::vector<uint8_t>& bytes) {
 
 std::string check(uint32_t block, const uint8_t* record, uint32_t size,
                   const SimRecorderConfig& config) {
+    if (SimSystemBlocks::handles(block))
+        return SimSystemBlocks::check(block, record, size, config);
     if (block == RecordScheduleBlock::kBlockNumber) {
         if (size != sizeof(RecordScheduleBlock))
             return "size " + std::to_string(size);

@@ -231,6 +231,61 @@ constexpr uint32_t LanguageName30 = 105230;   // Português (Brasil)
 constexpr uint32_t LanguageName31 = 105231;   // Vlaams
 constexpr uint32_t LanguageName32 = 105232;   // Українська
 constexpr uint32_t LanguageName33 = 105233;   // Slovenčina
+constexpr uint32_t Encoding = 105300;         // Encoding
+constexpr uint32_t Stream = 105301;           // Stream
+constexpr uint32_t MainStream = 105302;       // Main stream
+constexpr uint32_t SubStream = 105303;        // Sub-stream
+constexpr uint32_t Resolution = 105304;       // Resolution
+constexpr uint32_t FrameRate = 105305;        // Frame rate (fps)
+constexpr uint32_t BitrateMode = 105306;      // Bit rate mode
+constexpr uint32_t BitrateConstant = 105307;  // Constant
+constexpr uint32_t BitrateVariable = 105308;  // Variable
+constexpr uint32_t Bitrate = 105309;          // Bit rate (kbps)
+constexpr uint32_t Quality = 105310;          // Quality
+constexpr uint32_t IFrameInterval = 105311;   // I-frame interval
+constexpr uint32_t Codec = 105312;            // Video codec
+constexpr uint32_t DateTime = 105313;         // Date and time
+constexpr uint32_t Date = 105314;             // Date
+constexpr uint32_t Time = 105315;             // Time
+constexpr uint32_t TimeZone = 105316;         // Time zone
+constexpr uint32_t NtpSync = 105317;          // Synchronise with a time server
+constexpr uint32_t SyncInterval = 105318;     // Synchronise every (min)
+constexpr uint32_t SyncNow = 105319;          // Synchronise now
+constexpr uint32_t SyncDone = 105320;         // The clock was synchronised.
+constexpr uint32_t SyncFailed = 105321;       // The time server did not answer.
+constexpr uint32_t DaylightSaving = 105322;   // Daylight saving time
+constexpr uint32_t DstMode = 105323;          // Rule
+constexpr uint32_t DstByWeek = 105324;        // By week
+constexpr uint32_t DstByDate = 105325;        // By date
+constexpr uint32_t DstStart = 105326;         // Starts
+constexpr uint32_t DstEnd = 105327;           // Ends
+constexpr uint32_t DstOffset = 105328;        // Clock goes forward by (min)
+constexpr uint32_t Output = 105329;           // Output
+constexpr uint32_t OutputDevice = 105330;     // Video output
+constexpr uint32_t Transparency = 105331;     // Menu transparency
+constexpr uint32_t SequenceDwell = 105332;    // Sequence dwell (s)
+constexpr uint32_t SpotOutput = 105333;       // Spot output
+constexpr uint32_t SpotStandard = 105334;     // Spot output format
+constexpr uint32_t SpotDwell = 105335;        // Spot dwell (s)
+constexpr uint32_t SpotChannels = 105336;     // Spot channels
+constexpr uint32_t Ddns = 105337;             // DDNS
+constexpr uint32_t Provider = 105338;         // Service
+constexpr uint32_t ProviderBuiltIn = 105339;  // Built-in service
+constexpr uint32_t ProviderCustom = 105340;   // Custom server
+constexpr uint32_t HostName = 105341;         // Host name
+constexpr uint32_t Status = 105342;           // Status
+constexpr uint32_t DdnsOff = 105343;          // Not enabled
+constexpr uint32_t DdnsUpdating = 105344;     // Updating
+constexpr uint32_t DdnsRegistered = 105345;   // Registered
+constexpr uint32_t DdnsFailed = 105346;       // Registration failed
+constexpr uint32_t PrivacyMask = 105347;      // Privacy masks
+constexpr uint32_t ClearMasks = 105348;       // Clear all
+constexpr uint32_t NetworkCameras = 105349;   // Network cameras
+constexpr uint32_t SearchCameras = 105350;    // Search
+constexpr uint32_t AddCamera = 105351;        // Add
+constexpr uint32_t NoCamerasFound = 105352;   // No cameras found.
+constexpr uint32_t CameraAdded = 105353;      // Added to channel %1.
+constexpr uint32_t NoFreeChannel = 105354;    // Every channel already has a camera.
 } // namespace Settings
 namespace User {
 constexpr uint32_t LoginTitle = 110000;       // Log in
@@ -487,6 +542,61 @@ constexpr uint32_t kAll[] = {
     Settings::LanguageName31,
     Settings::LanguageName32,
     Settings::LanguageName33,
+    Settings::Encoding,
+    Settings::Stream,
+    Settings::MainStream,
+    Settings::SubStream,
+    Settings::Resolution,
+    Settings::FrameRate,
+    Settings::BitrateMode,
+    Settings::BitrateConstant,
+    Settings::BitrateVariable,
+    Settings::Bitrate,
+    Settings::Quality,
+    Settings::IFrameInterval,
+    Settings::Codec,
+    Settings::DateTime,
+    Settings::Date,
+    Settings::Time,
+    Settings::TimeZone,
+    Settings::NtpSync,
+    Settings::SyncInterval,
+    Settings::SyncNow,
+    Settings::SyncDone,
+    Settings::SyncFailed,
+    Settings::DaylightSaving,
+    Settings::DstMode,
+    Settings::DstByWeek,
+    Settings::DstByDate,
+    Settings::DstStart,
+    Settings::DstEnd,
+    Settings::DstOffset,
+    Settings::Output,
+    Settings::OutputDevice,
+    Settings::Transparency,
+    Settings::SequenceDwell,
+    Settings::SpotOutput,
+    Settings::SpotStandard,
+    Settings::SpotDwell,
+    Settings::SpotChannels,
+    Settings::Ddns,
+    Settings::Provider,
+    Settings::ProviderBuiltIn,
+    Settings::ProviderCustom,
+    Settings::HostName,
+    Settings::Status,
+    Settings::DdnsOff,
+    Settings::DdnsUpdating,
+    Settings::DdnsRegistered,
+    Settings::DdnsFailed,
+    Settings::PrivacyMask,
+    Settings::ClearMasks,
+    Settings::NetworkCameras,
+    Settings::SearchCameras,
+    Settings::AddCamera,
+    Settings::NoCamerasFound,
+    Settings::CameraAdded,
+    Settings::NoFreeChannel,
     User::LoginTitle,
     User::UserName,
     User::Password,

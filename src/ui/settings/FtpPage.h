@@ -3,9 +3,6 @@
 // Offered where the model has FtpEnable. Holds block 92.
 #include "ui/settings/SettingsPage.h"
 
-#include <cstddef>
-#include <vector>
-
 class VyCheckBox;
 class VyLineEdit;
 class VySpinBox;
@@ -24,15 +21,9 @@ protected:
     void collectValues() override;
 
 private:
-    struct TextField {
-        VyLineEdit* edit;
-        size_t offset; // of the field in FtpBlock
-        size_t size;
-    };
     int m_slot;
     VyCheckBox* m_enabled;
     VyLineEdit* m_server;
     VySpinBox* m_port;
     VyLineEdit* m_folder;
-    std::vector<TextField> m_texts;
 };

@@ -1,12 +1,9 @@
 #include "ui/settings/GeneralPage.h"
 
-#include "model/UiManager.h"
 #include "protocol/GeneralSettingsBlock.h"
-#include "runtime/VyDate.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
-#include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VySpinBox.h"
 
@@ -42,15 +39,6 @@ GeneralPage::GeneralPage(VyWidget* parent)
     m_language = new VyComboBox(this);
     addRow(TextId::Settings::Language, m_language);
     watch(m_language, &m_language->currentIndexChanged);
-    m_dateFormat = new VyComboBox(this);
-    const VyDate today = VyDate::currentDate();
-    for (int f = 0; f < kDateFormats; ++f)
-        m_dateFormat->addItem(today.toString(UiManager::dateFormatFor(f)), f);
-    addRow(TextId::Settings::DateFormat, m_dateFormat);
-    watch(m_dateFormat, &m_dateFormat->currentIndexChanged);
-    m_hour12 = new VyCheckBox(this);
-    addRow(TextId::Settings::Hour12, m_hour12);
-    watch(m_hour12, &m_hour12->toggled);
     m_menuTimeout = new VySpinBox(this);
     m_menuTimeout->setRange(0, GeneralSettingsBlock::kMaxMenuTimeout);
     addRow(TextId::Settings::MenuTimeout, m_menuTimeout);
@@ -77,10 +65,6 @@ void GeneralPage::showValues() {
         VY_GUI_LOG("language %d is not among those offered, none shown\n", b.languageIndex);
     if (m_language->currentIndex() != language)
         m_language->setCurrentIndex(language);
-    const int format = clampForDisplay(b.dateFormat, 0, kDateFormats - 1, "date format");
-    if (m_dateFormat->currentIndex() != format)
-        m_dateFormat->setCurrentIndex(format);
-    m_hour12->setChecked(b.hour12 != 0);
     showSpin(m_menuTimeout, clampForDisplay(b.menuTimeout, 0, GeneralSettingsBlock::kMaxMenuTimeout,
                                             "menu time-out"));
 }
@@ -93,9 +77,6 @@ void GeneralPage::collectValues() {
     // Only the language word's low byte is the language; the rest of the word is App's.
     if (m_language->currentIndex() >= 0)
         b.languageIndex = uint8_t(m_language->currentData());
-    b.dateFormat =
-        uint8_t(fromControl(saved.dateFormat, 0, kDateFormats - 1, m_dateFormat->currentIndex()));
-    b.hour12 = m_hour12->isChecked() ? 1 : 0;
     b.menuTimeout = uint8_t(fromControl(saved.menuTimeout, 0, GeneralSettingsBlock::kMaxMenuTimeout,
                                         m_menuTimeout->value()));
 }
@@ -104,8 +85,6 @@ void GeneralPage::restoreDefaults() {
     if (!isOpened())
         return;
     auto& b = blocks().editAs<GeneralSettingsBlock>(m_slot);
-    b.dateFormat = 0;
-    b.hour12 = 0;
     b.menuTimeout = kDefaultMenuTimeout;
     showValues();
     markEdited();

@@ -12,7 +12,10 @@
 #include "ui/liveview/MainViewTaskBar.h"
 #include "ui/settings/AlarmInputPage.h"
 #include "ui/settings/CameraPage.h"
+#include "ui/settings/DateTimePage.h"
+#include "ui/settings/DdnsPage.h"
 #include "ui/settings/DeviceInfoPage.h"
+#include "ui/settings/DstPage.h"
 #include "ui/settings/EmailPage.h"
 #include "ui/settings/EmailSchedulePage.h"
 #include "ui/settings/ExceptionPage.h"
@@ -21,13 +24,17 @@
 #include "ui/settings/GeneralPage.h"
 #include "ui/settings/ImagePage.h"
 #include "ui/settings/MotionPage.h"
+#include "ui/settings/NetworkCameraPage.h"
 #include "ui/settings/NetworkPage.h"
+#include "ui/settings/OutputPage.h"
+#include "ui/settings/PrivacyMaskPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/RecordSchedulePage.h"
 #include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsWindow.h"
 #include "ui/settings/StoragePage.h"
 #include "ui/users/UsersPage.h"
+#include "ui/settings/StreamPage.h"
 
 namespace {
 
@@ -100,6 +107,8 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
             pages.push_back({TextId::Settings::Camera, &makePage<CameraPage>});
             pages.push_back({TextId::Settings::Image, &makePage<ImagePage>});
             pages.push_back({TextId::Settings::TypeMotion, &makePage<MotionPage>});
+            pages.push_back({TextId::Settings::PrivacyMask, &makePage<PrivacyMaskPage>});
+            pages.push_back({TextId::Settings::NetworkCameras, &makePage<NetworkCameraPage>});
         }
         break;
     case Record:
@@ -107,6 +116,8 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
             profile.alarmInputNum > 0)
             pages.push_back({TextId::Settings::Schedule, &makePage<RecordSchedulePage>});
         pages.push_back({TextId::Settings::Record, &makePage<RecordParamPage>});
+        if (profile.channelCount > 0)
+            pages.push_back({TextId::Settings::Encoding, &makePage<StreamPage>});
         break;
     case Alarm:
         if (profile.alarmInputNum > 0)
@@ -118,6 +129,7 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
         break;
     case Network:
         pages.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
+        pages.push_back({TextId::Settings::Ddns, &makePage<DdnsPage>});
         pages.push_back({TextId::Settings::RemoteAccess, &makePage<RemoteAccessPage>});
         if (profile.ftpEnable) {
             pages.push_back({TextId::Settings::Ftp, &makePage<FtpPage>});
@@ -130,6 +142,9 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
         break;
     case System:
         pages.push_back({TextId::Settings::General, &makePage<GeneralPage>});
+        pages.push_back({TextId::Settings::DateTime, &makePage<DateTimePage>});
+        pages.push_back({TextId::Settings::DaylightSaving, &makePage<DstPage>});
+        pages.push_back({TextId::Settings::Output, &makePage<OutputPage>});
         pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
         pages.push_back({TextId::User::Users, &makePage<UsersPage>});
         break;

@@ -3,6 +3,7 @@
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "ui/UiLook.h"
 
@@ -42,7 +43,9 @@ int SettingsPage::apply() {
         return -1;
     }
     beforeWrite();
-    return m_blocks.writeChanged();
+    const int sent = m_blocks.writeChanged();
+    written(sent);
+    return sent;
 }
 
 void SettingsPage::cancel() {
@@ -104,6 +107,37 @@ void SettingsPage::showSpin(VySpinBox* box, int value) {
     if (box->isTyping() || box->value() == value)
         return;
     box->setValue(value);
+}
+
+VyLineEdit* SettingsPage::addTextRow(uint32_t textId, size_t offset, size_t size, bool secret) {
+    auto* e = new VyLineEdit(this);
+    e->setMaxLength(int(size) - 1);
+    if (secret)
+        e->setEchoMode(VyLineEdit::Password);
+    addRow(textId, e);
+    watch(e, &e->textChanged);
+    m_texts.push_back({e, offset, size});
+    return e;
+}
+
+void SettingsPage::showTexts(const void* record) {
+    const auto* bytes = static_cast<const char*>(record);
+    for (const TextField& t : m_texts) {
+        const VyString text = fieldText(bytes + t.offset, t.size);
+        if (t.edit->text() != text)
+            t.edit->setText(text);
+    }
+}
+
+void SettingsPage::collectTexts(void* record, const void* saved) {
+    auto* bytes = static_cast<char*>(record);
+    const auto* savedBytes = static_cast<const char*>(saved);
+    for (const TextField& t : m_texts) {
+        if (t.edit->text() == fieldText(savedBytes + t.offset, t.size))
+            std::memcpy(bytes + t.offset, savedBytes + t.offset, t.size);
+        else
+            storeText(bytes + t.offset, t.size, t.edit->text());
+    }
 }
 
 void SettingsPage::watch(VyObject* control, const VySignal* signal) {

@@ -15,6 +15,7 @@
 
 class VySpinBox;
 class VyCheckBox;
+class VyLineEdit;
 
 class SettingsPage : public CWidget {
     VY_OBJECT(SettingsPage, CWidget)
@@ -68,6 +69,9 @@ protected:
     virtual void opened() {}
     // After collectValues, before the changed blocks are sent: fields a set must carry.
     virtual void beforeWrite() {}
+    // After Apply sent the changed blocks (`sent` of them). The page may be gone when a
+    // nested loop runs in here: callers hold a VyPointer.
+    virtual void written(int sent) { (void)sent; }
 
     // Set without disturbing digits the user is typing into it.
     static void showSpin(VySpinBox* box, int value);
@@ -77,6 +81,13 @@ protected:
     // Height of the rows so far (the page puts larger pieces below them).
     int rowsBottom() const;
     void resizeEvent(VyResizeEvent* e) override;
+
+    // A row editing a text field of the page's record (at `offset`, `size` bytes with its
+    // NUL); secret fields echo as dots. The fields are shown and collected together.
+    VyLineEdit* addTextRow(uint32_t textId, size_t offset, size_t size, bool secret = false);
+    void showTexts(const void* record);
+    // A field the user left as App has it keeps App's bytes (also what follows its NUL).
+    void collectTexts(void* record, const void* saved);
 
     // Connects a control's change signal to `edited`.
     void watch(VyObject* control, const VySignal* signal);
@@ -92,4 +103,10 @@ private:
         VyWidget* control;
     };
     std::vector<Row> m_rows; // children, owned through the widget tree
+    struct TextField {
+        VyLineEdit* edit;
+        size_t offset;
+        size_t size;
+    };
+    std::vector<TextField> m_texts;
 };
