@@ -96,3 +96,14 @@ constexpr uint16_t Logout = 1; // GUI -> App, no body: the user logged in is gon
 constexpr uint16_t List = 2;   // request, no body -> UserListHeader + UserListEntry list
 
 } // namespace UserSubType
+
+namespace MaintenanceSubType {
+
+constexpr uint16_t Power = 1;         // GUI -> App: MaintenancePower (shut down or restart)
+constexpr uint16_t UsbInfo = 2;       // request, no body -> UsbDeviceInfo
+constexpr uint16_t LogSearch = 3;     // request: LogSearchRequest -> LogSearchReply + LogEntry list
+constexpr uint16_t UpgradeList = 4;   // request, no body -> UpgradeFileList + UpgradeFileEntry list
+constexpr uint16_t UpgradeStart = 5;  // GUI -> App: the file name (UpgradeFileEntry::kNameBytes)
+constexpr uint16_t UpgradeStatus = 6; // request, no body -> UpgradeProgress
+
+} // namespace MaintenanceSubType

@@ -3,6 +3,7 @@
 #include "model/MainViewManager.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
+#include "model/UserAccess.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/VyTranslation.h"
@@ -10,6 +11,8 @@
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
+#include "ui/maintenance/BackupWindow.h"
+#include "ui/maintenance/ShutdownDialog.h"
 #include "ui/settings/SettingsManager.h"
 
 #include <algorithm>
@@ -67,7 +70,14 @@ void WindowShell::openPlayback(int channel, int64_t atSeconds) {
 }
 
 void WindowShell::openBackup() {
-    VY_GUI_LOG("backup not available\n");
+    if (UserAccess* users = UserAccess::instance();
+        users != nullptr && !users->ensure(UserRights::kBackup))
+        return;
+    auto* backup = new BackupWindow(SystemInfo::record().channelCount);
+    VyObject::connect(backup, &backup->finished, backup, VY_SLOT(VyObject, deleteLater));
+    keep(backup);
+    VY_GUI_LOG("backup window shown\n");
+    backup->open(); // asks App for the USB stick's room
 }
 
 void WindowShell::openUserMenu() {
@@ -79,7 +89,11 @@ void WindowShell::toggleLock() {
 }
 
 void WindowShell::openShutdown() {
-    VY_GUI_LOG("shutdown not available\n");
+    auto* dialog = new ShutdownDialog;
+    VyObject::connect(dialog, &dialog->finished, dialog, VY_SLOT(VyObject, deleteLater));
+    dialog->show();
+    keep(dialog);
+    VY_GUI_LOG("shutdown dialog shown\n");
 }
 
 void WindowShell::openAnalytics() {
@@ -142,6 +156,19 @@ void WindowShell::applyOutputMode(const OutputSettingsBlock& block, bool restore
 }
 
 void WindowShell::openStartupWizard() {
-    keep(WizardWindow::open());
+    if (!m_wizard.isNull()) {
+        m_wizard->raise();
+        return;
+    }
+    WizardWindow* wizard = WizardWindow::create();
+    m_wizard.reset(wizard);
+    keep(wizard);
+    // Logged before the first step: that waits for App's blocks, and a watcher of the log
+    // may act on the wizard meanwhile.
     VY_GUI_LOG("start-up wizard shown\n");
+    wizard->start();
+}
+
+void WindowShell::openWizard() {
+    openStartupWizard();
 }

@@ -39,6 +39,7 @@ public:
     void toggleLock() override;
     void openShutdown() override;
     void openAnalytics() override;
+    void openWizard() override;
     SettingsManager* settings() const { return m_settings.get(); }
     // Dialogs shown and not yet dismissed (they delete themselves when dismissed).
     int openDialogCount() const;
@@ -58,4 +59,5 @@ private:
     // The message box open for each notice text, so a repeated notice is not stacked.
     std::map<uint32_t, VyPointer<VyWidget>> m_messages;
     double m_timeScale = 1.0;
+    VyPointer<VyWidget> m_wizard; // the one wizard open, whoever opened it
 };

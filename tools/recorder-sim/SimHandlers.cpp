@@ -2,6 +2,7 @@
 
 #include "SimCommands.h"
 #include "SimLiveView.h"
+#include "SimMaintenance.h"
 #include "SimPlayback.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
@@ -45,6 +46,8 @@ void registerDefaultHandlers(SimServer& server) {
     if (const char* login = std::getenv("VY_SIM_LOGIN"); login && *login == '1')
         users->setLoginRequired(true);
     users->attach(server);
+    static SimMaintenance* maintenance = new SimMaintenance(playback, config.recordSeed);
+    maintenance->attach(server);
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {

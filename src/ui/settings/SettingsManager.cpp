@@ -20,6 +20,7 @@
 #include "ui/settings/FtpSchedulePage.h"
 #include "ui/settings/GeneralPage.h"
 #include "ui/settings/ImagePage.h"
+#include "ui/settings/MaintenancePage.h"
 #include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/RecordParamPage.h"
@@ -130,6 +131,7 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
     case System:
         pages.push_back({TextId::Settings::General, &makePage<GeneralPage>});
         pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
+        pages.push_back({TextId::Maintenance::Title, &makePage<MaintenancePage>});
         break;
     default:
         break;
