@@ -34,6 +34,7 @@ constexpr int kRowDesign = 48;
 constexpr int kCaptionDesign = 170;
 constexpr int kEditDesign = 220;
 constexpr int kButtonDesign = 170;
+constexpr int kTypeBoxDesign = 330; // "Motion detection" in the longer languages
 
 constexpr int kMiB = 1 << 20;
 // StreamPair answers kbit/s of 1024 bits, as App counts its encoders' rates.
@@ -389,9 +390,10 @@ void BackupWindow::resizeEvent(VyResizeEvent* e) {
     y += row + m / 2;
     m_captions[4]->setGeometry(left, y, caption, row);
     x = left + caption;
+    const int typeBox = UiLook::scaledX(kTypeBoxDesign);
     for (VyCheckBox* box : m_types) {
-        box->setGeometry(x, y, edit, row);
-        x += edit + m / 2;
+        box->setGeometry(x, y, typeBox, row);
+        x += typeBox + m / 2;
     }
     m_search->setGeometry(right - button, y, button, row);
     y += row + m;

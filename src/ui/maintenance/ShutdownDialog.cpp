@@ -10,7 +10,7 @@
 
 namespace {
 constexpr int kDesignWidth = 720; // pixels at 1920x1080: four buttons side by side
-constexpr int kDesignHeight = 260;
+constexpr int kDesignHeight = 330;
 } // namespace
 
 ShutdownDialog::ShutdownDialog(VyWidget* parent)
