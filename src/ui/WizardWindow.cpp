@@ -24,11 +24,11 @@
 namespace {
 
 // Pixels at 1920x1080.
-constexpr int kDesignWidth = 1000;
-constexpr int kDesignHeight = 640;
+constexpr int kDesignWidth = 1100;
+constexpr int kDesignHeight = 800;
 constexpr int kStepStripDesign = 48;
 constexpr int kFooterDesign = 72;
-constexpr int kButtonWidthDesign = 150;
+constexpr int kButtonWidthDesign = 210;
 constexpr int kButtonHeightDesign = 44;
 constexpr int kCheckWidthDesign = 320;
 constexpr int kGapDesign = 16;

@@ -221,6 +221,7 @@ TEST_F(MaintenanceE2e, UpgradeRefusesOtherModelsAndDamagedFilesAndStopsWhenTheSt
     w.refresh();
     ASSERT_EQ(w.files().size(), 3u);
     std::vector<std::string> states;
+    states.reserve(3);
     for (int row = 0; row < 3; ++row)
         states.push_back(w.table()->cell(row, 3).text.c_str());
     EXPECT_EQ(states, (std::vector<std::string>{"Ready", "For another model", "Damaged"}));

@@ -34,6 +34,7 @@ TEST_F(WizardE2e, WalksItsStepsAndEachStepWritesOnlyWhatItsPageChanged) {
     VyPointer<WizardWindow> wizard(WizardWindow::open());
     ASSERT_TRUE(wizard);
     std::vector<uint32_t> titles;
+    titles.reserve(size_t(wizard->stepCount()));
     for (int i = 0; i < wizard->stepCount(); ++i)
         titles.push_back(wizard->step(i).titleId);
     EXPECT_EQ(titles, (std::vector<uint32_t>{TextId::Settings::Language, TextId::Settings::Network,
