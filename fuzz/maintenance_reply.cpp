@@ -36,5 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         if (p->percent > 100 || p->state > UpgradeProgress::kFailed)
             std::abort();
     }
+    if (auto d = MaintenanceReply::parseDefaultsAnswer(data, size)) {
+        if (size != FactoryDefaultsAnswer::kSize)
+            std::abort();
+    }
     return 0;
 }

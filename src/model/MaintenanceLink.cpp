@@ -75,3 +75,16 @@ std::optional<UpgradeProgress> MaintenanceLink::upgradeProgress() {
     link->request(MainType::Maintenance, MaintenanceSubType::UpgradeStatus, nullptr, 0, reply);
     return MaintenanceReply::parseUpgradeProgress(reply.data(), reply.size());
 }
+
+std::optional<FactoryDefaultsAnswer> MaintenanceLink::loadDefaults(uint32_t keep) {
+    RecorderLink* link = RecorderLink::instance();
+    if (link == nullptr)
+        return std::nullopt;
+    FactoryDefaultsRequest req;
+    req.keep = keep;
+    std::vector<uint8_t> reply;
+    link->request(MainType::Maintenance, MaintenanceSubType::FactoryDefaults, &req, sizeof req,
+                  reply);
+    VY_GUI_LOG("factory defaults requested, keeping groups 0x%x\n", keep);
+    return MaintenanceReply::parseDefaultsAnswer(reply.data(), reply.size());
+}

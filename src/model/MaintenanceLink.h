@@ -24,4 +24,6 @@ public:
     // Asks App to upgrade from the file `name` (longer than the field: false, nothing sent).
     static bool startUpgrade(const char* name);
     static std::optional<UpgradeProgress> upgradeProgress();
+    // Factory values for everything but the FactoryDefaultsRequest groups in `keep`.
+    static std::optional<FactoryDefaultsAnswer> loadDefaults(uint32_t keep);
 };

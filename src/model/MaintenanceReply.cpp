@@ -87,3 +87,14 @@ std::optional<UpgradeProgress> MaintenanceReply::parseUpgradeProgress(const uint
     }
     return p;
 }
+
+std::optional<FactoryDefaultsAnswer> MaintenanceReply::parseDefaultsAnswer(const uint8_t* body,
+                                                                           size_t len) {
+    FactoryDefaultsAnswer a;
+    if (body == nullptr || len != sizeof a) {
+        VY_GUI_LOG("factory defaults answer of %zu bytes refused\n", len);
+        return std::nullopt;
+    }
+    std::memcpy(&a, body, sizeof a);
+    return a;
+}

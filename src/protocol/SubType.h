@@ -105,5 +105,6 @@ constexpr uint16_t LogSearch = 3;     // request: LogSearchRequest -> LogSearchR
 constexpr uint16_t UpgradeList = 4;   // request, no body -> UpgradeFileList + UpgradeFileEntry list
 constexpr uint16_t UpgradeStart = 5;  // GUI -> App: the file name (UpgradeFileEntry::kNameBytes)
 constexpr uint16_t UpgradeStatus = 6; // request, no body -> UpgradeProgress
+constexpr uint16_t FactoryDefaults = 7; // request: FactoryDefaultsRequest -> FactoryDefaultsAnswer
 
 } // namespace MaintenanceSubType

@@ -2,10 +2,13 @@
 // file by file with progress, a stick pulled out mid-way, a cancel and a selection too large
 // for the stick; shutting down and restarting only once confirmed; the system log paged and
 // filtered; an upgrade refused for another model or a damaged file, and cut short by the
-// stick going away.
+// stick going away; factory defaults keeping the groups chosen.
 #include "SimUiFixture.h"
 
 #include "protocol/AutoRestartBlock.h"
+#include "protocol/GeneralSettingsBlock.h"
+#include "protocol/NetworkBlock.h"
+#include "protocol/RecordParamBlock.h"
 #include "protocol/RecordTypeBit.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyComboBox.h"
@@ -13,6 +16,7 @@
 #include "toolkit/widgets/VyTableWidget.h"
 #include "toolkit/widgets/VyTimeEdit.h"
 #include "ui/maintenance/BackupWindow.h"
+#include "ui/maintenance/FactoryDefaultsDialog.h"
 #include "ui/maintenance/ProgressDialog.h"
 #include "ui/maintenance/ShutdownDialog.h"
 #include "ui/maintenance/SystemLogWindow.h"
@@ -280,6 +284,29 @@ TEST_F(MaintenanceE2e, AutomaticRestartScheduleReachesTheRecorder) {
     EXPECT_EQ(got.day, 3);
     EXPECT_EQ(got.hour, 4);
     EXPECT_EQ(got.minute, 30);
+}
+
+TEST_F(MaintenanceE2e, FactoryDefaultsForgetAllButTheGroupsKept) {
+    // Settings of three groups as a user left them.
+    auto set = [&](uint32_t block, uint8_t channel, uint32_t offset, uint8_t value) {
+        recorder->store().setByte(SimSettingsBlocks::storeKey(block, channel), offset, value);
+    };
+    set(NetworkBlock::kBlockNumber, 0, offsetof(NetworkBlock, httpPort), 81);
+    set(RecordParamBlock::kBlockNumber, 2, offsetof(RecordParamBlock, postRecordSec), 99);
+    set(GeneralSettingsBlock::kBlockNumber, 0, offsetof(GeneralSettingsBlock, hour12), 1);
+
+    FactoryDefaultsDialog d;
+    d.show();
+    EXPECT_EQ(d.keepMask(), FactoryDefaultsRequest::kKeepNetwork); // the network by default
+    d.keepBox(2)->setChecked(true);                                // and the general settings
+    shot("factory-defaults.png");
+    ASSERT_TRUE(d.load());
+    EXPECT_EQ(d.statusText(), "Factory defaults loaded. Kept: Network, General.");
+    EXPECT_EQ(stored<NetworkBlock>().httpPort, 81);
+    EXPECT_EQ(stored<GeneralSettingsBlock>().hour12, 1);
+    EXPECT_FALSE(
+        recorder->store().contains(SimSettingsBlocks::storeKey(RecordParamBlock::kBlockNumber, 2)));
+    EXPECT_FALSE(d.load()); // once
 }
 
 } // namespace

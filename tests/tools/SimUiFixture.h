@@ -65,6 +65,7 @@ protected:
         server.setLogging(false);
         recorder->attach(server);
         playback->attach(server);
+        maintenance->setStore(&recorder->store(), kChannels);
         maintenance->attach(server);
         users.addDefaultUsers(); // no login asked for: every right is open
         users.attach(server);

@@ -47,6 +47,7 @@ void registerDefaultHandlers(SimServer& server) {
         users->setLoginRequired(true);
     users->attach(server);
     static SimMaintenance* maintenance = new SimMaintenance(playback, config.recordSeed);
+    maintenance->setStore(&recorder->store(), config.channels);
     maintenance->attach(server);
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();

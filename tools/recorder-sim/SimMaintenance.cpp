@@ -1,13 +1,21 @@
 #include "SimMaintenance.h"
 
 #include "SimMessage.h"
+#include "SimParamStore.h"
 #include "SimPlayback.h"
 #include "SimRecordDb.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
+#include "SimSettingsBlocks.h"
 
+#include "protocol/DeviceParamBlock.h"
+#include "protocol/FactoryDefaults.h"
+#include "protocol/GeneralSettingsBlock.h"
 #include "protocol/MainType.h"
 #include "protocol/MaintenancePower.h"
+#include "protocol/NetworkBlock.h"
+#include "protocol/RecordParamBlock.h"
+#include "protocol/RecordScheduleBlock.h"
 #include "protocol/SubType.h"
 #include "protocol/UsbDeviceInfo.h"
 
@@ -136,6 +144,9 @@ void SimMaintenance::attach(SimServer& server) {
                       [this](SimServer& s, const SimMessage& m) { return onUpgradeStart(s, m); });
     server.addHandler(MainType::Maintenance, MaintenanceSubType::UpgradeStatus,
                       [this](SimServer& s, const SimMessage& m) { return onUpgradeStatus(s, m); });
+    server.addHandler(
+        MainType::Maintenance, MaintenanceSubType::FactoryDefaults,
+        [this](SimServer& s, const SimMessage& m) { return onFactoryDefaults(s, m); });
 }
 
 bool SimMaintenance::onLogSearch(SimServer& s, const SimMessage& m) {
@@ -179,4 +190,43 @@ bool SimMaintenance::onPower(SimServer& s, const SimMessage& m) {
     simRecorderLog("sim: %s requested", down ? "shutdown" : "restart");
     m_log.add(LogSearchRequest::kSystem, down ? "Shutdown requested" : "Restart requested");
     return s.notify(MainType::System, SystemSubType::Shutdown, 0);
+}
+
+void SimMaintenance::setStore(SimParamStore* store, int channels) {
+    m_store = store;
+    m_channels = channels;
+}
+
+bool SimMaintenance::onFactoryDefaults(SimServer& s, const SimMessage& m) {
+    FactoryDefaultsRequest req;
+    if (m.body.size() != sizeof req) {
+        simRecorderLog("sim: factory defaults request of %zu bytes dropped", m.body.size());
+        return false;
+    }
+    std::memcpy(&req, m.body.data(), sizeof req);
+    std::vector<uint32_t> kept;
+    if (req.keep & FactoryDefaultsRequest::kKeepNetwork)
+        kept.insert(kept.end(), {NetworkBlock::kBlockNumber, DeviceParamBlock::kBlockNumber});
+    if (req.keep & FactoryDefaultsRequest::kKeepRecording)
+        kept.insert(kept.end(),
+                    {RecordParamBlock::kBlockNumber, RecordScheduleBlock::kBlockNumber});
+    if (req.keep & FactoryDefaultsRequest::kKeepGeneral)
+        kept.push_back(GeneralSettingsBlock::kBlockNumber);
+    auto isKept = [&](uint32_t key) {
+        for (uint32_t block : kept) {
+            if (key == block)
+                return true;
+            for (int c = 0; c < m_channels; ++c)
+                if (key == SimSettingsBlocks::storeKey(block, uint8_t(c)))
+                    return true;
+        }
+        return false;
+    };
+    FactoryDefaultsAnswer answer;
+    answer.result = m_store != nullptr ? 0 : 1;
+    if (m_store != nullptr)
+        answer.blocksReset = uint32_t(m_store->eraseIf([&](uint32_t key) { return !isKept(key); }));
+    simRecorderLog("sim: factory defaults, %u blocks reset", answer.blocksReset);
+    m_log.add(LogSearchRequest::kConfig, "Factory defaults loaded");
+    return s.reply(m, &answer, sizeof answer);
 }

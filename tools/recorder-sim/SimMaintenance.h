@@ -6,7 +6,8 @@
 // which the power requests add to. Upgrades run from firmware files on that stick: each
 // status request moves an upgrade on by kUpgradeStep percent (the GUI asks about once a
 // second), a damaged file fails at kDamagedFailsAt, a stick pulled out fails it, and a
-// finished upgrade is followed by the shutdown notice of the restart.
+// finished upgrade is followed by the shutdown notice of the restart. Factory defaults forget
+// the stored blocks but those of the groups kept.
 //
 //     SimMaintenance maintenance(&playback, seed); // the stick of that playback side
 //     maintenance.attach(server);            // registers the MainType 1300 handlers
@@ -20,6 +21,7 @@
 #include <mutex>
 #include <vector>
 
+class SimParamStore;
 class SimPlayback;
 class SimServer;
 struct SimMessage;
@@ -47,6 +49,8 @@ public:
                                         const char* deviceType, uint32_t sizeKiB,
                                         uint32_t state = UpgradeFileEntry::kIntact);
     UpgradeProgress upgrade() const;
+    // The store factory defaults reset (blocks of `channels` channels); none: nothing reset.
+    void setStore(SimParamStore* store, int channels);
 
 private:
     bool onPower(SimServer& s, const SimMessage& m);
@@ -55,9 +59,12 @@ private:
     bool onUpgradeList(SimServer& s, const SimMessage& m);
     bool onUpgradeStart(SimServer& s, const SimMessage& m);
     bool onUpgradeStatus(SimServer& s, const SimMessage& m);
+    bool onFactoryDefaults(SimServer& s, const SimMessage& m);
     bool usbPresent() const;
 
     SimPlayback* m_playback;
+    SimParamStore* m_store = nullptr;
+    int m_channels = 0;
     uint32_t m_usbTotalMiB; // the stick's size: what was free when it was plugged in
     SimSystemLog m_log;
     mutable std::mutex m_upgradeMutex; // guards the two below

@@ -282,6 +282,9 @@ constexpr uint32_t Title = 112050;            // Maintenance
 constexpr uint32_t AutoRestart = 112051;      // Restart automatically
 constexpr uint32_t Day = 112052;              // Day
 constexpr uint32_t EveryDay = 112053;         // Every day
+constexpr uint32_t LoadDefaults = 112054;     // Load defaults
+constexpr uint32_t DefaultsQuestion = 112055; // Load the factory defaults? Settings not kept are lost.
+constexpr uint32_t DefaultsDone = 112056;     // Factory defaults loaded. Kept: %1.
 } // namespace Maintenance
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -544,6 +547,9 @@ constexpr uint32_t kAll[] = {
     Maintenance::AutoRestart,
     Maintenance::Day,
     Maintenance::EveryDay,
+    Maintenance::LoadDefaults,
+    Maintenance::DefaultsQuestion,
+    Maintenance::DefaultsDone,
 };
 } // namespace TextId
 // clang-format on

@@ -8,6 +8,7 @@
 #include "toolkit/widgets/VyPushButton.h"
 #include "toolkit/widgets/VyTimeEdit.h"
 #include "ui/UiLook.h"
+#include "ui/maintenance/FactoryDefaultsDialog.h"
 #include "ui/maintenance/SystemLogWindow.h"
 #include "ui/maintenance/UpgradeWindow.h"
 
@@ -55,8 +56,10 @@ MaintenancePage::MaintenancePage(VyWidget* parent)
     connect(m_log, &m_log->clicked, this, VY_SLOT(MaintenancePage, openLog));
     m_upgrade = new VyPushButton(VyTranslation::tr(TextId::Maintenance::Upgrade), this);
     connect(m_upgrade, &m_upgrade->clicked, this, VY_SLOT(MaintenancePage, openUpgrade));
-    m_log->show();
-    m_upgrade->show();
+    m_defaults = new VyPushButton(VyTranslation::tr(TextId::Maintenance::LoadDefaults), this);
+    connect(m_defaults, &m_defaults->clicked, this, VY_SLOT(MaintenancePage, openDefaults));
+    for (VyPushButton* b : {m_log, m_upgrade, m_defaults})
+        b->show();
 }
 
 void MaintenancePage::showValues() {
@@ -105,6 +108,10 @@ void MaintenancePage::openUpgrade() {
     w->refresh(); // asks App for the files on the stick
 }
 
+void MaintenancePage::openDefaults() {
+    openOver<FactoryDefaultsDialog>();
+}
+
 void MaintenancePage::resizeEvent(VyResizeEvent* e) {
     SettingsPage::resizeEvent(e);
     const int gap = UiLook::scaledX(kGapDesign);
@@ -112,4 +119,5 @@ void MaintenancePage::resizeEvent(VyResizeEvent* e) {
     const int y = rowsBottom() + gap;
     m_log->setGeometry(gap, y, bw, bh);
     m_upgrade->setGeometry(2 * gap + bw, y, bw, bh);
+    m_defaults->setGeometry(3 * gap + 2 * bw, y, bw, bh);
 }

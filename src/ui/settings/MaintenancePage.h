@@ -1,6 +1,7 @@
 #pragma once
 // The system settings' maintenance page: the automatic restart (block 115) and the way to the
-// system log and the firmware upgrade, each its own window over the settings.
+// system log, the firmware upgrade and the factory defaults, each its own window over the
+// settings.
 #include "ui/settings/SettingsPage.h"
 
 class VyCheckBox;
@@ -18,6 +19,7 @@ public:
     VyTimeEdit* timeEdit() const { return m_time; }
     VyPushButton* logButton() const { return m_log; }
     VyPushButton* upgradeButton() const { return m_upgrade; }
+    VyPushButton* defaultsButton() const { return m_defaults; }
 
     void restoreDefaults() override;
 
@@ -29,6 +31,7 @@ protected:
 private:
     void openLog();
     void openUpgrade();
+    void openDefaults();
 
     int m_slot;
     VyCheckBox* m_enabled;
@@ -36,4 +39,5 @@ private:
     VyTimeEdit* m_time;
     VyPushButton* m_log;
     VyPushButton* m_upgrade;
+    VyPushButton* m_defaults;
 };
