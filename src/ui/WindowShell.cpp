@@ -160,6 +160,10 @@ void WindowShell::openStartupWizard() {
         m_wizard->raise();
         return;
     }
+    // The settings' manager hands App's "parameter changed" to the step on screen, so a
+    // language switched elsewhere shows in the language step too.
+    if (!m_settings)
+        m_settings = std::make_unique<SettingsManager>();
     WizardWindow* wizard = WizardWindow::create();
     m_wizard.reset(wizard);
     keep(wizard);
