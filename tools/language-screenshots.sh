@@ -25,6 +25,11 @@ mkfifo "$TMP/console"
 "$BUILD/tools/recorder-sim/recorder-sim" <"$TMP/console" >"$TMP/sim.log" 2>&1 &
 SIM=$!
 exec 3>"$TMP/console"
+# A GUI that starts before the simulator listens gives up its connection: wait for it.
+for _ in $(seq 300); do
+    grep -q "sim: listening on" "$TMP/sim.log" 2>/dev/null && break
+    sleep 0.1
+done
 (cd "$ROOT/resources" && exec "$BUILD/src/app/dvrgui") >"$TMP/gui.log" 2>&1 &
 GUI=$!
 trap 'kill $GUI $SIM 2>/dev/null || true; exec 3>&-' EXIT

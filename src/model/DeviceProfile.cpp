@@ -18,6 +18,14 @@ void DeviceProfile::readDeviceRecord(const uint8_t* record, size_t size) {
     emailScheduleEnable = byteAt(DeviceDefaultRecord::kFuncSwitchEmailScheduleEnable) != 0;
     emailTestEnable = byteAt(DeviceDefaultRecord::kFuncSwitchEamilTestEnable) != 0;
     usePersianDate = byteAt(DeviceDefaultRecord::kCustomFuncsUsePersianDate) != 0;
+    // Text fields of 32 bytes, not always terminated: cut at the field's end.
+    auto text = [&](uint32_t offset, char* out) {
+        for (uint32_t i = 0; i < 32; ++i)
+            out[i] = char(byteAt(offset + i));
+        out[32] = '\0';
+    };
+    text(DeviceDefaultRecord::kUpgradeUpgradePacketPreFix, upgradePrefix);
+    text(DeviceDefaultRecord::kDeviceTypeDeviceType, deviceType);
 }
 
 void DeviceProfile::readRecordSwitches(const VyIniSettings& ini) {

@@ -21,6 +21,8 @@ struct DeviceProfile {
     bool enableMotionRecord = false;  // RecordSchedulDef/EnableMotionRecord
     bool enableNormalRecord = false;  // RecordSchedulDef/EnableNormalRecord
     bool usePersianDate = false;      // CustomFuncs/UsePersianDate
+    char upgradePrefix[33] = {};      // Upgrade/UpgradePacketPreFix, NUL-terminated
+    char deviceType[33] = {};         // DeviceType/DeviceType, NUL-terminated
 
     static DeviceProfile& current();
 

@@ -109,3 +109,15 @@ constexpr uint16_t SetRights = 6;      // name, rights
 constexpr uint16_t SetPattern = 7;     // name, password (secret), pattern (newSecret; empty clears)
 
 } // namespace UserSubType
+
+namespace MaintenanceSubType {
+
+constexpr uint16_t Power = 1;         // GUI -> App: MaintenancePower (shut down or restart)
+constexpr uint16_t UsbInfo = 2;       // request, no body -> UsbDeviceInfo
+constexpr uint16_t LogSearch = 3;     // request: LogSearchRequest -> LogSearchReply + LogEntry list
+constexpr uint16_t UpgradeList = 4;   // request, no body -> UpgradeFileList + UpgradeFileEntry list
+constexpr uint16_t UpgradeStart = 5;  // GUI -> App: the file name (UpgradeFileEntry::kNameBytes)
+constexpr uint16_t UpgradeStatus = 6; // request, no body -> UpgradeProgress
+constexpr uint16_t FactoryDefaults = 7; // request: FactoryDefaultsRequest -> FactoryDefaultsAnswer
+
+} // namespace MaintenanceSubType

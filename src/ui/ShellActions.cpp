@@ -1,5 +1,7 @@
 #include "ui/ShellActions.h"
 
+#include "runtime/VyLog.h"
+
 namespace {
 ShellActions* g_shell = nullptr;
 } // namespace
@@ -10,4 +12,8 @@ ShellActions* ShellActions::instance() {
 
 void ShellActions::install(ShellActions* shell) {
     g_shell = shell;
+}
+
+void ShellActions::openWizard() {
+    VY_GUI_LOG("start-up wizard not available\n");
 }

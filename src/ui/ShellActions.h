@@ -24,4 +24,7 @@ public:
     virtual void openShutdown() = 0;
     // The analytics applications (face libraries, search, counting, heat maps, statistics).
     virtual void openAnalytics() = 0;
+    // The start-up wizard again, on the user's request (task bar, key 95): not a pure
+    // virtual, so shells that predate it keep building and answer with a log line.
+    virtual void openWizard();
 };

@@ -17,6 +17,8 @@
 #include "ui/liveview/LiveViewController.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackWindow.h"
+#include "ui/maintenance/BackupWindow.h"
+#include "ui/maintenance/ShutdownDialog.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/users/ScreenLockWindow.h"
 
@@ -132,7 +134,14 @@ void WindowShell::returnToLiveView() {
 }
 
 void WindowShell::openBackup() {
-    VY_GUI_LOG("backup not available\n");
+    if (UserAccess* users = UserAccess::instance();
+        users != nullptr && !users->ensure(UserRights::kBackup))
+        return;
+    auto* backup = new BackupWindow(SystemInfo::record().channelCount);
+    VyObject::connect(backup, &backup->finished, backup, VY_SLOT(VyObject, deleteLater));
+    keep(backup);
+    VY_GUI_LOG("backup window shown\n");
+    backup->open(); // asks App for the USB stick's room
 }
 
 void WindowShell::openUserMenu() {
@@ -173,7 +182,11 @@ void WindowShell::toggleLock() {
 }
 
 void WindowShell::openShutdown() {
-    VY_GUI_LOG("shutdown not available\n");
+    auto* dialog = new ShutdownDialog;
+    VyObject::connect(dialog, &dialog->finished, dialog, VY_SLOT(VyObject, deleteLater));
+    dialog->show();
+    keep(dialog);
+    VY_GUI_LOG("shutdown dialog shown\n");
 }
 
 void WindowShell::openAnalytics() {
@@ -236,6 +249,23 @@ void WindowShell::applyOutputMode(const OutputSettingsBlock& block, bool restore
 }
 
 void WindowShell::openStartupWizard() {
-    keep(WizardWindow::open());
+    if (!m_wizard.isNull()) {
+        m_wizard->raise();
+        return;
+    }
+    // The settings' manager hands App's "parameter changed" to the step on screen, so a
+    // language switched elsewhere shows in the language step too.
+    if (!m_settings)
+        m_settings = std::make_unique<SettingsManager>();
+    WizardWindow* wizard = WizardWindow::create();
+    m_wizard.reset(wizard);
+    keep(wizard);
+    // Logged before the first step: that waits for App's blocks, and a watcher of the log
+    // may act on the wizard meanwhile.
     VY_GUI_LOG("start-up wizard shown\n");
+    wizard->start();
+}
+
+void WindowShell::openWizard() {
+    openStartupWizard();
 }

@@ -44,6 +44,7 @@ public:
     void toggleLock() override;
     void openShutdown() override;
     void openAnalytics() override;
+    void openWizard() override;
     SettingsManager* settings() const { return m_settings.get(); }
     // What the user entry offers a logged-in user.
     // Apart from the message box's own button results (1, 2, 4, 8).
@@ -78,4 +79,5 @@ private:
     // The message box open for each notice text, so a repeated notice is not stacked.
     std::map<uint32_t, VyPointer<VyWidget>> m_messages;
     double m_timeScale = 1.0;
+    VyPointer<VyWidget> m_wizard; // the one wizard open, whoever opened it
 };

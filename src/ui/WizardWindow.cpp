@@ -1,25 +1,315 @@
 #include "ui/WizardWindow.h"
 
+#include "model/DeviceProfile.h"
+#include "protocol/GeneralSettingsBlock.h"
+#include "runtime/VyIniSettings.h"
+#include "runtime/VyLog.h"
+#include "runtime/VyResources.h"
+#include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/TextId.h"
+#include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/widgets/VyCheckBox.h"
+#include "toolkit/widgets/VyMessageBox.h"
+#include "toolkit/widgets/VyPushButton.h"
+#include "ui/UiLook.h"
+#include "ui/settings/CameraPage.h"
+#include "ui/settings/GeneralPage.h"
+#include "ui/settings/NetworkPage.h"
+#include "ui/settings/RecordParamPage.h"
+#include "ui/settings/SettingsManager.h"
+#include "ui/settings/StoragePage.h"
+
+#include <algorithm>
 
 namespace {
-constexpr int kDesignWidth = 1000; // pixels at 1920x1080
-constexpr int kDesignHeight = 640;
-} // namespace
 
-WizardWindow::WizardWindow()
-    : StartupDialog(TextId::Wizard::Title, TextId::Wizard::Welcome) {
-    addButton(TextId::Common::Close, 0);
-    place(kDesignWidth, kDesignHeight);
-    connect(this, &finished, this, VY_SLOT(WizardWindow, closed));
+// Pixels at 1920x1080.
+constexpr int kDesignWidth = 1100;
+constexpr int kDesignHeight = 800;
+constexpr int kStepStripDesign = 48;
+constexpr int kFooterDesign = 72;
+constexpr int kButtonWidthDesign = 210;
+constexpr int kButtonHeightDesign = 44;
+constexpr int kCheckWidthDesign = 320;
+constexpr int kGapDesign = 16;
+
+template <typename Page>
+SettingsPage* makePage(VyWidget* parent) {
+    return new Page(parent);
 }
 
-WizardWindow* WizardWindow::open() {
+// Provided later by the screens that own those subjects; empty until then.
+WizardWindow::Step g_adminPasswordStep;
+WizardWindow::Step g_dateTimeStep;
+
+} // namespace
+
+void WizardWindow::provideStep(LateStep which, const Step& step) {
+    (which == LateStep::AdminPassword ? g_adminPasswordStep : g_dateTimeStep) = step;
+}
+
+std::vector<WizardWindow::Step> WizardWindow::steps(const DeviceProfile& profile) {
+    std::vector<Step> s;
+    s.push_back({TextId::Settings::Language, &makePage<GeneralPage>});
+    for (const Step& late : {g_adminPasswordStep, g_dateTimeStep})
+        if (late.make != nullptr)
+            s.push_back(late);
+    s.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
+    // A disk may need formatting before anything records; the storage page asks first.
+    if (profile.maxDiskNum > 0)
+        s.push_back({TextId::Settings::Storage, &makePage<StoragePage>});
+    if (profile.channelCount > 0) {
+        s.push_back({TextId::Settings::Camera, &makePage<CameraPage>});
+        s.push_back({TextId::Settings::Record, &makePage<RecordParamPage>});
+    }
+    return s;
+}
+
+WizardWindow::WizardWindow()
+    : m_steps(steps(DeviceProfile::current())) {
+    setTitleId(TextId::Wizard::Title);
+    const VyIniSettings ini(VyResources::path(kStyleFile));
+    m_background = UiLook::colourOr(ini, "Wizard/Background", backgroundColour());
+    m_border = UiLook::colourOr(ini, "Wizard/Border", borderColour());
+    m_footer = UiLook::colourOr(ini, "Wizard/Footer/Background", m_background);
+    m_stepDone = UiLook::colourOr(ini, "Wizard/Step/Done", 0xFF0096DC);
+    m_stepCurrent = UiLook::colourOr(ini, "Wizard/Step/Current", 0xFFFFFFFF);
+    m_stepTodo = UiLook::colourOr(ini, "Wizard/Step/Todo", 0xFF5A606A);
+    m_generalSlot = m_general.declare<GeneralSettingsBlock>();
+
+    m_doNotShow = new VyCheckBox(this);
+    auto button = [&](VySlot slot) {
+        auto* b = new VyPushButton(this);
+        connect(b, &b->clicked, this, slot);
+        return b;
+    };
+    m_back = button(VY_SLOT(WizardWindow, back));
+    m_skip = button(VY_SLOT(WizardWindow, skip));
+    m_next = button(VY_SLOT(WizardWindow, nextClicked));
+    m_finish = button(VY_SLOT(WizardWindow, finishClicked));
+    for (VyWidget* w : {static_cast<VyWidget*>(m_doNotShow), static_cast<VyWidget*>(m_back),
+                        static_cast<VyWidget*>(m_skip), static_cast<VyWidget*>(m_next),
+                        static_cast<VyWidget*>(m_finish)})
+        w->show();
+    retranslate();
+    place(kDesignWidth, kDesignHeight);
+    syncButtons();
+}
+
+WizardWindow::~WizardWindow() {
+    if (SettingsManager* settings = SettingsManager::instance();
+        settings != nullptr && m_page && settings->currentPage() == m_page.data())
+        settings->setCurrentPage(nullptr);
+}
+
+WizardWindow* WizardWindow::create() {
     auto* w = new WizardWindow;
+    connect(w, &w->finished, w, VY_SLOT(VyObject, deleteLater));
     w->show();
     return w;
 }
 
-void WizardWindow::closed() {
-    deleteLater();
+WizardWindow* WizardWindow::open() {
+    VyPointer<WizardWindow> w(create());
+    w->start();
+    return w.data();
+}
+
+void WizardWindow::start() {
+    VyPointer<WizardWindow> self(this);
+    m_general.fetchAll(); // runs the event loop
+    if (!self || isFinished())
+        return;
+    m_generalRead = true;
+    m_doNotShow->setChecked(m_general.savedAs<GeneralSettingsBlock>(m_generalSlot).wizardEnabled ==
+                            0);
+    showStep(0);
+}
+
+SettingsPage* WizardWindow::page() const {
+    return m_page.data();
+}
+
+void WizardWindow::retranslate() {
+    VyDialog::retranslate();
+    m_doNotShow->setText(VyTranslation::tr(TextId::Wizard::DoNotShowAgain));
+    m_back->setText(VyTranslation::tr(TextId::Wizard::Back));
+    m_skip->setText(VyTranslation::tr(TextId::Wizard::Skip));
+    m_next->setText(VyTranslation::tr(TextId::Wizard::Next));
+    m_finish->setText(VyTranslation::tr(TextId::Wizard::Finish));
+}
+
+void WizardWindow::dropPage() {
+    SettingsPage* p = m_page.data();
+    if (SettingsManager* settings = SettingsManager::instance();
+        settings != nullptr && p != nullptr && settings->currentPage() == p)
+        settings->setCurrentPage(nullptr);
+    m_page.reset();
+    if (p == nullptr)
+        return;
+    p->hide();
+    if (m_opening) {
+        // Still inside open() further up the stack: it is deleted there.
+        p->abandon();
+        m_abandoned = true;
+        return;
+    }
+    p->deleteLater();
+}
+
+bool WizardWindow::showStep(int index) {
+    if (index < 0 || index >= stepCount() || isFinished())
+        return false;
+    dropPage();
+    m_index = index;
+    syncButtons();
+    update();
+    VyPointer<WizardWindow> self(this);
+    SettingsPage* p = m_steps[size_t(index)].make(this);
+    p->setGeometry(pageArea());
+    p->show();
+    m_page.reset(p);
+    // App's changes to the step's blocks reach it as they reach the settings window's page.
+    if (SettingsManager* settings = SettingsManager::instance())
+        settings->setCurrentPage(p);
+    VY_GUI_LOG("wizard step %d of %d\n", index + 1, stepCount());
+    m_opening = true;
+    m_abandoned = false;
+    p->open(); // runs the event loop until App answers
+    if (!self)
+        return false;
+    m_opening = false;
+    if (m_abandoned) {
+        m_abandoned = false;
+        p->deleteLater();
+        return false;
+    }
+    p->setFocus();
+    return true;
+}
+
+bool WizardWindow::next() {
+    SettingsPage* p = m_page.data();
+    if (p == nullptr || m_opening)
+        return false;
+    if (p->isOpened() && p->apply() < 0) {
+        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
+        return false;
+    }
+    if (m_index + 1 >= stepCount()) {
+        done(Accepted);
+        return true;
+    }
+    return showStep(m_index + 1);
+}
+
+void WizardWindow::skip() {
+    if (m_opening)
+        return;
+    if (m_index + 1 >= stepCount())
+        done(Accepted);
+    else
+        showStep(m_index + 1);
+}
+
+void WizardWindow::back() {
+    if (!m_opening && m_index > 0)
+        showStep(m_index - 1);
+}
+
+bool WizardWindow::finish() {
+    SettingsPage* p = m_page.data();
+    if (p != nullptr && !m_opening && p->isOpened() && p->apply() < 0) {
+        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
+        return false;
+    }
+    done(Accepted);
+    return true;
+}
+
+void WizardWindow::done(int result) {
+    if (isFinished())
+        return;
+    dropPage();
+    writeDoNotShow();
+    VY_GUI_LOG("start-up wizard closed at step %d of %d\n", m_index + 1, stepCount());
+    VyDialog::done(result);
+}
+
+void WizardWindow::writeDoNotShow() {
+    if (!m_generalRead)
+        return;
+    // Read again: the language step may have written the same block since.
+    m_general.fetchAll();
+    auto& b = m_general.editAs<GeneralSettingsBlock>(m_generalSlot);
+    b.wizardEnabled = m_doNotShow->isChecked() ? 0 : 1;
+    if (m_general.writeChanged() > 0)
+        VY_GUI_LOG("start-up wizard %s at start\n", b.wizardEnabled ? "shown" : "not shown");
+}
+
+void WizardWindow::syncButtons() {
+    const bool last = m_index + 1 >= stepCount();
+    m_back->setEnabled(m_index > 0);
+    m_next->setVisible(!last);
+    m_finish->setVisible(last);
+}
+
+VyRect WizardWindow::stepStripRect() const {
+    const VyRect c = contentRect();
+    return VyRect(c.x(), c.y(), c.width(), UiLook::scaledY(kStepStripDesign));
+}
+
+VyRect WizardWindow::footerRect() const {
+    const VyRect c = contentRect();
+    const int h = UiLook::scaledY(kFooterDesign);
+    return VyRect(c.x(), c.y() + c.height() - h, c.width(), h);
+}
+
+VyRect WizardWindow::pageArea() const {
+    const VyRect strip = stepStripRect();
+    const int top = strip.y() + strip.height();
+    return VyRect(strip.x(), top, strip.width(), footerRect().y() - top);
+}
+
+void WizardWindow::resizeEvent(VyResizeEvent* e) {
+    VyDialog::resizeEvent(e);
+    const VyRect f = footerRect();
+    const int gap = UiLook::scaledX(kGapDesign);
+    const int bw = UiLook::scaledX(kButtonWidthDesign), bh = UiLook::scaledY(kButtonHeightDesign);
+    const int y = f.y() + (f.height() - bh) / 2;
+    m_doNotShow->setGeometry(f.x() + gap, y, UiLook::scaledX(kCheckWidthDesign), bh);
+    // Next and Finish share the right-most place: only one of them is shown.
+    int x = f.x() + f.width() - gap - bw;
+    m_next->setGeometry(x, y, bw, bh);
+    m_finish->setGeometry(x, y, bw, bh);
+    for (VyPushButton* b : {m_skip, m_back}) {
+        x -= bw + gap;
+        b->setGeometry(x, y, bw, bh);
+    }
+    if (m_page)
+        m_page->setGeometry(pageArea());
+}
+
+void WizardWindow::paintEvent(VyPaintEvent* e) {
+    VyDialog::paintEvent(e);
+    VyCanvas* c = canvas();
+    const VyRect content = contentRect();
+    c->fillRect(content, m_background);
+    c->fillRect(footerRect(), m_footer);
+    const VyRect strip = stepStripRect();
+    c->drawLine(strip.x(), strip.y() + strip.height() - 1, strip.x() + strip.width() - 1,
+                strip.y() + strip.height() - 1, m_border);
+    if (m_steps.empty())
+        return;
+    // One cell per step, numbered; done steps, the current one and those ahead in their colours.
+    const int n = stepCount();
+    const int cell = strip.width() / n;
+    const int font = UiLook::instance().fontPixelSize();
+    for (int i = 0; i < n; ++i) {
+        const vyargb colour = i < m_index ? m_stepDone : i == m_index ? m_stepCurrent : m_stepTodo;
+        const VyString text =
+            VyString::number(i + 1) + ". " + VyTranslation::tr(m_steps[size_t(i)].titleId);
+        c->drawText(VyRect(strip.x() + i * cell, strip.y(), cell, strip.height()),
+                    VyCanvas::AlignCenter, text, font, colour);
+    }
 }

@@ -1,16 +1,102 @@
 #pragma once
-// The start-up wizard, opened over the main view on the first start of a device. Its pages
-// (language, time, network, disks) come with the settings pages; until then it greets the
-// user and closes.
-#include "ui/StartupDialog.h"
+// The start-up wizard over the main view: the first settings a new recorder needs, one step
+// at a time (language, administrator password, date and time, network, disks, cameras,
+// recording), with Back, Skip, Next and Finish, and "do not show again". Each step is the
+// settings window's own page for that subject, embedded: Next writes what that page
+// changed exactly as its Apply would, Skip and Back leave App's blocks alone.
+//
+// Colours from "style/wizard.ini". Opening a step fetches its blocks, which runs the event
+// loop: the wizard may be closed meanwhile, so callers hold a VyPointer across open().
+#include "toolkit/core/VyPointer.h"
+#include "toolkit/widgets/VyDialog.h"
 
-class WizardWindow : public StartupDialog {
-    VY_OBJECT(WizardWindow, StartupDialog)
+#include "model/SettingsBlockSet.h"
+
+#include <cstdint>
+#include <vector>
+
+struct DeviceProfile;
+class SettingsPage;
+class VyCheckBox;
+class VyPushButton;
+
+class WizardWindow : public VyDialog {
+    VY_OBJECT(WizardWindow, VyDialog)
 public:
+    static constexpr const char* kStyleFile = "style/wizard.ini";
+
+    struct Step {
+        uint32_t titleId = 0;
+        SettingsPage* (*make)(VyWidget* parent) = nullptr;
+    };
+    // Steps whose pages come with other screens: until one is provided the wizard goes
+    // without it.
+    enum class LateStep { AdminPassword, DateTime };
+    static void provideStep(LateStep which, const Step& step);
+    // The steps this model offers, in the order the wizard walks them.
+    static std::vector<Step> steps(const DeviceProfile& profile);
+
     WizardWindow();
-    // Opens a new wizard; it deletes itself when closed.
+    ~WizardWindow() override;
+    // Shows a new wizard that deletes itself when closed; start() then fills it.
+    static WizardWindow* create();
+    // create() and start(); null when the wizard was closed while its first step opened.
     static WizardWindow* open();
+    // Reads the "do not show again" state from App and shows the first step.
+    void start();
+
+    int stepIndex() const { return m_index; }
+    int stepCount() const { return int(m_steps.size()); }
+    const Step& step(int index) const { return m_steps[size_t(index)]; }
+    SettingsPage* page() const;
+    VyCheckBox* doNotShowBox() const { return m_doNotShow; }
+    VyPushButton* backButton() const { return m_back; }
+    VyPushButton* skipButton() const { return m_skip; }
+    VyPushButton* nextButton() const { return m_next; }
+    VyPushButton* finishButton() const { return m_finish; }
+
+    // False when the step's page holds a value that cannot be sent (a message says so).
+    bool next();
+    void skip();
+    void back();
+    bool finish();
+    // Also writes "do not show again" when it changed, however the wizard ends.
+    void done(int result) override;
+
+protected:
+    void retranslate() override;
+    void paintEvent(VyPaintEvent* e) override;
+    void resizeEvent(VyResizeEvent* e) override;
 
 private:
-    void closed();
+    bool showStep(int index);
+    void dropPage();
+    void writeDoNotShow();
+    void syncButtons();
+    VyRect stepStripRect() const;
+    VyRect pageArea() const;
+    VyRect footerRect() const;
+    void nextClicked() { next(); }
+    void finishClicked() { finish(); }
+
+    std::vector<Step> m_steps;
+    int m_index = -1;
+    VyPointer<SettingsPage> m_page;
+    bool m_opening = false;   // inside the page's open(), which runs the event loop
+    bool m_abandoned = false; // the page was left while it was opening
+    // Block 21 as App holds it, for the start-up switch behind "do not show again".
+    SettingsBlockSet m_general;
+    int m_generalSlot;
+    bool m_generalRead = false;
+    VyCheckBox* m_doNotShow;
+    VyPushButton* m_back;
+    VyPushButton* m_skip;
+    VyPushButton* m_next;
+    VyPushButton* m_finish;
+    vyargb m_background;
+    vyargb m_border;
+    vyargb m_footer;
+    vyargb m_stepDone;
+    vyargb m_stepCurrent;
+    vyargb m_stepTodo;
 };

@@ -14,6 +14,10 @@
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
+#include "ui/maintenance/BackupWindow.h"
+#include "ui/maintenance/ProgressDialog.h"
+#include "ui/maintenance/ShutdownDialog.h"
+#include "ui/maintenance/SystemLogWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +38,10 @@ const WindowFactory kWindows[] = {
     {"ResolutionConfirmDialog", [] { return new ResolutionConfirmDialog("720p", false); }},
     {"ResolutionConfirmDialog (notice)", [] { return new ResolutionConfirmDialog("720p", true); }},
     {"WizardWindow", [] { return new WizardWindow; }},
+    {"ShutdownDialog", [] { return new ShutdownDialog; }},
+    {"BackupWindow", [] { return new BackupWindow(4); }},
+    {"SystemLogWindow", [] { return new SystemLogWindow; }},
+    {"ProgressDialog", [] { return new ProgressDialog(TextId::LiveView::MenuBackup, true); }},
     {"MainViewWindow", [] { return new MainViewWindow; }},
 };
 

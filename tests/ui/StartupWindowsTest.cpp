@@ -206,7 +206,7 @@ TEST_F(StartupWindowsTest, EachStartupDialogKeepsItsOwnDesignSize) {
     EXPECT_EQ(resolution.width(), 620 / 3);
     EXPECT_EQ(resolution.height(), 260 / 3);
     std::unique_ptr<WizardWindow> wizard(WizardWindow::open());
-    EXPECT_EQ(wizard->width(), 1000 / 3);
-    EXPECT_EQ(wizard->height(), 640 / 3);
+    EXPECT_EQ(wizard->width(), 1100 / 3);
+    EXPECT_EQ(wizard->height(), 800 / 3);
     wizard->done(0);
 }

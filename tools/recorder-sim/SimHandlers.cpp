@@ -2,6 +2,7 @@
 
 #include "SimCommands.h"
 #include "SimLiveView.h"
+#include "SimMaintenance.h"
 #include "SimPlayback.h"
 #include "SimPlaybackPlane.h"
 #include "SimRecorder.h"
@@ -55,6 +56,9 @@ void registerDefaultHandlers(SimServer& server) {
     if (const char* login = std::getenv("VY_SIM_LOGIN"); login && *login == '1')
         users->setLoginRequired(true);
     users->attach(server);
+    static SimMaintenance* maintenance = new SimMaintenance(playback, config.recordSeed);
+    maintenance->setStore(&recorder->store(), config.channels);
+    maintenance->attach(server);
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {

@@ -84,6 +84,23 @@ bool SimParamStore::set(uint32_t block, const uint8_t* data, uint32_t size) {
     return save();
 }
 
+int SimParamStore::eraseIf(const std::function<bool(uint32_t key)>& drop) {
+    int erased = 0;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        for (auto it = m_blocks.begin(); it != m_blocks.end();) {
+            if (drop(it->first)) {
+                it = m_blocks.erase(it);
+                ++erased;
+            } else {
+                ++it;
+            }
+        }
+    }
+    save();
+    return erased;
+}
+
 bool SimParamStore::setByte(uint32_t block, uint32_t offset, uint8_t value) {
     if (offset >= kMaxBlockSize)
         return false;

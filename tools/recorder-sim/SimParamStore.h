@@ -3,6 +3,7 @@
 // change so that settings survive a restart. File: "VYPS", then per block its number and
 // size (u32 little-endian each) and its bytes.
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -24,6 +25,9 @@ public:
     bool contains(uint32_t block) const;
     // Stores and persists; false (nothing changed) when the size is above the limit.
     bool set(uint32_t block, const uint8_t* data, uint32_t size);
+    // Forgets every block whose key `drop` answers true for (a get then answers factory
+    // values again); persists. Answers how many went.
+    int eraseIf(const std::function<bool(uint32_t key)>& drop);
     // One byte of a block (grown with zeros when needed); persists.
     bool setByte(uint32_t block, uint32_t offset, uint8_t value);
 

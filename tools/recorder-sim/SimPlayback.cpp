@@ -49,7 +49,7 @@ PackedDateTime packed(long long secs) {
 SimPlayback::SimPlayback(const SimRecorderConfig& config, long today)
     : m_db(config.recordSeed, config.channels, today) {
     m_state.usbFreeMiB = config.usbFreeMiB;
-    m_usbPresent = config.usbFreeMiB > 0;
+    m_state.usbPresent = config.usbFreeMiB > 0;
 }
 
 SimPlayback::~SimPlayback() {
@@ -148,6 +148,16 @@ void SimPlayback::advance(int ms) {
         } else {
             sendStatus(PlaybackStatus::kExporting, 0, m_state.exportPercent, m_state.usbFreeMiB);
         }
+    }
+}
+
+void SimPlayback::setUsbPresent(bool present) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_state.usbPresent = present;
+    if (!present && m_state.exporting) {
+        m_state.exporting = false;
+        sendStatus(PlaybackStatus::kExportFailed, 0, m_state.exportPercent,
+                   PlaybackStatus::kNoDevice);
     }
 }
 
@@ -317,7 +327,7 @@ bool SimPlayback::onExport(SimServer&, const SimMessage& m) {
         channels += __builtin_popcount(b);
     std::lock_guard<std::mutex> lock(m_mutex);
     const uint64_t bytes = uint64_t(to - from) * uint64_t(channels) * kBytesPerChannelSecond;
-    if (!m_usbPresent) {
+    if (!m_state.usbPresent) {
         sendStatus(PlaybackStatus::kExportFailed, 0, 0, PlaybackStatus::kNoDevice);
     } else if ((bytes >> 20) > m_state.usbFreeMiB) {
         sendStatus(PlaybackStatus::kExportFailed, 0, 0, PlaybackStatus::kNoSpace);

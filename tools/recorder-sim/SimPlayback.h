@@ -40,6 +40,8 @@ public:
     void startTicking(int periodMs);
     // Moves playback and export on by `ms` and sends their notifications.
     void advance(int ms);
+    // Plugs the USB stick in or pulls it out; pulled out mid-export, the export fails.
+    void setUsbPresent(bool present);
 
     const SimRecordDb& db() const { return m_db; }
     // Snapshot of the state, for the console and tests.
@@ -52,6 +54,7 @@ public:
         bool exporting = false;
         uint32_t exportPercent = 0;
         uint32_t usbFreeMiB = 0;
+        bool usbPresent = false;
         int exportsDone = 0;
     };
     State state() const;
@@ -85,7 +88,6 @@ private:
     std::vector<PlaybackWindowRect> m_split; // the cells of the last split, output pixels
     long long m_endMs = 0;
     uint64_t m_exportBytes = 0;
-    bool m_usbPresent = true;
 
     std::mutex m_tickMutex; // guards m_stopping for the tick thread's wait
     std::condition_variable m_tickCond;

@@ -36,8 +36,12 @@ constexpr uint32_t NotKept = 102002;      // The new output resolution was not k
 constexpr uint32_t KeepQuestion = 102003; // Keep the output resolution %1? It is reverted in %2 s.
 } // namespace Resolution
 namespace Wizard {
-constexpr uint32_t Title = 102101;   // Start-up Wizard
-constexpr uint32_t Welcome = 102102; // Welcome. The wizard guides you through the first settings.
+constexpr uint32_t Title = 102101;          // Start-up Wizard
+constexpr uint32_t Back = 102103;           // Back
+constexpr uint32_t Next = 102104;           // Next
+constexpr uint32_t Skip = 102105;           // Skip
+constexpr uint32_t Finish = 102106;         // Finish
+constexpr uint32_t DoNotShowAgain = 102107; // Do not show again
 } // namespace Wizard
 namespace LiveView {
 constexpr uint32_t SplitLayout = 103508;    // %1 Split
@@ -328,6 +332,64 @@ constexpr uint32_t NameMissing = 110036;      // Enter a user name.
 constexpr uint32_t Changed = 110037;          // The change was saved.
 constexpr uint32_t WrongOldPassword = 110038; // The password is wrong.
 } // namespace User
+namespace Maintenance {
+constexpr uint32_t PowerQuestion = 112001;    // Choose what to do.
+constexpr uint32_t ShutDown = 112002;         // Shut down
+constexpr uint32_t Restart = 112003;          // Restart
+constexpr uint32_t LogOut = 112004;           // Log out
+constexpr uint32_t ConfirmShutDown = 112005;  // Shut down the device now? Recording stops until it is switched on again.
+constexpr uint32_t ConfirmRestart = 112006;   // Restart the device now? Recording stops while it restarts.
+constexpr uint32_t ConfirmLogOut = 112007;    // Log out the current user?
+constexpr uint32_t Channels = 112008;         // Channels
+constexpr uint32_t Date = 112009;             // Date
+constexpr uint32_t From = 112010;             // From
+constexpr uint32_t To = 112011;               // To
+constexpr uint32_t RecordTypes = 112012;      // Record types
+constexpr uint32_t Start = 112013;            // Start
+constexpr uint32_t End = 112014;              // End
+constexpr uint32_t Size = 112015;             // Size
+constexpr uint32_t SizeMiB = 112016;          // %1 MB
+constexpr uint32_t Export = 112017;           // Export
+constexpr uint32_t UsbFree = 112018;          // USB device: %1 MB free of %2 MB
+constexpr uint32_t NothingFound = 112019;     // No recordings found.
+constexpr uint32_t ExportingFile = 112020;    // Exporting file %1 of %2
+constexpr uint32_t ExportDone = 112021;       // %1 files were copied to the USB device.
+constexpr uint32_t TooLarge = 112022;         // The files chosen (%1 MB) do not fit on the USB device (%2 MB free).
+constexpr uint32_t UsbRemoved = 112023;       // The USB device was removed. The backup stopped.
+constexpr uint32_t LogTitle = 112024;         // System Log
+constexpr uint32_t Time = 112025;             // Time
+constexpr uint32_t Type = 112026;             // Type
+constexpr uint32_t Description = 112027;      // Description
+constexpr uint32_t PageOf = 112028;           // Page %1 of %2, %3 entries
+constexpr uint32_t PreviousPage = 112029;     // Previous page
+constexpr uint32_t NextPage = 112030;         // Next page
+constexpr uint32_t TypeConfig = 112031;       // Configuration
+constexpr uint32_t TypeUser = 112032;         // Users
+constexpr uint32_t AnswerRefused = 112033;    // The device's answer could not be read.
+constexpr uint32_t Upgrade = 112034;          // Upgrade
+constexpr uint32_t Refresh = 112035;          // Refresh
+constexpr uint32_t RunningVersion = 112036;   // Running version: %1
+constexpr uint32_t FileName = 112037;         // File
+constexpr uint32_t Version = 112038;          // Version
+constexpr uint32_t Status = 112039;           // Status
+constexpr uint32_t FileReady = 112040;        // Ready
+constexpr uint32_t FileOtherModel = 112041;   // For another model
+constexpr uint32_t FileDamaged = 112042;      // Damaged
+constexpr uint32_t NoUpgradeFiles = 112043;   // No upgrade files found on the USB device.
+constexpr uint32_t ConfirmUpgrade = 112044;   // Upgrade to version %1? The device restarts when it is done. Do not remove the USB device or switch off meanwhile.
+constexpr uint32_t Upgrading = 112045;        // Upgrading. Do not remove the USB device or switch off.
+constexpr uint32_t UpgradeDone = 112046;      // The upgrade is complete. The device restarts now.
+constexpr uint32_t FailedOtherModel = 112047; // The upgrade failed: the file is for another model.
+constexpr uint32_t FailedDamaged = 112048;    // The upgrade failed: the file is damaged or incomplete.
+constexpr uint32_t FailedNoDevice = 112049;   // The upgrade failed: the USB device was removed.
+constexpr uint32_t Title = 112050;            // Maintenance
+constexpr uint32_t AutoRestart = 112051;      // Restart automatically
+constexpr uint32_t Day = 112052;              // Day
+constexpr uint32_t EveryDay = 112053;         // Every day
+constexpr uint32_t LoadDefaults = 112054;     // Load defaults
+constexpr uint32_t DefaultsQuestion = 112055; // Load the factory defaults? Settings not kept are lost.
+constexpr uint32_t DefaultsDone = 112056;     // Factory defaults loaded. Kept: %1.
+} // namespace Maintenance
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
 constexpr uint32_t kAll[] = {
@@ -354,7 +416,11 @@ constexpr uint32_t kAll[] = {
     Resolution::NotKept,
     Resolution::KeepQuestion,
     Wizard::Title,
-    Wizard::Welcome,
+    Wizard::Back,
+    Wizard::Next,
+    Wizard::Skip,
+    Wizard::Finish,
+    Wizard::DoNotShowAgain,
     LiveView::SplitLayout,
     LiveView::ChannelName,
     LiveView::SnapshotSaved,
@@ -636,6 +702,62 @@ constexpr uint32_t kAll[] = {
     User::NameMissing,
     User::Changed,
     User::WrongOldPassword,
+    Maintenance::PowerQuestion,
+    Maintenance::ShutDown,
+    Maintenance::Restart,
+    Maintenance::LogOut,
+    Maintenance::ConfirmShutDown,
+    Maintenance::ConfirmRestart,
+    Maintenance::ConfirmLogOut,
+    Maintenance::Channels,
+    Maintenance::Date,
+    Maintenance::From,
+    Maintenance::To,
+    Maintenance::RecordTypes,
+    Maintenance::Start,
+    Maintenance::End,
+    Maintenance::Size,
+    Maintenance::SizeMiB,
+    Maintenance::Export,
+    Maintenance::UsbFree,
+    Maintenance::NothingFound,
+    Maintenance::ExportingFile,
+    Maintenance::ExportDone,
+    Maintenance::TooLarge,
+    Maintenance::UsbRemoved,
+    Maintenance::LogTitle,
+    Maintenance::Time,
+    Maintenance::Type,
+    Maintenance::Description,
+    Maintenance::PageOf,
+    Maintenance::PreviousPage,
+    Maintenance::NextPage,
+    Maintenance::TypeConfig,
+    Maintenance::TypeUser,
+    Maintenance::AnswerRefused,
+    Maintenance::Upgrade,
+    Maintenance::Refresh,
+    Maintenance::RunningVersion,
+    Maintenance::FileName,
+    Maintenance::Version,
+    Maintenance::Status,
+    Maintenance::FileReady,
+    Maintenance::FileOtherModel,
+    Maintenance::FileDamaged,
+    Maintenance::NoUpgradeFiles,
+    Maintenance::ConfirmUpgrade,
+    Maintenance::Upgrading,
+    Maintenance::UpgradeDone,
+    Maintenance::FailedOtherModel,
+    Maintenance::FailedDamaged,
+    Maintenance::FailedNoDevice,
+    Maintenance::Title,
+    Maintenance::AutoRestart,
+    Maintenance::Day,
+    Maintenance::EveryDay,
+    Maintenance::LoadDefaults,
+    Maintenance::DefaultsQuestion,
+    Maintenance::DefaultsDone,
 };
 } // namespace TextId
 // clang-format on

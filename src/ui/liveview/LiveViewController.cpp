@@ -528,6 +528,10 @@ void LiveViewController::onTaskBarButton() {
     case MainViewTaskBar::Sequence:
         popupMenu(std::make_unique<PlayMenu>(false), m_taskBar->button(MainViewTaskBar::Sequence));
         break;
+    case MainViewTaskBar::OpenWizard:
+        if (ShellActions* shell = ShellActions::instance())
+            shell->openWizard();
+        break;
     default:
         break;
     }

@@ -23,6 +23,7 @@
 #include "ui/settings/FtpSchedulePage.h"
 #include "ui/settings/GeneralPage.h"
 #include "ui/settings/ImagePage.h"
+#include "ui/settings/MaintenancePage.h"
 #include "ui/settings/MotionPage.h"
 #include "ui/settings/NetworkCameraPage.h"
 #include "ui/settings/NetworkPage.h"
@@ -147,6 +148,7 @@ std::vector<SettingsManager::PageEntry> SettingsManager::pagesOf(int category,
         pages.push_back({TextId::Settings::Output, &makePage<OutputPage>});
         pages.push_back({TextId::Settings::DeviceInfo, &makePage<DeviceInfoPage>});
         pages.push_back({TextId::User::Users, &makePage<UsersPage>});
+        pages.push_back({TextId::Maintenance::Title, &makePage<MaintenancePage>});
         break;
     default:
         break;
