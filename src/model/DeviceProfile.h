@@ -21,6 +21,8 @@ struct DeviceProfile {
     bool enableMotionRecord = false;  // RecordSchedulDef/EnableMotionRecord
     bool enableNormalRecord = false;  // RecordSchedulDef/EnableNormalRecord
     bool usePersianDate = false;      // CustomFuncs/UsePersianDate
+    uint32_t aiAnalyzeCap = 0;        // DevInfo/AIAnalyzeCap: AnalyticsCap bits
+    int aiAnalyzeChannels = 0;        // DevInfo/AIAnalyzeChannels: channels from 0 analysed
 
     static DeviceProfile& current();
 

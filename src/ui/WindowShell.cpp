@@ -1,15 +1,20 @@
 #include "ui/WindowShell.h"
 
+#include "model/DeviceProfile.h"
 #include "model/MainViewManager.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
 #include "protocol/OutputSettingsBlock.h"
 #include "runtime/VyLog.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "ui/MainViewWindow.h"
 #include "ui/MessageBox.h"
 #include "ui/ResolutionConfirmDialog.h"
 #include "ui/WizardWindow.h"
+#include "ui/analytics/AnalyticsCatalogue.h"
+#include "ui/analytics/AnalyticsWindow.h"
 #include "ui/settings/SettingsManager.h"
 
 #include <algorithm>
@@ -83,7 +88,20 @@ void WindowShell::openShutdown() {
 }
 
 void WindowShell::openAnalytics() {
-    VY_GUI_LOG("analytics not available\n");
+    if (m_analytics) {
+        m_analytics->raise();
+        VY_GUI_LOG("analytics window shown again\n");
+        return;
+    }
+    auto* w = new AnalyticsWindow(DeviceProfile::current());
+    for (const AnalyticsApplication& a : AnalyticsCatalogue::applications())
+        w->addApplication(a);
+    if (VyApplication* app = VyApplication::instance(); app && app->screen())
+        w->setGeometry(0, 0, app->screen()->width(), app->screen()->height());
+    w->show();
+    m_analytics.reset(w);
+    keep(w);
+    VY_GUI_LOG("analytics window opened with %d applications\n", w->applicationCount());
 }
 
 void WindowShell::showMessage(uint32_t textId) {
