@@ -94,6 +94,9 @@ TEST(SimAnalytics, HeatGridsWarmWithTheSpanAndStayDeterministic) {
     EXPECT_GT(dayMax, 0u);
     EXPECT_GT(weekMax, dayMax);
     EXPECT_GT(std::count(day->values.begin(), day->values.end(), 0u), 0) << "cold corners";
+    ASSERT_GT(day->picture.size(), 2u);
+    EXPECT_EQ(day->picture[0], 0xFF) << "a JPEG snapshot of the scene";
+    EXPECT_EQ(day->picture[1], 0xD8);
     EXPECT_EQ(sim.heatGrid(1, 100, 1), SimAnalytics(3, 4).heatGrid(1, 100, 1));
     r.channel = 4; // the recorder has channels 0..3
     EXPECT_TRUE(sim.heatMapReply(r).empty());

@@ -4,6 +4,7 @@
 #include "SimRecordDb.h"
 #include "SimRecorder.h"
 #include "SimServer.h"
+#include "SimSnapshot.h"
 #include "protocol/AnalyticsCountSubType.h"
 #include "protocol/ByteOrder.h"
 #include "protocol/CountRuleBlock.h"
@@ -120,6 +121,7 @@ std::vector<uint8_t> SimAnalytics::heatMapReply(const HeatMapRequest& r) const {
     reply.head.channel = r.channel;
     reply.head.columns = kHeatColumns;
     reply.head.rows = kHeatRows;
+    reply.picture = SimSnapshot::jpeg(m_seed, int(r.channel));
     reply.values =
         heatGrid(int(r.channel), SimRecordDb::daysFromCivil(r.day.year, r.day.month, r.day.day),
                  r.span == HeatMapRequest::kWeek ? 7 : 1);

@@ -163,13 +163,13 @@ void CountingRegionEditor::paintEvent(VyPaintEvent*) {
         const int mx = (a.x + b.x) / 2, my = (a.y + b.y) / 2;
         const int dx = b.x - a.x, dy = b.y - a.y;
         const int len = std::max(1, std::max(std::abs(dx), std::abs(dy)));
-        const int arm = UiLook::scaledX(30);
+        const int arm = UiLook::scaledX(48);
         // The right-hand normal of (dx, dy) on a screen whose y grows downwards.
         const VyPoint tip(mx - dy * arm / len, my + dx * arm / len);
         c->setPenWidth(UiLook::scaledX(2));
         c->drawLine(mx, my, tip.x, tip.y, kInArrow);
         c->setPenWidth(pen);
-        const int head = UiLook::scaledX(6);
+        const int head = UiLook::scaledX(10);
         c->fillRect(VyRect(tip.x - head / 2, tip.y - head / 2, head, head), kInArrow);
     }
     const int h = UiLook::scaledX(kHandleDesign);
