@@ -10,8 +10,9 @@
 
 namespace {
 
-constexpr vyargb kGround = 0xA0000000;     // over the picture, readable on any scene
-constexpr vyargb kOverGround = 0xD0C02020; // the limit is passed
+// Opaque: a translucent pixel keeps the cell's transparency and the video would show through.
+constexpr vyargb kGround = 0xFF101214;
+constexpr vyargb kOverGround = 0xFFC02020; // the limit is passed
 constexpr vyargb kText = 0xFFFFFFFF;
 constexpr int kPaddingDesign = 6; // pixels at 1920x1080
 
