@@ -2,7 +2,12 @@
 // A grid of activity values drawn as heat colours over a picture of the scene: each cell
 // covers its share of the picture, tinted by its value against the largest value of the
 // grid (VyStyle::heatColour); cells of value zero leave the picture as it is.
+//
+// The tinted picture is composed once per grid, picture and size and kept in the screen's
+// pixel form (2 bytes a pixel of the widget): a repaint copies it, where converting the
+// picture and blending every cell again would cost several full-screen flushes.
 #include "runtime/VyBitmap.h"
+#include "runtime/VySize.h"
 #include "toolkit/core/VyWidget.h"
 
 #include <cstdint>
@@ -36,11 +41,16 @@ public:
 
 protected:
     void paintEvent(VyPaintEvent* e) override;
+    void resizeEvent(VyResizeEvent* e) override;
 
 private:
+    void compose();
+
     int m_columns = 0;
     int m_rows = 0;
     std::vector<uint32_t> m_values;
     uint32_t m_maximum = 0;
     VyBitmap m_picture;
+    std::vector<uint16_t> m_composed; // empty until the next paint composes it
+    VySize m_composedSize;
 };
