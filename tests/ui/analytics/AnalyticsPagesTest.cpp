@@ -86,6 +86,8 @@ TEST_F(AnalyticsPagesTest, CountingRulesAreRepairedAndEditsStayInsideThePicture)
     const auto* raw = reinterpret_cast<const uint8_t*>(&fromApp);
     link.blocks[CountRuleBlock::kBlockNumber].assign(raw, raw + sizeof fromApp);
 
+    AIManager ai;
+    ai.setAnalysedChannels(0x6);
     CrowdCountingPage page(nullptr, 0x6); // channels 1 and 2
     page.setGeometry(0, 0, 1200, 600);
     page.show();
@@ -126,6 +128,17 @@ TEST_F(AnalyticsPagesTest, CountingRulesAreRepairedAndEditsStayInsideThePicture)
     // Picture units map back onto the same pixels.
     EXPECT_EQ(e->toWidget(r.points[1]), VyPoint(pic.right, pic.bottom));
     EXPECT_EQ(written.rules[2].pointCount, 0) << "the other channel is left alone";
+    // App's counts for the channel on screen, over its limit.
+    EXPECT_EQ(page.countsText(), "No data");
+    CountLiveNotice n;
+    n.channel = 1;
+    n.in = 30;
+    n.flags = CountLiveNotice::kOverLimit;
+    uint8_t body[CountLiveNotice::kSize];
+    n.encode(body);
+    ai.takeCountNotice(body, sizeof body);
+    EXPECT_EQ(page.countsText(), "In 30   Out 0");
+    EXPECT_TRUE(page.isOverLimit());
 }
 
 TEST_F(AnalyticsPagesTest, MalformedHeatMapsDrawNothingAndBrokenSnapshotsOnlyLoseThePicture) {

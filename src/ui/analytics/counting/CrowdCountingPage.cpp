@@ -40,6 +40,8 @@ CrowdCountingPage::CrowdCountingPage(VyWidget* parent, uint64_t channels)
     m_clear = new VyPushButton(VyTranslation::tr(TextId::Analytics::Clear), this);
     m_save = new VyPushButton(VyTranslation::tr(TextId::Analytics::Save), this);
     m_counts = new VyLabel(this);
+    m_alarm = new VyLabel(this);
+    m_alarm->hide();
     m_editor = new CountingRegionEditor(this);
     for (VyWidget* w : std::initializer_list<VyWidget*>{m_channels, m_shape, m_limitLabel, m_limit,
                                                         m_clear, m_save, m_counts, m_editor})
@@ -153,8 +155,17 @@ VyString CrowdCountingPage::countsText() const {
            VyString::number(int64_t(n->out));
 }
 
+bool CrowdCountingPage::isOverLimit() const {
+    const AIManager* ai = AIManager::instance();
+    const CountLiveNotice* n = ai != nullptr ? ai->liveCount(m_channel) : nullptr;
+    return n != nullptr && (n->flags & CountLiveNotice::kOverLimit) != 0;
+}
+
 void CrowdCountingPage::countsChanged() {
     m_counts->setText(countsText());
+    if (isOverLimit())
+        m_alarm->setText(VyTranslation::tr(TextId::Analytics::CrowdAlarm).arg(m_channel + 1));
+    m_alarm->setVisible(isOverLimit());
 }
 
 void CrowdCountingPage::resizeEvent(VyResizeEvent*) {
@@ -173,5 +184,6 @@ void CrowdCountingPage::resizeEvent(VyResizeEvent*) {
     place(m_clear);
     place(m_save);
     place(m_counts);
+    place(m_alarm);
     m_editor->setGeometry(2 * gap + col, gap, width() - 3 * gap - col, height() - 2 * gap);
 }

@@ -33,6 +33,7 @@ public:
     VySpinBox* limitBox() const { return m_limit; }
     VyComboBox* shapeBox() const { return m_shape; }
     VyString countsText() const;
+    bool isOverLimit() const;
 
 protected:
     void resizeEvent(VyResizeEvent* e) override;
@@ -56,5 +57,6 @@ private:
     VyPushButton* m_clear;
     VyPushButton* m_save;
     VyLabel* m_counts;
+    VyLabel* m_alarm; // shown while the channel is over its limit
     CountingRegionEditor* m_editor;
 };
