@@ -1,6 +1,13 @@
 #include "model/AIManager.h"
 
+#include "ipc/IpcMsgBlock.h"
+#include "model/DeviceProfile.h"
 #include "model/ModelInstance.h"
+#include "protocol/AnalyticsCap.h"
+#include "protocol/AnalyticsCountSubType.h"
+#include "protocol/UiEventType.h"
+#include "runtime/VyLog.h"
+#include "toolkit/events/CEvent.h"
 
 AIManager* AIManager::instance() {
     return ModelInstance<AIManager>::get();
@@ -19,9 +26,52 @@ void AIManager::refresh() {
     emitSignal(this, &changed);
 }
 
+uint64_t AIManager::analysedChannels() const {
+    if (m_analysedSet)
+        return m_analysedChannels;
+    const DeviceProfile& p = DeviceProfile::current();
+    return AnalyticsCap::channelMask(p.aiAnalyzeChannels, p.channelCount);
+}
+
 void AIManager::setAnalysedChannels(uint64_t mask) {
-    if (mask == m_analysedChannels)
+    if (m_analysedSet && mask == m_analysedChannels)
         return;
+    m_analysedSet = true;
     m_analysedChannels = mask;
     emitSignal(this, &changed);
+}
+
+bool AIManager::takeCountNotice(const uint8_t* body, size_t len) {
+    const auto n = CountLiveNotice::decode(body, len);
+    if (!n) {
+        VY_GUI_LOG("crowd count of %zu bytes dropped\n", len);
+        return false;
+    }
+    if (n->channel >= uint32_t(kMaxChannels) || (analysedChannels() >> n->channel & 1) == 0) {
+        VY_GUI_LOG("crowd count for channel %u, which is not analysed, dropped\n", n->channel);
+        return false;
+    }
+    m_counts[n->channel] = *n;
+    m_countKnown |= uint64_t(1) << n->channel;
+    m_lastCountChannel = int(n->channel);
+    emitSignal(this, &countsChanged);
+    return true;
+}
+
+const CountLiveNotice* AIManager::liveCount(int channel) const {
+    if (channel < 0 || channel >= kMaxChannels || (m_countKnown >> channel & 1) == 0)
+        return nullptr;
+    return &m_counts[size_t(channel)];
+}
+
+void AIManager::customEvent(VyEvent* e) {
+    if (e->type() != UiEventType::AIObjInfo)
+        return;
+    e->accept();
+    const void* block = static_cast<CEvent*>(e)->data();
+    if (block == nullptr)
+        return;
+    const IpcMsgHeader h = ipcBlockHeader(block);
+    if (h.SubType == AnalyticsCountSubType::CountLive)
+        takeCountNotice(ipcBlockBody(block), h.dataLen);
 }

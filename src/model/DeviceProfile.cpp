@@ -26,6 +26,11 @@ void DeviceProfile::readDeviceRecord(const uint8_t* record, size_t size) {
     };
     text(DeviceDefaultRecord::kUpgradeUpgradePacketPreFix, upgradePrefix);
     text(DeviceDefaultRecord::kDeviceTypeDeviceType, deviceType);
+    // Little-endian like every field of the record.
+    aiAnalyzeCap = 0;
+    for (uint32_t i = 0; i < 4; ++i)
+        aiAnalyzeCap |= uint32_t(byteAt(DeviceDefaultRecord::kDevInfoAIAnalyzeCap + i)) << (8 * i);
+    aiAnalyzeChannels = byteAt(DeviceDefaultRecord::kDevInfoAIAnalyzeChannels);
 }
 
 void DeviceProfile::readRecordSwitches(const VyIniSettings& ini) {

@@ -23,6 +23,8 @@ struct DeviceProfile {
     bool usePersianDate = false;      // CustomFuncs/UsePersianDate
     char upgradePrefix[33] = {};      // Upgrade/UpgradePacketPreFix, NUL-terminated
     char deviceType[33] = {};         // DeviceType/DeviceType, NUL-terminated
+    uint32_t aiAnalyzeCap = 0;        // DevInfo/AIAnalyzeCap: AnalyticsCap bits
+    int aiAnalyzeChannels = 0;        // DevInfo/AIAnalyzeChannels: channels from 0 analysed
 
     static DeviceProfile& current();
 

@@ -1,4 +1,5 @@
 #include "model/UiRouteTable.h"
+#include "protocol/AnalyticsCountSubType.h"
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
 #include "protocol/UiEventType.h"
@@ -168,6 +169,11 @@ UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
         return {UiRouteKind::Playback, UiEventType::IpcMessage};
     case MainType::Param:
         return {UiRouteKind::Parameter, 0};
+    case MainType::Analytics:
+        // Live counts go to the analytics model, whichever screen is open.
+        if (subType >= AnalyticsCountSubType::First && subType <= AnalyticsCountSubType::Last)
+            return {UiRouteKind::Forward, UiEventType::AIObjInfo};
+        return {};
     default:
         return {};
     }

@@ -1,5 +1,6 @@
 #include "ui/WindowShell.h"
 
+#include "model/DeviceProfile.h"
 #include "model/MainViewManager.h"
 #include "model/SystemInfo.h"
 #include "model/UiManager.h"
@@ -8,6 +9,8 @@
 #include "protocol/UserRights.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/TextId.h"
+#include "toolkit/core/VyApplication.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyMessageBox.h"
 #include "ui/MainViewWindow.h"
@@ -19,6 +22,8 @@
 #include "ui/playback/PlaybackWindow.h"
 #include "ui/maintenance/BackupWindow.h"
 #include "ui/maintenance/ShutdownDialog.h"
+#include "ui/analytics/AnalyticsCatalogue.h"
+#include "ui/analytics/AnalyticsWindow.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/users/ScreenLockWindow.h"
 
@@ -190,7 +195,20 @@ void WindowShell::openShutdown() {
 }
 
 void WindowShell::openAnalytics() {
-    VY_GUI_LOG("analytics not available\n");
+    if (m_analytics) {
+        m_analytics->raise();
+        VY_GUI_LOG("analytics window shown again\n");
+        return;
+    }
+    auto* w = new AnalyticsWindow(DeviceProfile::current());
+    for (const AnalyticsApplication& a : AnalyticsCatalogue::applications())
+        w->addApplication(a);
+    if (VyApplication* app = VyApplication::instance(); app && app->screen())
+        w->setGeometry(0, 0, app->screen()->width(), app->screen()->height());
+    w->show();
+    m_analytics.reset(w);
+    keep(w);
+    VY_GUI_LOG("analytics window opened with %d applications\n", w->applicationCount());
 }
 
 void WindowShell::showMessage(uint32_t textId) {

@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+class AnalyticsWindow;
 class MainViewWindow;
 class ScreenLockWindow;
 class PlaybackWindow;
@@ -78,6 +79,8 @@ private:
     std::vector<VyPointer<VyWidget>> m_open;
     // The message box open for each notice text, so a repeated notice is not stacked.
     std::map<uint32_t, VyPointer<VyWidget>> m_messages;
+    // The analytics window while open (it deletes itself when closed).
+    VyPointer<AnalyticsWindow> m_analytics;
     double m_timeScale = 1.0;
     VyPointer<VyWidget> m_wizard; // the one wizard open, whoever opened it
 };

@@ -1,5 +1,6 @@
 #include "SimHandlers.h"
 
+#include "SimAnalytics.h"
 #include "SimCommands.h"
 #include "SimLiveView.h"
 #include "SimMaintenance.h"
@@ -51,6 +52,16 @@ void registerDefaultHandlers(SimServer& server) {
     });
     if (const char* plane = std::getenv("VY_VIDEO_PLANE"); plane && *plane)
         liveView->startVideoPlane(plane);
+    // Counting, heat maps and statistics from the record seed; an over-limit count raises
+    // the channel's analytics alarm like the console's "alarm CH ai on".
+    static SimAnalytics* analytics = new SimAnalytics(config.recordSeed, config.channels);
+    analytics->attach(server);
+    analytics->setAlarm([](int ch, bool on) {
+        liveView->runCommand({"alarm", std::to_string(ch + 1), "ai", on ? "on" : "off"});
+    });
+    analytics->startTicking(SimAnalytics::kTickMs, recorder->store());
+    SimCommands::addExtension(
+        [](const std::vector<std::string>& w) { return analytics->runCommand(w); });
     static SimUsers* users = new SimUsers();
     users->addDefaultUsers();
     if (const char* login = std::getenv("VY_SIM_LOGIN"); login && *login == '1')

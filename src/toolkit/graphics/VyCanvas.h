@@ -4,6 +4,8 @@
 // origin to a child widget and clip to it. Everything outside the canvas or the clip
 // rectangle is silently left out. Colours are 0xAARRGGBB; see VyPixelOps.h for how one
 // lands on a pixel.
+#include <cstdint>
+
 #include "runtime/VyGlobal.h"
 #include "runtime/VyPoint.h"
 #include "runtime/VyRect.h"
@@ -58,6 +60,10 @@ public:
     // Bitmap pixels with their own alpha; the second form scales to the target.
     virtual void drawImage(int x, int y, const VyBitmap& image) = 0;
     virtual void drawImage(const VyRect& target, const VyBitmap& image) = 0;
+    // Opaque pixels already in the screen's 16-bit form (VyPixelOps::opaque), `width` by
+    // `height` row by row, copied as they are: a picture composed ahead of time costs no
+    // more than the copy.
+    virtual void drawPixels(int x, int y, const uint16_t* pixels, int width, int height) = 0;
     // Text starting at pen position x on the baseline y.
     virtual void drawText(int x, int baseline, const VyString& text, int pixelSize,
                           vyargb colour) = 0;

@@ -15,6 +15,8 @@ constexpr int kDotLineSteps = 64;
 
 // Far outside any canvas; coordinates beyond it are pulled in before int arithmetic.
 constexpr int64_t kFar = 1 << 29; // pixels
+// Up to this many pixels wide an opaque fill stores its pixels itself, row by row.
+constexpr int kNarrowFill = 8;
 
 int clampFar(int64_t v) {
     return static_cast<int>(std::max(-kFar, std::min(kFar, v)));
@@ -242,6 +244,17 @@ void VyFbCanvas::fillRect(const VyRect& rect, vyargb colour) {
     // Whole lines without padding are one run: a full-screen fill is a single fill.
     if (n == m_width && m_bytesPerLine == m_width * 2) {
         VyPixelOps::blendColorRow(scanLine(r.top), n * r.height(), colour);
+        return;
+    }
+    if (n <= kNarrowFill && (colour >> 24) == 255) {
+        // Narrow opaque columns (the bars of a dense chart, vertical lines): a call per
+        // row would cost more than the few pixels it stores.
+        const uint16_t px = VyPixelOps::opaque(colour);
+        for (int row = r.top; row <= r.bottom; ++row) {
+            uint16_t* d = scanLine(row) + r.left;
+            for (int i = 0; i < n; ++i)
+                d[i] = px;
+        }
         return;
     }
     for (int row = r.top; row <= r.bottom; ++row)

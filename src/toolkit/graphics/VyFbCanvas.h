@@ -48,6 +48,7 @@ public:
     void fillTriangle(VyPoint a, VyPoint b, VyPoint c, vyargb colour) override;
     void drawImage(int x, int y, const VyBitmap& image) override;
     void drawImage(const VyRect& target, const VyBitmap& image) override;
+    void drawPixels(int x, int y, const uint16_t* pixels, int width, int height) override;
     void drawText(int x, int baseline, const VyString& text, int pixelSize, vyargb colour) override;
     void drawText(const VyRect& rect, int alignment, const VyString& text, int pixelSize,
                   vyargb colour) override;

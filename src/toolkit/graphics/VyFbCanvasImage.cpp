@@ -27,6 +27,25 @@ void VyFbCanvas::drawImage(int x, int y, const VyBitmap& image) {
     }
 }
 
+void VyFbCanvas::drawPixels(int x, int y, const uint16_t* pixels, int width, int height) {
+    if (pixels == nullptr || width <= 0 || height <= 0)
+        return;
+    const int64_t left = int64_t(x) + m_origin.x;
+    const int64_t top = int64_t(y) + m_origin.y;
+    if (left > m_clip.right || top > m_clip.bottom || left + width <= m_clip.left ||
+        top + height <= m_clip.top)
+        return;
+    const VyRect placed(static_cast<int>(left), static_cast<int>(top), width, height);
+    const VyRect r = clipped(placed);
+    if (r.isEmpty())
+        return;
+    for (int row = r.top; row <= r.bottom; ++row)
+        std::memcpy(scanLine(row) + r.left,
+                    pixels + size_t(row - placed.top) * size_t(width) +
+                        size_t(r.left - placed.left),
+                    size_t(r.width()) * sizeof(uint16_t));
+}
+
 void VyFbCanvas::drawImage(const VyRect& target, const VyBitmap& image) {
     if (image.isNull() || target.isEmpty())
         return;

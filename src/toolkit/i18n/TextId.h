@@ -332,6 +332,31 @@ constexpr uint32_t NameMissing = 110036;      // Enter a user name.
 constexpr uint32_t Changed = 110037;          // The change was saved.
 constexpr uint32_t WrongOldPassword = 110038; // The password is wrong.
 } // namespace User
+namespace Analytics {
+constexpr uint32_t Title = 111000;            // Analytics
+constexpr uint32_t NothingOffered = 111001;   // This recorder offers no analytics
+constexpr uint32_t CrowdCounting = 111002;    // Crowd counting
+constexpr uint32_t HeatMap = 111003;          // Heat map
+constexpr uint32_t PeopleStatistics = 111004; // People statistics
+constexpr uint32_t In = 111005;               // In
+constexpr uint32_t Out = 111006;              // Out
+constexpr uint32_t Limit = 111007;            // Limit
+constexpr uint32_t CountLine = 111008;        // Line
+constexpr uint32_t CountArea = 111009;        // Area
+constexpr uint32_t ByHour = 111010;           // By hour
+constexpr uint32_t ByDay = 111011;            // By day
+constexpr uint32_t ByWeek = 111012;           // By week
+constexpr uint32_t ByMonth = 111013;          // By month
+constexpr uint32_t Bars = 111014;             // Bars
+constexpr uint32_t Lines = 111015;            // Lines
+constexpr uint32_t Day = 111016;              // Day
+constexpr uint32_t Week = 111017;             // Week
+constexpr uint32_t NoData = 111018;           // No data
+constexpr uint32_t Clear = 111019;            // Clear
+constexpr uint32_t ChannelNumber = 111020;    // Channel %1
+constexpr uint32_t Save = 111021;             // Save
+constexpr uint32_t CrowdAlarm = 111022;       // Channel %1: crowd limit passed
+} // namespace Analytics
 namespace Maintenance {
 constexpr uint32_t PowerQuestion = 112001;    // Choose what to do.
 constexpr uint32_t ShutDown = 112002;         // Shut down
@@ -702,6 +727,29 @@ constexpr uint32_t kAll[] = {
     User::NameMissing,
     User::Changed,
     User::WrongOldPassword,
+    Analytics::Title,
+    Analytics::NothingOffered,
+    Analytics::CrowdCounting,
+    Analytics::HeatMap,
+    Analytics::PeopleStatistics,
+    Analytics::In,
+    Analytics::Out,
+    Analytics::Limit,
+    Analytics::CountLine,
+    Analytics::CountArea,
+    Analytics::ByHour,
+    Analytics::ByDay,
+    Analytics::ByWeek,
+    Analytics::ByMonth,
+    Analytics::Bars,
+    Analytics::Lines,
+    Analytics::Day,
+    Analytics::Week,
+    Analytics::NoData,
+    Analytics::Clear,
+    Analytics::ChannelNumber,
+    Analytics::Save,
+    Analytics::CrowdAlarm,
     Maintenance::PowerQuestion,
     Maintenance::ShutDown,
     Maintenance::Restart,

@@ -15,6 +15,8 @@
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/style/VyStyleOption.h"
 
+#include <vector>
+
 class VyCanvas;
 class VyIniSettings;
 class VyScreen;
@@ -181,6 +183,37 @@ public:
     virtual void drawTab(VyCanvas* canvas, const VyRect& rect, const VyString& text, bool current,
                          bool focused, bool hovered, bool enabled) const;
     virtual void drawTabBarBase(VyCanvas* canvas, const VyRect& rect) const;
+
+    // Charts (VyStyleCharts.cpp). The chart control works out the geometry: the plot area,
+    // where each value tick and category label goes; the style draws it.
+    struct ChartAxes {
+        VyRect plot;                 // inside the axes
+        std::vector<int> tickY;      // value ticks, top to bottom or not
+        VyStringList tickLabels;     // one per tick, drawn left of the plot
+        std::vector<int> categoryX;  // centre of each category label
+        VyStringList categoryLabels; // empty texts are left out
+    };
+    virtual void drawChartAxes(VyCanvas* canvas, const VyRect& rect, const ChartAxes& axes) const;
+    // Series colours repeat after kChartPaletteSize series.
+    static constexpr int kChartPaletteSize = 8;
+    static vyargb chartSeriesColour(int series);
+    virtual void drawChartBar(VyCanvas* canvas, const VyRect& bar, int series) const;
+    // A polyline through the points with a small mark on each; fewer than two points draw
+    // only the marks.
+    virtual void drawChartLine(VyCanvas* canvas, const std::vector<VyPoint>& points,
+                               int series) const;
+    virtual void drawLegendItem(VyCanvas* canvas, const VyRect& rect, const VyString& text,
+                                int series) const;
+    int chartFontSize() const;
+    // The heat colour of t = 0 (cold, blue) to 1 (hot, red) through cyan, green and
+    // yellow; t outside 0..1 is clamped. `alpha` is the colour's alpha.
+    static vyargb heatColour(double t, int alpha = 255);
+    // A vertical colour scale, hot at the top, with its top and bottom labels beside it.
+    virtual void drawColorScale(VyCanvas* canvas, const VyRect& rect, const VyString& high,
+                                const VyString& low) const;
+    // The width the bar of a colour scale takes in drawColorScale's rectangle.
+    int colorScaleBarWidth() const { return scaled(kColorScaleBarDesign); }
+    static constexpr int kColorScaleBarDesign = 24;
 
     // The side of the check box and radio button indicators, and the gap to their text.
     int indicatorSize() const { return scaled(kIndicatorDesign); }

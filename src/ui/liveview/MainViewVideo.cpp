@@ -9,6 +9,7 @@
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/style/VyStyle.h"
 #include "ui/UiLook.h"
+#include "ui/liveview/CountBadge.h"
 #include "ui/liveview/LiveViewLook.h"
 #include "ui/liveview/RecordFlagBox.h"
 #include "ui/liveview/VideoLabel.h"
@@ -39,7 +40,8 @@ VyBitmap image(const char* path) {
 MainViewVideo::MainViewVideo(VyWidget* parent)
     : Video(parent)
     , m_label(new VideoLabel(this))
-    , m_flags(new RecordFlagBox(this)) {
+    , m_flags(new RecordFlagBox(this))
+    , m_counts(new CountBadge(this)) {
     // The first cell reads the border table; the others share it.
     (void)LiveViewLook::instance();
     m_label->hide();
@@ -49,6 +51,7 @@ MainViewVideo::MainViewVideo(VyWidget* parent)
 
 void MainViewVideo::setChannel(int channel) {
     Video::setChannel(channel);
+    m_counts->setChannel(channel == kNoChannel ? -1 : channel);
     refreshLabel();
 }
 
@@ -121,6 +124,8 @@ void MainViewVideo::placeDecorations() {
     m_flags->setGeometry(width() - margin - boxWidth,
                          margin + (labelHeight - RecordFlagBox::iconSize()) / 2, boxWidth,
                          RecordFlagBox::iconSize());
+    const int countsWidth = std::min(m_counts->preferredWidth(), width() - 2 * margin);
+    m_counts->setGeometry(margin, 2 * margin + labelHeight, std::max(0, countsWidth), labelHeight);
 }
 
 void MainViewVideo::resizeEvent(VyResizeEvent*) {

@@ -6,6 +6,7 @@
 #include "model/ChannelState.h"
 #include "ui/liveview/Video.h"
 
+class CountBadge;
 class RecordFlagBox;
 class VideoLabel;
 
@@ -48,6 +49,7 @@ public:
     VyString labelText() const;
     RecordFlagBox* flagBox() const { return m_flags; }
     VideoLabel* label() const { return m_label; }
+    CountBadge* countBadge() const { return m_counts; }
     // The offer icon under a point (cell coordinates), for a cell without a camera.
     Offer offerAt(VyPoint pos) const;
     VyRect offerRect(Offer offer) const;
@@ -68,6 +70,7 @@ private:
     ChannelState m_state;
     VideoLabel* m_label;    // child
     RecordFlagBox* m_flags; // child
+    CountBadge* m_counts;   // child: live crowd counts, hidden until App sends some
     Offer m_lastOffer = OfferNone;
     bool m_selected = false;
     bool m_enlarged = false;

@@ -1,0 +1,61 @@
+#include "model/AnalyticsQueries.h"
+
+#include "model/RecorderLink.h"
+#include "protocol/AnalyticsCountSubType.h"
+#include "protocol/MainType.h"
+#include "runtime/VyLog.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+bool ask(uint16_t subType, const void* body, uint32_t len, std::vector<uint8_t>& reply) {
+    RecorderLink* link = RecorderLink::instance();
+    if (link == nullptr) {
+        VY_GUI_LOG("analytics request %u without a link to App\n", subType);
+        return false;
+    }
+    link->request(MainType::Analytics, subType, body, len, reply);
+    return true;
+}
+
+} // namespace
+
+std::optional<HeatMapReply> AnalyticsQueries::heatMap(const HeatMapRequest& request) {
+    std::vector<uint8_t> reply;
+    if (!ask(AnalyticsCountSubType::HeatMap, &request, sizeof request, reply))
+        return std::nullopt;
+    auto r = HeatMapReply::decode(reply.data(), reply.size());
+    if (!r) {
+        VY_GUI_LOG("heat map reply of %zu bytes is malformed\n", reply.size());
+        return std::nullopt;
+    }
+    if (r->head.channel != request.channel) {
+        VY_GUI_LOG("heat map reply for channel %u, asked for %u, dropped\n", r->head.channel,
+                   request.channel);
+        return std::nullopt;
+    }
+    return r;
+}
+
+std::optional<PeopleStatsReply> AnalyticsQueries::peopleStats(const PeopleStatsRequest& request) {
+    std::vector<uint8_t> reply;
+    if (!ask(AnalyticsCountSubType::PeopleStats, &request, sizeof request, reply))
+        return std::nullopt;
+    auto r = PeopleStatsReply::decode(reply.data(), reply.size());
+    if (!r) {
+        VY_GUI_LOG("people statistics reply of %zu bytes is malformed\n", reply.size());
+        return std::nullopt;
+    }
+    auto unknown = [&](const PeopleStatsReply::Channel& c) {
+        const bool asked = c.channel < 64 && (request.channels >> c.channel & 1) != 0;
+        if (!asked)
+            VY_GUI_LOG("people statistics for channel %u, not asked for, dropped\n", c.channel);
+        return !asked;
+    };
+    r->channels.erase(std::remove_if(r->channels.begin(), r->channels.end(), unknown),
+                      r->channels.end());
+    r->head.channelCount = uint32_t(r->channels.size());
+    return r;
+}
