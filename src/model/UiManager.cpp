@@ -4,6 +4,7 @@
 #include "protocol/SubType.h"
 #include "protocol/UiEventType.h"
 
+#include "model/AIManager.h"
 #include "model/CameraModel.h"
 #include "model/ParamAccess.h"
 #include "model/RecorderLink.h"
@@ -129,6 +130,8 @@ void UiManager::createModels() {
     m_models->create(SystemInfo::record());
     // App's key notifications (186) go to the key manager like any other device key.
     setReceiver(UiEventType::DvrKey, m_models->keyManager());
+    setReceiver(UiEventType::FaceInfo, m_models->ai());
+    setReceiver(UiEventType::AIObjInfo, m_models->ai());
     // Sees all input as an application filter, to restart its period.
     m_windowTimeout = new WndTimeoutManager(this);
     if (VyApplication* app = VyApplication::instance())

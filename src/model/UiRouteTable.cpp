@@ -148,6 +148,15 @@ const ReactionRow kReactionRows[] = {
     {87, ParamReactionKind::ReloadPart, 11},
 };
 
+// App's face results go to the analytics model; the rest of the family answers requests.
+UiRoute analyticsRoute(uint16_t subType) {
+    if (subType == FaceSubType::RecognitionNote)
+        return {UiRouteKind::Forward, UiEventType::FaceInfo};
+    if (subType == FaceSubType::ObjectNote)
+        return {UiRouteKind::Forward, UiEventType::AIObjInfo};
+    return {};
+}
+
 } // namespace
 
 UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
@@ -168,6 +177,8 @@ UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
         return {UiRouteKind::Playback, UiEventType::IpcMessage};
     case MainType::Param:
         return {UiRouteKind::Parameter, 0};
+    case MainType::Analytics:
+        return analyticsRoute(subType);
     default:
         return {};
     }

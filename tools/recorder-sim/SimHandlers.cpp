@@ -1,6 +1,7 @@
 #include "SimHandlers.h"
 
 #include "SimCommands.h"
+#include "SimFaces.h"
 #include "SimLiveView.h"
 #include "SimPlayback.h"
 #include "SimRecorder.h"
@@ -45,6 +46,10 @@ void registerDefaultHandlers(SimServer& server) {
     if (const char* login = std::getenv("VY_SIM_LOGIN"); login && *login == '1')
         users->setLoginRequired(true);
     users->attach(server);
+    static SimFaces* faces = new SimFaces(config.recordSeed, config.channels);
+    faces->attach(server);
+    SimCommands::addExtension(
+        [](const std::vector<std::string>& w) { return faces->runCommand(w); });
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {
