@@ -73,13 +73,14 @@ Scene& scene() {
         sc->gridPage->setGeometry(0, 0, 1920, 1080);
         sc->grid = new FaceThumbnailGrid(sc->gridPage);
         sc->grid->setGeometry(0, 0, 1920, 1080);
+        sc->grid->setTextLines(3);
         sc->grid->setSource([sc](int i) {
             FaceThumbnailGrid::Cell c;
             c.picture = sc->faces[size_t(i)];
-            c.line1 = "2026-11-" + VyString::number(10 + i % 20) +
-                      " 08:" + VyString::number(10 + i % 50) + ":" + VyString::number(10 + i % 49);
-            c.line2 = "Channel " + VyString::number(1 + i % 16) + "  " +
-                      VyString::number(70 + i % 30) + "%";
+            c.line1 = "2026-11-" + VyString::number(10 + i % 20);
+            c.line2 = "08:" + VyString::number(10 + i % 50) + ":" + VyString::number(10 + i % 49) +
+                      "  " + VyString::number(70 + i % 30) + "%";
+            c.line3 = "Channel " + VyString::number(1 + i % 16);
             return c;
         });
         sc->grid->setCount(kThumbnails);

@@ -60,6 +60,7 @@ FaceSearchPage::FaceSearchPage(FaceLibraryModel* library, int channelCount, VyWi
     const VyDate today = VyDate::currentDate();
     m_to->setDate(today);
     m_from->setDate(today.addDays(-kDefaultDays));
+    m_grid->setTextLines(3);
     m_grid->setSource([this](int i) {
         FaceThumbnailGrid::Cell cell;
         const auto hit = m_results.hit(i);
@@ -67,13 +68,11 @@ FaceSearchPage::FaceSearchPage(FaceLibraryModel* library, int channelCount, VyWi
             return cell;
         if (m_library != nullptr)
             cell.picture = m_library->picture(FacePictureRequest::kCapture, hit->captureId);
-        cell.line1 =
-            VyString((AttendanceReport::dateText(hit->time / AttendanceReport::kSecondsPerDay) +
-                      " " + AttendanceReport::timeText(hit->time))
-                         .c_str());
-        cell.line2 =
-            VyTranslation::tr(TextId::Analytics::ChannelNumber).arg(int(hit->channel) + 1) + "  " +
-            VyString::number(int(hit->similarity)) + "%";
+        cell.line1 = VyString(
+            AttendanceReport::dateText(hit->time / AttendanceReport::kSecondsPerDay).c_str());
+        cell.line2 = VyString(AttendanceReport::timeText(hit->time).c_str()) + "  " +
+                     VyString::number(int(hit->similarity)) + "%";
+        cell.line3 = VyTranslation::tr(TextId::Analytics::ChannelNumber).arg(int(hit->channel) + 1);
         return cell;
     });
     connect(m_search, &m_search->clicked, this, VY_SLOT(FaceSearchPage, search));

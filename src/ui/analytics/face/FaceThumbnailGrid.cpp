@@ -131,43 +131,87 @@ void FaceThumbnailGrid::activate(int index) {
     emitSignal(this, &activated);
 }
 
+void FaceThumbnailGrid::setTextLines(int lines) {
+    m_textLines = std::clamp(lines, 1, 3);
+    update();
+}
+
 void FaceThumbnailGrid::paintEvent(VyPaintEvent*) {
+    // Every pixel is written once per page: the grid covers most of the screen, and painting
+    // the background under the cells and the cells under their pictures cost as much again.
     VyCanvas* c = canvas();
-    c->fillRect(rect(), m_background);
     const int cols = columns();
     const int first = m_firstRow * cols;
     const int last = std::min(m_count, first + visibleRows() * cols);
+    const int cellW = UiLook::scaledX(kCellDesignWidth), cellH = UiLook::scaledY(kCellDesignHeight);
+    int y = 0;
+    for (int row = 0; row < visibleRows(); ++row) {
+        const VyRect rowStart = cellRect(first + row * cols);
+        c->fillRect(VyRect(0, y, width(), rowStart.y() - y), m_background);
+        int x = 0;
+        for (int col = 0; col < cols; ++col) {
+            const int index = first + row * cols + col;
+            const int left = rowStart.x() + (cellRect(index).x() - rowStart.x());
+            // A place without a cell (past the last one) is background too.
+            const int right = index < last ? left : left + cellW;
+            c->fillRect(VyRect(x, rowStart.y(), right - x, cellH), m_background);
+            x = index < last ? left + cellW : right;
+        }
+        c->fillRect(VyRect(x, rowStart.y(), width() - x, cellH), m_background);
+        y = rowStart.y() + cellH;
+    }
+    c->fillRect(VyRect(0, y, width(), height() - y), m_background);
+    for (int i = first; i < last; ++i)
+        paintCell(c, i);
+}
+
+void FaceThumbnailGrid::paintCell(VyCanvas* c, int index) {
+    const VyRect r = cellRect(index);
     const int line = UiLook::scaledY(kTextLineDesign);
     const int border = UiLook::scaledX(kBorderDesign);
     const int textSize = UiLook::instance().fontPixelSize();
-    for (int i = first; i < last; ++i) {
-        const VyRect r = cellRect(i);
-        c->fillRect(r, m_cellBackground);
-        const Cell cell = m_source ? m_source(i) : Cell();
-        const VyRect picture(r.x() + border, r.y() + border, r.width() - 2 * border,
-                             r.height() - 2 * line - 2 * border);
-        if (cell.picture.isNull()) {
-            c->setPenWidth(1);
-            c->drawRect(picture, m_missing);
-        } else {
-            // Scaled into the frame with its own aspect, centred.
-            const int w = std::min(picture.width(),
-                                   picture.height() * cell.picture.width() / cell.picture.height());
-            const int h = w * cell.picture.height() / cell.picture.width();
-            c->drawImage(VyRect(picture.x() + (picture.width() - w) / 2,
-                                picture.y() + (picture.height() - h) / 2, w, h),
-                         cell.picture);
+    const Cell cell = m_source ? m_source(index) : Cell();
+    const VyRect frame(r.x() + border, r.y() + border, r.width() - 2 * border,
+                       r.height() - m_textLines * line - 2 * border);
+    VyRect picture = frame;
+    if (!cell.picture.isNull() && frame.width() > 0 && frame.height() > 0) {
+        // Never enlarged (App sends thumbnails at the size they are meant to be seen),
+        // shrunk to the frame with its own aspect, centred.
+        const int pw = cell.picture.width(), ph = cell.picture.height();
+        int w = std::min(pw, frame.width()), h = w * ph / pw;
+        if (h > frame.height()) {
+            h = frame.height();
+            w = h * pw / ph;
         }
-        const int textY = r.y() + r.height() - 2 * line;
-        c->drawText(VyRect(r.x(), textY, r.width(), line), VyCanvas::AlignCenter, cell.line1,
-                    textSize, m_foreground);
-        c->drawText(VyRect(r.x(), textY + line, r.width(), line), VyCanvas::AlignCenter, cell.line2,
-                    textSize, m_secondary);
-        if (i == m_current) {
-            c->setPenWidth(border);
-            c->drawRect(r, m_currentColour);
-            c->setPenWidth(1);
-        }
+        picture =
+            VyRect(frame.x() + (frame.width() - w) / 2, frame.y() + (frame.height() - h) / 2, w, h);
+    }
+    // The cell's own background around the picture only.
+    c->fillRect(VyRect(r.x(), r.y(), r.width(), picture.y() - r.y()), m_cellBackground);
+    c->fillRect(VyRect(r.x(), picture.y(), picture.x() - r.x(), picture.height()),
+                m_cellBackground);
+    c->fillRect(VyRect(picture.x() + picture.width(), picture.y(),
+                       r.x() + r.width() - picture.x() - picture.width(), picture.height()),
+                m_cellBackground);
+    c->fillRect(VyRect(r.x(), picture.y() + picture.height(), r.width(),
+                       r.y() + r.height() - picture.y() - picture.height()),
+                m_cellBackground);
+    if (cell.picture.isNull()) {
+        c->fillRect(picture, m_cellBackground);
+        c->setPenWidth(1);
+        c->drawRect(picture, m_missing);
+    } else {
+        c->drawImage(picture, cell.picture);
+    }
+    const VyString* lines[] = {&cell.line1, &cell.line2, &cell.line3};
+    const int textTop = r.y() + r.height() - m_textLines * line;
+    for (int l = 0; l < m_textLines; ++l)
+        c->drawText(VyRect(r.x(), textTop + l * line, r.width(), line), VyCanvas::AlignCenter,
+                    *lines[l], textSize, l == 0 ? m_foreground : m_secondary);
+    if (index == m_current) {
+        c->setPenWidth(border);
+        c->drawRect(r, m_currentColour);
+        c->setPenWidth(1);
     }
 }
 

@@ -12,6 +12,8 @@
 
 #include <functional>
 
+class VyCanvas;
+
 class FaceThumbnailGrid : public VyWidget {
     VY_OBJECT(FaceThumbnailGrid, VyWidget)
 public:
@@ -19,6 +21,7 @@ public:
         VyBitmap picture; // null: drawn as an empty frame
         VyString line1;
         VyString line2;
+        VyString line3; // shown with three text lines only
     };
     using Source = std::function<Cell(int index)>;
 
@@ -30,6 +33,8 @@ public:
     ~FaceThumbnailGrid() override;
 
     void setSource(Source source);
+    // Text lines under each picture, 1 to 3 (2 unless set).
+    void setTextLines(int lines);
     // Cells in all; the current cell and the scroll position are kept inside it.
     void setCount(int count);
     int count() const { return m_count; }
@@ -61,12 +66,14 @@ private:
     int rowCount() const;
     int maxFirstRow() const;
     void activate(int index);
+    void paintCell(VyCanvas* c, int index);
 
     Source m_source;
     int m_count = 0;
     int m_firstRow = 0;
     int m_current = -1;
     int m_activated = -1;
+    int m_textLines = 2;
     vyargb m_background = 0xFF1E2024;
     vyargb m_cellBackground = 0xFF2C2F35;
     vyargb m_currentColour = 0xFF0096DC;
