@@ -193,4 +193,18 @@ TEST_F(FacePagesTest, AttendanceTableGoesToTheStickAsCsv) {
         "_" + AttendanceReport::dateText(aTuesday().toJulianDay() + 1 - kEpochJulianDay) + ".csv";
     ASSERT_TRUE(sim.hasUsbFile(name));
     EXPECT_EQ(sim.usbFile(name), AttendanceReport::toCsv(page.rows()));
+
+    // Working days from noon: each night shift's 06:xx check-out joins the 22:xx before it.
+    page.dayStartBox()->setValue(12);
+    page.search();
+    int overnight = 0;
+    for (const AttendanceReport::Row& r : page.rows()) {
+        if (AttendanceReport::timeText(r.checkIn).substr(0, 2) == "22") {
+            ++overnight;
+            ASSERT_GE(r.checkOut, 0);
+            EXPECT_EQ(r.checkOut / 86400, r.checkIn / 86400 + 1);
+            EXPECT_EQ(AttendanceReport::timeText(r.checkOut).substr(0, 2), "06");
+        }
+    }
+    EXPECT_EQ(overnight, 4); // two night workers, two nights
 }

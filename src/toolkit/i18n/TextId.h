@@ -255,6 +255,7 @@ constexpr uint32_t Done = 111526;          // Done.
 constexpr uint32_t ChannelNumber = 111527; // Channel %1
 constexpr uint32_t AllChannels = 111528;   // All channels
 constexpr uint32_t LiveFace = 111529;      // Live view, channel %1
+constexpr uint32_t DayStart = 111530;      // Day starts at
 } // namespace Analytics
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -490,6 +491,7 @@ constexpr uint32_t kAll[] = {
     Analytics::ChannelNumber,
     Analytics::AllChannels,
     Analytics::LiveFace,
+    Analytics::DayStart,
 };
 } // namespace TextId
 // clang-format on

@@ -11,6 +11,7 @@
 #include "toolkit/widgets/VyDateEdit.h"
 #include "toolkit/widgets/VyLabel.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "toolkit/widgets/VySpinBox.h"
 #include "toolkit/widgets/VyTableWidget.h"
 #include "ui/analytics/face/FaceLibraryPage.h"
 #include "ui/analytics/face/FacePageRow.h"
@@ -35,6 +36,8 @@ AttendancePage::AttendancePage(FaceLibraryModel* library, int channelCount, VyWi
     , m_from(new VyDateEdit(this))
     , m_toLabel(new VyLabel(this))
     , m_to(new VyDateEdit(this))
+    , m_dayStartLabel(new VyLabel(this))
+    , m_dayStart(new VySpinBox(this))
     , m_search(new VyPushButton(VyTranslation::tr(TextId::Playback::Search), this))
     , m_export(new VyPushButton(VyTranslation::tr(TextId::Analytics::ExportCsv), this))
     , m_message(new VyLabel(this))
@@ -45,6 +48,9 @@ AttendancePage::AttendancePage(FaceLibraryModel* library, int channelCount, VyWi
         channelCount >= kMaxChannels ? ~uint64_t(0) : (uint64_t(1) << channelCount) - 1;
     m_fromLabel->setTextId(TextId::Analytics::From);
     m_toLabel->setTextId(TextId::Analytics::To);
+    m_dayStartLabel->setTextId(TextId::Analytics::DayStart);
+    m_dayStart->setRange(0, 23);
+    m_dayStart->setSuffix(":00");
     const VyDate today = VyDate::currentDate();
     m_to->setDate(today);
     m_from->setDate(today.addDays(-kDefaultDays));
@@ -99,6 +105,7 @@ uint32_t AttendancePage::titleTextId() {
 
 void AttendancePage::search() {
     m_rows.clear();
+    m_options.dayStartHour = m_dayStart->value();
     if (m_library != nullptr && m_from->date() <= m_to->date()) {
         if (!m_library->loaded())
             m_library->refresh();
@@ -147,10 +154,10 @@ void AttendancePage::resizeEvent(VyResizeEvent*) {
                            {m_from, 220},
                            {m_toLabel, 80},
                            {m_to, 220},
-                           {m_search, 160},
-                           {m_export, 280},
-                           {m_message, 500}});
-    const int top = FacePageRow::top(1);
+                           {m_dayStartLabel, 220},
+                           {m_dayStart, 120}});
+    FacePageRow::place(1, {{m_search, 160}, {m_export, 280}, {m_message, 500}});
+    const int top = FacePageRow::top(2);
     const int margin = UiLook::scaledX(FacePageRow::kMarginDesign);
     m_table->setGeometry(margin, top, std::max(0, width() - 2 * margin),
                          std::max(0, height() - top - margin));

@@ -12,6 +12,7 @@
 class VyDateEdit;
 class VyLabel;
 class VyPushButton;
+class VySpinBox;
 class VyTableWidget;
 
 class AttendancePage : public VyWidget {
@@ -26,7 +27,6 @@ public:
     // The page's name in the analytics window's page list.
     static uint32_t titleTextId();
 
-    void setOptions(const AttendanceReport::Options& options) { m_options = options; }
     // Fetches the recognitions of the chosen days and builds the table.
     void search();
     // Writes the table to the stick as "attendance_<from>_<to>.csv".
@@ -35,6 +35,8 @@ public:
     const std::vector<AttendanceReport::Row>& rows() const { return m_rows; }
     VyDateEdit* fromEdit() const { return m_from; }
     VyDateEdit* toEdit() const { return m_to; }
+    // The hour a working day starts (a night shift stays one day when it starts at noon).
+    VySpinBox* dayStartBox() const { return m_dayStart; }
     VyTableWidget* table() const { return m_table; }
     VyString message() const;
 
@@ -46,13 +48,15 @@ private:
     FaceLibraryModel* m_library;
     AttendanceReport::Options m_options;
     std::vector<AttendanceReport::Row> m_rows;
-    VyLabel* m_fromLabel;   // child
-    VyDateEdit* m_from;     // child
-    VyLabel* m_toLabel;     // child
-    VyDateEdit* m_to;       // child
-    VyPushButton* m_search; // child
-    VyPushButton* m_export; // child
-    VyLabel* m_message;     // child
-    VyTableWidget* m_table; // child
+    VyLabel* m_fromLabel;     // child
+    VyDateEdit* m_from;       // child
+    VyLabel* m_toLabel;       // child
+    VyDateEdit* m_to;         // child
+    VyLabel* m_dayStartLabel; // child
+    VySpinBox* m_dayStart;    // child
+    VyPushButton* m_search;   // child
+    VyPushButton* m_export;   // child
+    VyLabel* m_message;       // child
+    VyTableWidget* m_table;   // child
     vyargb m_background = 0xFF1E2024;
 };
