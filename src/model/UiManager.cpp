@@ -130,6 +130,7 @@ void UiManager::createModels() {
     m_models->create(SystemInfo::record());
     // App's key notifications (186) go to the key manager like any other device key.
     setReceiver(UiEventType::DvrKey, m_models->keyManager());
+    setReceiver(UiEventType::FaceInfo, m_models->ai());
     setReceiver(UiEventType::AIObjInfo, m_models->ai());
     // Sees all input as an application filter, to restart its period.
     m_windowTimeout = new WndTimeoutManager(this);

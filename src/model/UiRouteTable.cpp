@@ -149,6 +149,19 @@ const ReactionRow kReactionRows[] = {
     {87, ParamReactionKind::ReloadPart, 11},
 };
 
+// App's face results and live counts go to the analytics model; the rest of the family
+// answers requests.
+UiRoute analyticsRoute(uint16_t subType) {
+    // Live counts go to the analytics model, whichever screen is open.
+    if (subType >= AnalyticsCountSubType::First && subType <= AnalyticsCountSubType::Last)
+        return {UiRouteKind::Forward, UiEventType::AIObjInfo};
+    if (subType == FaceSubType::RecognitionNote)
+        return {UiRouteKind::Forward, UiEventType::FaceInfo};
+    if (subType == FaceSubType::ObjectNote)
+        return {UiRouteKind::Forward, UiEventType::AIObjInfo};
+    return {};
+}
+
 } // namespace
 
 UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
@@ -170,10 +183,7 @@ UiRoute UiRouteTable::route(uint16_t mainType, uint16_t subType) {
     case MainType::Param:
         return {UiRouteKind::Parameter, 0};
     case MainType::Analytics:
-        // Live counts go to the analytics model, whichever screen is open.
-        if (subType >= AnalyticsCountSubType::First && subType <= AnalyticsCountSubType::Last)
-            return {UiRouteKind::Forward, UiEventType::AIObjInfo};
-        return {};
+        return analyticsRoute(subType);
     default:
         return {};
     }

@@ -121,3 +121,19 @@ constexpr uint16_t UpgradeStatus = 6; // request, no body -> UpgradeProgress
 constexpr uint16_t FactoryDefaults = 7; // request: FactoryDefaultsRequest -> FactoryDefaultsAnswer
 
 } // namespace MaintenanceSubType
+
+namespace FaceSubType {
+
+// MainType::Analytics 1..49: face libraries, face search and recognitions.
+constexpr uint16_t GroupList = 1;    // request, no body -> FaceGroupListHeader + entries
+constexpr uint16_t FaceList = 2;     // request: FaceListRequest -> FaceReplyHeader + FaceEntry
+constexpr uint16_t LibraryEdit = 3;  // request: FaceLibraryEdit -> FaceEditAnswer
+constexpr uint16_t Picture = 4;      // request: FacePictureRequest -> FacePictureHeader + data
+constexpr uint16_t UsbFiles = 5;     // request: UsbFileListRequest -> UsbFileListHeader + entries
+constexpr uint16_t Search = 6;       // request: FaceSearchRequest -> FaceReplyHeader + hits
+constexpr uint16_t Recognitions = 7; // request: RecognitionListRequest -> header + FaceRecognition
+constexpr uint16_t UsbWrite = 8;     // request: UsbWriteRequest + bytes -> FaceEditAnswer
+constexpr uint16_t RecognitionNote = 20; // App -> GUI: FaceRecognition (UiEventType::FaceInfo)
+constexpr uint16_t ObjectNote = 21;      // App -> GUI: AIObjectNotice (UiEventType::AIObjInfo)
+
+} // namespace FaceSubType

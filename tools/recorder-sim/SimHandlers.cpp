@@ -2,6 +2,7 @@
 
 #include "SimAnalytics.h"
 #include "SimCommands.h"
+#include "SimFaces.h"
 #include "SimLiveView.h"
 #include "SimMaintenance.h"
 #include "SimPlayback.h"
@@ -70,6 +71,10 @@ void registerDefaultHandlers(SimServer& server) {
     static SimMaintenance* maintenance = new SimMaintenance(playback, config.recordSeed);
     maintenance->setStore(&recorder->store(), config.channels);
     maintenance->attach(server);
+    static SimFaces* faces = new SimFaces(config.recordSeed, config.channels);
+    faces->attach(server);
+    SimCommands::addExtension(
+        [](const std::vector<std::string>& w) { return faces->runCommand(w); });
     static SimCommands* console = new SimCommands(*recorder);
     console->startConsole();
     if (const char* script = std::getenv("VY_SIM_SCRIPT"); script && *script) {

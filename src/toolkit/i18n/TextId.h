@@ -356,6 +356,37 @@ constexpr uint32_t Clear = 111019;            // Clear
 constexpr uint32_t ChannelNumber = 111020;    // Channel %1
 constexpr uint32_t Save = 111021;             // Save
 constexpr uint32_t CrowdAlarm = 111022;       // Channel %1: crowd limit passed
+constexpr uint32_t FaceLibrary = 111500;      // Face library
+constexpr uint32_t FaceSearch = 111501;       // Face search
+constexpr uint32_t Attendance = 111502;       // Attendance
+constexpr uint32_t Group = 111503;            // Group
+constexpr uint32_t AddGroup = 111504;         // Add group
+constexpr uint32_t Rename = 111505;           // Rename
+constexpr uint32_t Delete = 111506;           // Delete
+constexpr uint32_t AddFromLive = 111507;      // Add from live view
+constexpr uint32_t AddFromUsb = 111508;       // Add from USB
+constexpr uint32_t Name = 111509;             // Name
+constexpr uint32_t Note = 111510;             // Note
+constexpr uint32_t Import = 111511;           // Import
+constexpr uint32_t Export = 111512;           // Export
+constexpr uint32_t From = 111513;             // From
+constexpr uint32_t To = 111514;               // To
+constexpr uint32_t Similarity = 111515;       // Similarity
+constexpr uint32_t Results = 111516;          // %1 results
+constexpr uint32_t CheckIn = 111517;          // Check-in
+constexpr uint32_t CheckOut = 111518;         // Check-out
+constexpr uint32_t Date = 111519;             // Date
+constexpr uint32_t ExportCsv = 111520;        // Export CSV to USB
+constexpr uint32_t Recognised = 111521;       // %1 recognised on channel %2
+constexpr uint32_t NoFace = 111522;           // No face found in the picture.
+constexpr uint32_t FileError = 111523;        // The file on the USB device could not be read or written.
+constexpr uint32_t LibraryFull = 111524;      // The face library is full.
+constexpr uint32_t Refused = 111525;          // The recorder refused the change.
+constexpr uint32_t Done = 111526;             // Done.
+constexpr uint32_t ChannelNumber = 111527;    // Channel %1
+constexpr uint32_t AllChannels = 111528;      // All channels
+constexpr uint32_t LiveFace = 111529;         // Live view, channel %1
+constexpr uint32_t DayStart = 111530;         // Day starts at
 } // namespace Analytics
 namespace Maintenance {
 constexpr uint32_t PowerQuestion = 112001;    // Choose what to do.
@@ -750,6 +781,37 @@ constexpr uint32_t kAll[] = {
     Analytics::ChannelNumber,
     Analytics::Save,
     Analytics::CrowdAlarm,
+    Analytics::FaceLibrary,
+    Analytics::FaceSearch,
+    Analytics::Attendance,
+    Analytics::Group,
+    Analytics::AddGroup,
+    Analytics::Rename,
+    Analytics::Delete,
+    Analytics::AddFromLive,
+    Analytics::AddFromUsb,
+    Analytics::Name,
+    Analytics::Note,
+    Analytics::Import,
+    Analytics::Export,
+    Analytics::From,
+    Analytics::To,
+    Analytics::Similarity,
+    Analytics::Results,
+    Analytics::CheckIn,
+    Analytics::CheckOut,
+    Analytics::Date,
+    Analytics::ExportCsv,
+    Analytics::Recognised,
+    Analytics::NoFace,
+    Analytics::FileError,
+    Analytics::LibraryFull,
+    Analytics::Refused,
+    Analytics::Done,
+    Analytics::ChannelNumber,
+    Analytics::AllChannels,
+    Analytics::LiveFace,
+    Analytics::DayStart,
     Maintenance::PowerQuestion,
     Maintenance::ShutDown,
     Maintenance::Restart,

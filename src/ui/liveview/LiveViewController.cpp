@@ -1,5 +1,6 @@
 #include "ui/liveview/LiveViewController.h"
 
+#include "model/AIManager.h"
 #include "model/MainViewManager.h"
 #include "model/ParamAccess.h"
 #include "model/UiManager.h"
@@ -81,6 +82,8 @@ LiveViewController::LiveViewController(VyVideoScreen* screen, MainViewTaskBar* t
         connect(m, &m->talkStateChanged, this, VY_SLOT(LiveViewController, onTalkState));
         connect(m, &m->pageTurnRequested, this, VY_SLOT(LiveViewController, onPageTurn));
     }
+    if (AIManager* ai = AIManager::instance())
+        connect(ai, &ai->recognised, this, VY_SLOT(LiveViewController, onFaceRecognised));
     if (UiManager* ui = UiManager::instance())
         connect(ui, &ui->networkStatusChanged, this, VY_SLOT(LiveViewController, onNetworkStatus));
     m_clockTimer = startTimer(kClockMs);
@@ -213,6 +216,16 @@ void LiveViewController::onSequenceStep() {
 
 void LiveViewController::onSnapshot() {
     showNotice(TextId::LiveView::SnapshotSaved);
+}
+
+void LiveViewController::onFaceRecognised() {
+    AIManager* ai = AIManager::instance();
+    if (ai == nullptr || m_notice == nullptr)
+        return;
+    showNotice(TextId::Analytics::Recognised);
+    m_notice->setText(VyTranslation::tr(TextId::Analytics::Recognised)
+                          .arg(ai->lastRecognisedName())
+                          .arg(int(ai->lastRecognition().channel) + 1));
 }
 
 void LiveViewController::showNotice(uint32_t textId) {

@@ -40,6 +40,8 @@ public:
     // Sends the record for what the screen shows now.
     void sendPreview();
     void showNotice(uint32_t textId);
+    // App recognised a person of the face library: their name and channel as the notice.
+    void onFaceRecognised();
     // The main view's keys for the sequence, snapshot, manual recording and mute.
     bool keyAction(uint32_t deviceKey);
     // A tool-bar action on the selected cell (its tool bar need not be shown).
