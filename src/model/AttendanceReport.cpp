@@ -46,7 +46,7 @@ std::string AttendanceReport::dateText(int64_t day) {
     const int64_t d = doy - (153 * mp + 2) / 5 + 1;
     const int64_t m = mp < 10 ? mp + 3 : mp - 9;
     const int64_t y = yoe + era * 400 + (m <= 2 ? 1 : 0);
-    char buf[32];
+    char buf[64]; // room for any 64-bit year, so the format is never cut
     std::snprintf(buf, sizeof buf, "%04lld-%02lld-%02lld", static_cast<long long>(y),
                   static_cast<long long>(m), static_cast<long long>(d));
     return buf;

@@ -190,7 +190,7 @@ TEST(SimVideoPlane, DrawsPicturesAndNoVideoCardsInsideTheirCellsOnly) {
     r.cellCount = 2;
     r.cells[0] = {0, 1, 0, 0, 0, 0, 159, 179};
     r.cells[1] = {1, 1, 0, 0, 160, 0, 239, 89};
-    std::vector<SimVideoCell> channels = {{true, "A"}, {false, "B"}};
+    std::vector<SimVideoCell> channels = {{true, "A", PreviewZoom{}}, {false, "B", PreviewZoom{}}};
     std::vector<uint16_t> px(size_t(kW) * kH, 0xFFFF);
     SimVideoPlane::drawFrame(r, channels, 3, "12:00:00", px.data(), kW, kH);
     auto at = [&](int x, int y) { return px[size_t(y) * kW + size_t(x)]; };

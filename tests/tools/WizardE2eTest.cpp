@@ -50,8 +50,9 @@ TEST_F(WizardE2e, WalksItsStepsAndEachStepWritesOnlyWhatItsPageChanged) {
     shot("wizard-language.png");
     GeneralSettingsBlock expected;
     std::memcpy(&expected, general->blocks().block(0).saved.data(), sizeof expected);
-    general->hour12Box()->toggle();
-    expected.hour12 = expected.hour12 ? 0 : 1;
+    const int timeout = general->menuTimeoutBox()->value() == 5 ? 10 : 5;
+    general->menuTimeoutBox()->setValue(timeout);
+    expected.menuTimeout = uint8_t(timeout);
     ASSERT_TRUE(wizard->next());
     ASSERT_TRUE(runUntil([&] {
         const auto got = stored<GeneralSettingsBlock>();

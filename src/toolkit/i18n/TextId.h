@@ -383,7 +383,6 @@ constexpr uint32_t FileError = 111523;        // The file on the USB device coul
 constexpr uint32_t LibraryFull = 111524;      // The face library is full.
 constexpr uint32_t Refused = 111525;          // The recorder refused the change.
 constexpr uint32_t Done = 111526;             // Done.
-constexpr uint32_t ChannelNumber = 111527;    // Channel %1
 constexpr uint32_t AllChannels = 111528;      // All channels
 constexpr uint32_t LiveFace = 111529;         // Live view, channel %1
 constexpr uint32_t DayStart = 111530;         // Day starts at
@@ -808,7 +807,6 @@ constexpr uint32_t kAll[] = {
     Analytics::LibraryFull,
     Analytics::Refused,
     Analytics::Done,
-    Analytics::ChannelNumber,
     Analytics::AllChannels,
     Analytics::LiveFace,
     Analytics::DayStart,

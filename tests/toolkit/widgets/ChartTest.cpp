@@ -54,8 +54,9 @@ TEST(ChartScale, EveryRangeGetsRoundDistinctTicksWithinItsBudget) {
         const VyChartScale s = VyChartScale::fit(c.values, c.maxTicks, c.integer);
         ASSERT_GT(s.step(), 0);
         EXPECT_TRUE(isRoundStep(s.step())) << s.step();
-        if (c.integer)
+        if (c.integer) {
             EXPECT_GE(s.step(), 1);
+        }
         EXPECT_GE(s.tickCount(), 2);
         EXPECT_LE(s.tickCount() - 1, c.maxTicks);
         EXPECT_LE(s.minimum(), 0);
