@@ -20,21 +20,35 @@ void SettingsBlockSet::setIndex(int slot, uint8_t index) {
     b.fetched = false;
 }
 
-void SettingsBlockSet::fetch(Block& b) {
-    ParamAccess::getParam(b.number, b.saved.data(), b.size, b.index);
+bool SettingsBlockSet::fetch(int slot) {
+    const Block& asked = m_blocks[size_t(slot)];
+    // Into a buffer of the call's own: while App answers the event loop runs, and the set,
+    // or the page that holds it, may be deleted there.
+    std::vector<uint8_t> reply(asked.size, 0);
+    const std::shared_ptr<bool> alive = m_alive;
+    ParamAccess::getParam(asked.number, reply.data(), asked.size, asked.index);
+    if (!*alive)
+        return false;
+    Block& b = m_blocks[size_t(slot)];
+    b.saved = std::move(reply);
     b.fetched = true;
     ++m_fetches;
+    return true;
 }
 
-void SettingsBlockSet::fetchAll() {
+bool SettingsBlockSet::fetchAll() {
     for (int i = 0; i < count(); ++i)
-        fetchOne(i);
+        if (!fetchOne(i))
+            return false;
+    return true;
 }
 
-void SettingsBlockSet::fetchOne(int slot) {
+bool SettingsBlockSet::fetchOne(int slot) {
+    if (!fetch(slot))
+        return false;
     Block& b = m_blocks[size_t(slot)];
-    fetch(b);
     b.edit = b.saved;
+    return true;
 }
 
 int SettingsBlockSet::writeChanged() {
@@ -68,12 +82,14 @@ void SettingsBlockSet::revert() {
 
 bool SettingsBlockSet::refresh(uint32_t number) {
     bool found = false;
-    for (Block& b : m_blocks) {
-        if (b.number != number)
+    for (int slot = 0; slot < count(); ++slot) {
+        if (m_blocks[size_t(slot)].number != number)
             continue;
         found = true;
-        const std::vector<uint8_t> before = b.saved;
-        fetch(b);
+        const std::vector<uint8_t> before = m_blocks[size_t(slot)].saved;
+        if (!fetch(slot))
+            return false;
+        Block& b = m_blocks[size_t(slot)];
         for (size_t i = 0; i < b.size; ++i)
             if (b.edit[i] == before[i])
                 b.edit[i] = b.saved[i];

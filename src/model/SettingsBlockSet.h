@@ -5,10 +5,16 @@
 // losing what the user has typed: a refresh replaces only the bytes the user left alone.
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 class SettingsBlockSet {
 public:
+    SettingsBlockSet() = default;
+    ~SettingsBlockSet() { *m_alive = false; }
+    SettingsBlockSet(const SettingsBlockSet&) = delete;
+    SettingsBlockSet& operator=(const SettingsBlockSet&) = delete;
+
     struct Block {
         uint32_t number = 0;
         uint32_t size = 0; // bytes
@@ -31,10 +37,11 @@ public:
     void setIndex(int slot, uint8_t index);
 
     // Gets every declared block from App (ParamAccess; a short reply is zero-filled) and
-    // drops every edit.
-    void fetchAll();
+    // drops every edit. A get runs the event loop, where the set's owner may be deleted:
+    // false when the set went meanwhile (the caller must then touch nothing of its own).
+    bool fetchAll();
     // The same for one block.
-    void fetchOne(int slot);
+    bool fetchOne(int slot);
     // Sets every block whose edit differs from what App has; answers how many were sent.
     int writeChanged();
     bool isModified() const;
@@ -57,7 +64,9 @@ public:
     int fetchCount() const { return m_fetches; }
 
 private:
-    void fetch(Block& b);
+    bool fetch(int slot);
     std::vector<Block> m_blocks;
     int m_fetches = 0;
+    // Cleared when the set goes; a get that waited for App checks it before storing.
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };

@@ -228,10 +228,15 @@ bool WizardWindow::finish() {
 }
 
 void WizardWindow::done(int result) {
-    if (isFinished())
+    // Writing the flag waits for App, and a second Escape meanwhile must not close twice.
+    if (isFinished() || m_closing)
         return;
+    m_closing = true;
     dropPage();
+    VyPointer<WizardWindow> self(this);
     writeDoNotShow();
+    if (!self)
+        return;
     VY_GUI_LOG("start-up wizard closed at step %d of %d\n", m_index + 1, stepCount());
     VyDialog::done(result);
 }
@@ -240,7 +245,8 @@ void WizardWindow::writeDoNotShow() {
     if (!m_generalRead)
         return;
     // Read again: the language step may have written the same block since.
-    m_general.fetchAll();
+    if (!m_general.fetchAll())
+        return; // the wizard went while App answered
     auto& b = m_general.editAs<GeneralSettingsBlock>(m_generalSlot);
     b.wizardEnabled = m_doNotShow->isChecked() ? 0 : 1;
     if (m_general.writeChanged() > 0)

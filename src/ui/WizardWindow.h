@@ -88,6 +88,7 @@ private:
     SettingsBlockSet m_general;
     int m_generalSlot;
     bool m_generalRead = false;
+    bool m_closing = false; // inside done(), which waits for App
     VyCheckBox* m_doNotShow;
     VyPushButton* m_back;
     VyPushButton* m_skip;

@@ -46,6 +46,24 @@ TEST_F(ModelTest, BlockSetRefreshKeepsTheBytesTheUserChanged) {
     EXPECT_EQ(link.paramGets(21), 2);
 }
 
+TEST_F(ModelTest, BlockSetDeletedWhileAppAnswersIsNotWrittenTo) {
+    // The get runs the event loop; the page holding the set is closed there. Under the
+    // address sanitizer a reply stored into the dead set shows as a use after free.
+    link.blocks[14] = {7, 7, 7, 7};
+    auto* set = new SettingsBlockSet;
+    set->declare(14, 4);
+    set->declare(16, 4);
+    link.whileWaiting = [&] {
+        delete set;
+        set = nullptr;
+        link.whileWaiting = nullptr;
+    };
+    SettingsBlockSet* asked = set;
+    EXPECT_FALSE(asked->fetchAll());
+    EXPECT_EQ(set, nullptr);
+    EXPECT_EQ(link.paramGets(16), 0); // nothing more asked for the dead set
+}
+
 TEST(DeviceProfile, ReadsTheSwitchesAndCountsOfTheDeviceRecord) {
     std::vector<uint8_t> record(DeviceDefaultRecord::kSize, 0);
     record[DeviceDefaultRecord::kNumberSettingAlarmInputNum] = 4;
