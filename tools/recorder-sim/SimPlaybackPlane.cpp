@@ -45,7 +45,8 @@ std::vector<uint16_t> SimPlaybackPlane::thumbnail(int channel, long long secs, i
     r.cells[0].bottom = uint16_t(height - 1);
     char clock[8];
     std::snprintf(clock, sizeof clock, "%02lld:%02lld", secs % kDaySeconds / 3600, secs / 60 % 60);
-    std::vector<SimVideoCell> cells(size_t(channel) + 1, SimVideoCell{true, std::string(), PreviewZoom{}});
+    std::vector<SimVideoCell> cells(size_t(channel) + 1,
+                                    SimVideoCell{true, std::string(), PreviewZoom{}});
     cells[size_t(channel)].name = "CH" + std::to_string(channel + 1);
     std::vector<uint16_t> plane(size_t(width) * height);
     SimVideoPlane::drawFrame(r, cells, uint32_t(secs * 1000 / kTickMs), clock, plane.data(), width,

@@ -34,8 +34,8 @@
 #include "ui/settings/RemoteAccessPage.h"
 #include "ui/settings/SettingsWindow.h"
 #include "ui/settings/StoragePage.h"
-#include "ui/users/UsersPage.h"
 #include "ui/settings/StreamPage.h"
+#include "ui/users/UsersPage.h"
 
 namespace {
 
