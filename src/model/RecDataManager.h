@@ -62,6 +62,9 @@ public:
         int32_t speed = 0;
     };
     bool play(const PlayRequest& request);
+    // The split alone (layoutId, screen size and cells of the request): the cells moved
+    // while playing.
+    bool splitScreen(const PlayRequest& request);
     enum class StopKind { Video, Picture, Other };
     // `path` names the export a StopKind::Other cancels.
     bool stop(StopKind kind, const std::string& path = std::string());

@@ -89,25 +89,28 @@ bool RecDataManager::sendPlayback(uint16_t subType, const void* body, uint32_t l
     return true;
 }
 
-bool RecDataManager::play(const PlayRequest& request) {
-    if (!validSpan(request.start, request.end))
-        return false;
+bool RecDataManager::splitScreen(const PlayRequest& request) {
     PlaybackSplitScreen split;
     split.layoutId = request.layoutId;
     split.screenWidth = request.screenWidth;
     split.screenHeight = request.screenHeight;
     const size_t cells = std::min(request.cells.size(), size_t(PlaybackSplitScreen::kMaxWindows));
     split.windowCount = uint32_t(cells);
+    for (size_t i = 0; i < cells; ++i)
+        split.windows[i] = request.cells[i];
+    VY_GUI_LOG("CMD_PLAYBACK_SPLITSCREEN\n");
+    return sendPlayback(PlaybackSubType::SplitScreen, &split, sizeof split);
+}
+
+bool RecDataManager::play(const PlayRequest& request) {
+    if (!validSpan(request.start, request.end) || !splitScreen(request))
+        return false;
+    const size_t cells = std::min(request.cells.size(), size_t(PlaybackSplitScreen::kMaxWindows));
     std::vector<int> channels;
     for (size_t i = 0; i < cells; ++i) {
-        split.windows[i] = request.cells[i];
         if (request.cells[i].channel >= 0)
             channels.push_back(request.cells[i].channel);
     }
-    VY_GUI_LOG("CMD_PLAYBACK_SPLITSCREEN\n");
-    if (!sendPlayback(PlaybackSubType::SplitScreen, &split, sizeof split))
-        return false;
-
     PlaybackCommand cmd;
     cmd.command = PlaybackCommand::kPlay;
     cmd.windowCount = uint32_t(cells);

@@ -289,8 +289,8 @@ TEST_F(PlaybackE2e, TagsThumbnailsAndThePlaybackPlane) {
     EXPECT_EQ(panel->tags()[0].name, "parcel");
     EXPECT_EQ(panel->tags()[0].time, first.time.addSecs(1));
 
-    // Thumbnails of the selected row over the bar's span, decoded pixel for pixel. They take
-    // room from the cells: stopped first, the press below plays the split as it is then.
+    // Thumbnails of the selected row over the bar's span, decoded pixel for pixel. Stopped
+    // first, so that the press below starts playing rather than seeking.
     window->control(PlaybackWindow::Stop)->click();
     ASSERT_TRUE(runUntil([&] { return !playback->state().playing; }));
     for (int c = 0; c < config.channels; ++c) // the tag left its channel alone in the split

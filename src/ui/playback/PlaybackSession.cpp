@@ -67,14 +67,10 @@ bool PlaybackSession::searchMotion(int channel, const VyDate& day,
     return true;
 }
 
-bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& from,
-                           uint32_t layoutId, const VyDateTime& to) {
-    RecDataManager* m = model();
-    if (m == nullptr || !from.isValid())
-        return false;
+RecDataManager::PlayRequest PlaybackSession::splitRequest(const std::vector<Cell>& cells,
+                                                          uint32_t layoutId) {
     RecDataManager::PlayRequest r;
     r.layoutId = layoutId;
-    m_channels.clear();
     for (const Cell& c : cells) {
         PlaybackWindowRect w;
         w.channel = c.channel;
@@ -85,6 +81,32 @@ bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& fro
         r.cells.push_back(w);
         r.screenWidth = std::max<uint16_t>(r.screenWidth, uint16_t(w.x + w.width));
         r.screenHeight = std::max<uint16_t>(r.screenHeight, uint16_t(w.y + w.height));
+    }
+    return r;
+}
+
+bool PlaybackSession::moveCells(const std::vector<Cell>& cells, uint32_t layoutId) {
+    auto same = [](const Cell& a, const Cell& b) {
+        return a.channel == b.channel && a.rect == b.rect;
+    };
+    if (!m_playing || (cells.size() == m_cells.size() &&
+                       std::equal(cells.begin(), cells.end(), m_cells.begin(), same)))
+        return false;
+    RecDataManager* m = model();
+    if (m == nullptr || !m->splitScreen(splitRequest(cells, layoutId)))
+        return false;
+    m_cells = cells;
+    return true;
+}
+
+bool PlaybackSession::play(const std::vector<Cell>& cells, const VyDateTime& from,
+                           uint32_t layoutId, const VyDateTime& to) {
+    RecDataManager* m = model();
+    if (m == nullptr || !from.isValid())
+        return false;
+    RecDataManager::PlayRequest r = splitRequest(cells, layoutId);
+    m_channels.clear();
+    for (const Cell& c : cells) {
         if (c.channel >= 0)
             m_channels.push_back(c.channel);
     }

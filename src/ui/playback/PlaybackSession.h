@@ -3,6 +3,7 @@
 // searched, the segments of the day searched, the playing cells with their time, speed and
 // pause state, and the clip export. It sends through the record data model and takes App's
 // answers as the playback receiver, but only while the screen reports itself ready.
+#include "model/RecDataManager.h"
 #include "model/RecordChannel.h"
 #include "model/RecordTag.h"
 #include "model/RecordThumbnail.h"
@@ -48,6 +49,9 @@ public:
     // Plays to `to`, or to the end of the day it starts in when `to` is invalid.
     bool play(const std::vector<Cell>& cells, const VyDateTime& from, uint32_t layoutId = 0,
               const VyDateTime& to = VyDateTime());
+    // While playing: tells App where the cells are now, when they moved (full screen, the
+    // thumbnail bar). False when nothing was sent.
+    bool moveCells(const std::vector<Cell>& cells, uint32_t layoutId);
     bool stop();
     bool pause();
     bool resume();
@@ -101,6 +105,8 @@ protected:
     void customEvent(VyEvent* e) override;
 
 private:
+    static RecDataManager::PlayRequest splitRequest(const std::vector<Cell>& cells,
+                                                    uint32_t layoutId);
     void onDayResult(const uint8_t* body, size_t len);
     void onStatus(const uint8_t* body, size_t len);
     void onTags(const uint8_t* body, size_t len);

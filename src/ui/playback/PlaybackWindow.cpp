@@ -612,6 +612,9 @@ void PlaybackWindow::layoutChildren() {
     const int zoomWidth = UiLook::scaledX(130);
     for (int i = 0; i < 4; ++i)
         m_zoom[i]->setGeometry(videoWidth - (4 - i) * (zoomWidth + gap), y, zoomWidth, button);
+    // App draws the playing pictures where the cells were: tell it where they are now.
+    m_session->moveCells(cellsOnScreen(),
+                         uint32_t(PlaybackSplit::layoutIdFor(int(m_screen->channels().size()))));
 }
 
 void PlaybackWindow::paintEvent(VyPaintEvent*) {

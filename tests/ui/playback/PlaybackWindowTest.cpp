@@ -265,3 +265,25 @@ TEST_F(PlaybackWindowTest, CellsShowTheVideoPlaneOnlyWhilePlaying) {
     window->handleDeviceKey(40);
     EXPECT_NE(flushed(inside) & kOverlay, 0) << "stopped: covered again";
 }
+
+TEST_F(PlaybackWindowTest, MovedCellsAreToldToAppWhilePlayingOnly) {
+    auto widthOfFirstCell = [&](const SentMessage* split) {
+        uint16_t w = 0; // PlaybackWindowRect at 16: channel i32, x, y, width u16
+        std::memcpy(&w, split->body.data() + 16 + 8, sizeof w);
+        return w;
+    };
+    window->control(PlaybackWindow::FullScreen)->click();
+    window->control(PlaybackWindow::FullScreen)->click();
+    EXPECT_TRUE(link.sentOf(300, 0).empty()) << "nothing plays: nothing to move";
+    window->handleDeviceKey(39);
+    ASSERT_EQ(link.sentOf(300, 0).size(), 1u);
+    const uint16_t before = widthOfFirstCell(link.sentOf(300, 0)[0]);
+    link.sent.clear();
+    window->control(PlaybackWindow::FullScreen)->click();
+    ASSERT_EQ(link.sentOf(300, 0).size(), 1u);
+    EXPECT_GT(widthOfFirstCell(link.sentOf(300, 0)[0]), before);
+    EXPECT_TRUE(link.sentOf(300, 3).empty()) << "the cells play on";
+    link.sent.clear();
+    window->control(PlaybackWindow::Clip)->click(); // only the time bar moves
+    EXPECT_TRUE(link.sentOf(300, 0).empty());
+}
