@@ -5,7 +5,6 @@
 #include "protocol/MainType.h"
 #include "runtime/VyLog.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -48,14 +47,14 @@ std::optional<PeopleStatsReply> AnalyticsQueries::peopleStats(const PeopleStatsR
         VY_GUI_LOG("people statistics reply of %zu bytes is malformed\n", reply.size());
         return std::nullopt;
     }
-    auto unknown = [&](const PeopleStatsReply::Channel& c) {
-        const bool asked = c.channel < 64 && (request.channels >> c.channel & 1) != 0;
-        if (!asked)
+    std::vector<PeopleStatsReply::Channel> asked;
+    for (PeopleStatsReply::Channel& c : r->channels) {
+        if (c.channel < PeopleStatsReply::kMaxChannels && (request.channels >> c.channel & 1) != 0)
+            asked.push_back(std::move(c));
+        else
             VY_GUI_LOG("people statistics for channel %u, not asked for, dropped\n", c.channel);
-        return !asked;
-    };
-    r->channels.erase(std::remove_if(r->channels.begin(), r->channels.end(), unknown),
-                      r->channels.end());
+    }
+    r->channels = std::move(asked);
     r->head.channelCount = uint32_t(r->channels.size());
     return r;
 }
