@@ -2,6 +2,7 @@
 
 #include "model/RecorderLink.h"
 #include "protocol/AnalyticsCountSubType.h"
+#include "protocol/ByteOrder.h"
 #include "protocol/MainType.h"
 #include "runtime/VyLog.h"
 
@@ -57,4 +58,20 @@ std::optional<PeopleStatsReply> AnalyticsQueries::peopleStats(const PeopleStatsR
     r->channels = std::move(asked);
     r->head.channelCount = uint32_t(r->channels.size());
     return r;
+}
+
+VyBitmap AnalyticsQueries::snapshot(uint32_t channel) {
+    uint8_t body[4];
+    ByteOrder::storeLe32(body, channel);
+    std::vector<uint8_t> reply;
+    if (!ask(AnalyticsCountSubType::Snapshot, body, sizeof body, reply) || reply.empty())
+        return VyBitmap();
+    if (reply.size() > HeatMapReply::kMaxPictureBytes) {
+        VY_GUI_LOG("snapshot of channel %u refused: %zu bytes\n", channel, reply.size());
+        return VyBitmap();
+    }
+    VyBitmap picture = VyBitmap::loadJpegFromMemory(reply.data(), reply.size());
+    if (picture.isNull())
+        VY_GUI_LOG("snapshot of channel %u does not decode\n", channel);
+    return picture;
 }
