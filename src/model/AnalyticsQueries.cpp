@@ -2,10 +2,10 @@
 
 #include "model/RecorderLink.h"
 #include "protocol/AnalyticsCountSubType.h"
+#include "protocol/ByteOrder.h"
 #include "protocol/MainType.h"
 #include "runtime/VyLog.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -48,14 +48,30 @@ std::optional<PeopleStatsReply> AnalyticsQueries::peopleStats(const PeopleStatsR
         VY_GUI_LOG("people statistics reply of %zu bytes is malformed\n", reply.size());
         return std::nullopt;
     }
-    auto unknown = [&](const PeopleStatsReply::Channel& c) {
-        const bool asked = c.channel < 64 && (request.channels >> c.channel & 1) != 0;
-        if (!asked)
+    std::vector<PeopleStatsReply::Channel> asked;
+    for (PeopleStatsReply::Channel& c : r->channels) {
+        if (c.channel < PeopleStatsReply::kMaxChannels && (request.channels >> c.channel & 1) != 0)
+            asked.push_back(std::move(c));
+        else
             VY_GUI_LOG("people statistics for channel %u, not asked for, dropped\n", c.channel);
-        return !asked;
-    };
-    r->channels.erase(std::remove_if(r->channels.begin(), r->channels.end(), unknown),
-                      r->channels.end());
+    }
+    r->channels = std::move(asked);
     r->head.channelCount = uint32_t(r->channels.size());
     return r;
+}
+
+VyBitmap AnalyticsQueries::snapshot(uint32_t channel) {
+    uint8_t body[4];
+    ByteOrder::storeLe32(body, channel);
+    std::vector<uint8_t> reply;
+    if (!ask(AnalyticsCountSubType::Snapshot, body, sizeof body, reply) || reply.empty())
+        return VyBitmap();
+    if (reply.size() > HeatMapReply::kMaxPictureBytes) {
+        VY_GUI_LOG("snapshot of channel %u refused: %zu bytes\n", channel, reply.size());
+        return VyBitmap();
+    }
+    VyBitmap picture = VyBitmap::loadJpegFromMemory(reply.data(), reply.size());
+    if (picture.isNull())
+        VY_GUI_LOG("snapshot of channel %u does not decode\n", channel);
+    return picture;
 }

@@ -7,6 +7,7 @@
 #include "protocol/HeatMapRequest.h"
 #include "protocol/PeopleStatsReply.h"
 #include "protocol/PeopleStatsRequest.h"
+#include "runtime/VyBitmap.h"
 
 #include <optional>
 
@@ -15,4 +16,7 @@ public:
     static std::optional<HeatMapReply> heatMap(const HeatMapRequest& request);
     // Replies for channels not asked for are dropped (logged); the rest are kept.
     static std::optional<PeopleStatsReply> peopleStats(const PeopleStatsRequest& request);
+    // A snapshot of the channel's scene, decoded; null when App has none or it does not
+    // decode.
+    static VyBitmap snapshot(uint32_t channel);
 };

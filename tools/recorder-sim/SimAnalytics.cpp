@@ -201,6 +201,16 @@ void SimAnalytics::attach(SimServer& server) {
                           const std::vector<uint8_t> body = peopleStatsReply(r);
                           return s.reply(m, body.data(), uint32_t(body.size()));
                       });
+    server.addHandler(MainType::Analytics, AnalyticsCountSubType::Snapshot,
+                      [this](SimServer& s, const SimMessage& m) {
+                          if (m.body.size() < 4)
+                              return false;
+                          const uint32_t ch = ByteOrder::loadLe32(m.body.data());
+                          const std::vector<uint8_t> picture =
+                              int64_t(ch) < m_channels ? SimSnapshot::jpeg(m_seed, int(ch))
+                                                       : std::vector<uint8_t>();
+                          return s.reply(m, picture.data(), uint32_t(picture.size()));
+                      });
     server.addHandler(MainType::Analytics, AnalyticsCountSubType::CountReset,
                       [this](SimServer&, const SimMessage& m) {
                           if (m.body.size() < 4)

@@ -5,7 +5,7 @@
 // 9:00 and 18:00) that differs per channel; a heat grid has two warm spots per channel.
 //
 //     SimAnalytics analytics(config.recordSeed, config.channels);
-//     analytics.attach(server);              // the MainType 1200 SubTypes 51..53 requests
+//     analytics.attach(server);              // the MainType 1200 SubTypes 51..54 requests
 //     analytics.startTicking(1000, store);   // live counts of the channels with a rule
 //
 // Console command (runCommand): "count CH" prints and sends channel CH's live counts now.

@@ -85,6 +85,8 @@ TEST_F(AnalyticsPagesTest, CountingRulesAreRepairedAndEditsStayInsideThePicture)
     fromApp.rules[1].limit = 7;
     const auto* raw = reinterpret_cast<const uint8_t*>(&fromApp);
     link.blocks[CountRuleBlock::kBlockNumber].assign(raw, raw + sizeof fromApp);
+    VyBitmap scene(32, 18);
+    link.replies[AnalyticsCountSubType::Snapshot] = scene.encodeJpeg(80);
 
     AIManager ai;
     ai.setAnalysedChannels(0x6);
@@ -92,6 +94,7 @@ TEST_F(AnalyticsPagesTest, CountingRulesAreRepairedAndEditsStayInsideThePicture)
     page.setGeometry(0, 0, 1200, 600);
     page.show();
     ASSERT_EQ(page.channel(), 1);
+    EXPECT_EQ(page.editor()->picture().width(), 32) << "the scene under the rule";
     const CountRule& shown = page.editor()->rule();
     EXPECT_EQ(shown.pointCount, 0);
     EXPECT_EQ(shown.enabled, 0);
@@ -139,6 +142,10 @@ TEST_F(AnalyticsPagesTest, CountingRulesAreRepairedAndEditsStayInsideThePicture)
     ai.takeCountNotice(body, sizeof body);
     EXPECT_EQ(page.countsText(), "In 30   Out 0");
     EXPECT_TRUE(page.isOverLimit());
+    // Another channel whose snapshot does not decode: a log line and the plain grid.
+    link.replies[AnalyticsCountSubType::Snapshot] = {0xFF, 0xD8, 0xFF};
+    ASSERT_TRUE(page.showChannel(2));
+    EXPECT_TRUE(page.editor()->picture().isNull());
 }
 
 TEST_F(AnalyticsPagesTest, MalformedHeatMapsDrawNothingAndBrokenSnapshotsOnlyLoseThePicture) {

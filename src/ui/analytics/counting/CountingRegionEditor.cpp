@@ -48,6 +48,11 @@ void CountingRegionEditor::clearPoints() {
     emitSignal(this, &edited);
 }
 
+void CountingRegionEditor::setPicture(const VyBitmap& picture) {
+    m_picture = picture;
+    update();
+}
+
 VyRect CountingRegionEditor::pictureRect() const {
     int w = width(), h = height();
     if (int64_t(w) * kAspectHeight > int64_t(h) * kAspectWidth)
@@ -139,10 +144,14 @@ void CountingRegionEditor::paintEvent(VyPaintEvent*) {
     const VyRect r = pictureRect();
     if (r.isEmpty())
         return;
-    c->fillRect(r, kPicture);
-    for (int i = 1; i < kGridCells; ++i) {
-        c->fillRect(VyRect(r.left + r.width() * i / kGridCells, r.top, 1, r.height()), kGrid);
-        c->fillRect(VyRect(r.left, r.top + r.height() * i / kGridCells, r.width(), 1), kGrid);
+    if (!m_picture.isNull()) {
+        c->drawImage(r, m_picture);
+    } else {
+        c->fillRect(r, kPicture);
+        for (int i = 1; i < kGridCells; ++i) {
+            c->fillRect(VyRect(r.left + r.width() * i / kGridCells, r.top, 1, r.height()), kGrid);
+            c->fillRect(VyRect(r.left, r.top + r.height() * i / kGridCells, r.width(), 1), kGrid);
+        }
     }
     c->drawRect(r, kEdge);
     const int n = m_rule.pointCount;

@@ -7,6 +7,7 @@
 // The picture keeps the 16:9 of the cameras, centred in the widget; points are kept in
 // picture units (0..CountRule::kCoordRange) so the rule fits any resolution.
 #include "protocol/CountRule.h"
+#include "runtime/VyBitmap.h"
 #include "toolkit/widgets/CWidget.h"
 
 class CountingRegionEditor : public CWidget {
@@ -22,6 +23,9 @@ public:
     // A different shape drops the points drawn for the old one.
     void setShape(uint8_t shape);
     void clearPoints();
+    // The channel's scene under the rule; a null picture leaves a dark grid.
+    void setPicture(const VyBitmap& picture);
+    const VyBitmap& picture() const { return m_picture; }
 
     VyRect pictureRect() const;
     CountRule::Point toPicture(VyPoint widgetPos) const;
@@ -37,5 +41,6 @@ protected:
 
 private:
     CountRule m_rule;
+    VyBitmap m_picture;
     int m_grabbed = -1;
 };

@@ -1,6 +1,7 @@
 #include "ui/analytics/counting/CrowdCountingPage.h"
 
 #include "model/AIManager.h"
+#include "model/AnalyticsQueries.h"
 #include "model/ParamAccess.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/TextId.h"
@@ -88,6 +89,11 @@ bool CrowdCountingPage::showChannel(int channel) {
     if (index < 0 || channel < 0 || channel >= CountRuleBlock::kChannels)
         return false;
     m_channel = channel;
+    VyPointer<CrowdCountingPage> self(this);
+    const VyBitmap picture = AnalyticsQueries::snapshot(uint32_t(channel));
+    if (self.isNull())
+        return false;
+    m_editor->setPicture(picture);
     // The controls are set from the rule, not the rule from the controls.
     m_showing = true;
     if (m_channels->currentIndex() != index)
