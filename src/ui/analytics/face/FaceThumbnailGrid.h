@@ -75,7 +75,6 @@ private:
     int m_activated = -1;
     int m_textLines = 2;
     vyargb m_background = 0xFF1E2024;
-    vyargb m_cellBackground = 0xFF2C2F35;
     vyargb m_currentColour = 0xFF0096DC;
     vyargb m_foreground = 0xFFE6E8EB;
     vyargb m_secondary = 0xFFA0A6AE;
