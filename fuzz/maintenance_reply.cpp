@@ -40,5 +40,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         if (size != FactoryDefaultsAnswer::kSize)
             std::abort();
     }
+    if (auto c = MaintenanceReply::parseConfigAnswer(data, size)) {
+        if (c->result > ConfigTransferAnswer::kDamaged)
+            std::abort();
+    }
     return 0;
 }

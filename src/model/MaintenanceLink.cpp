@@ -88,3 +88,15 @@ std::optional<FactoryDefaultsAnswer> MaintenanceLink::loadDefaults(uint32_t keep
     VY_GUI_LOG("factory defaults requested, keeping groups 0x%x\n", keep);
     return MaintenanceReply::parseDefaultsAnswer(reply.data(), reply.size());
 }
+
+std::optional<ConfigTransferAnswer> MaintenanceLink::transferConfig(bool toStick) {
+    RecorderLink* link = RecorderLink::instance();
+    if (link == nullptr)
+        return std::nullopt;
+    std::vector<uint8_t> reply;
+    link->request(MainType::Maintenance,
+                  toStick ? MaintenanceSubType::ConfigExport : MaintenanceSubType::ConfigImport,
+                  nullptr, 0, reply);
+    VY_GUI_LOG("configuration %s the USB stick requested\n", toStick ? "to" : "from");
+    return MaintenanceReply::parseConfigAnswer(reply.data(), reply.size());
+}

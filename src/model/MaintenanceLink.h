@@ -26,4 +26,6 @@ public:
     static std::optional<UpgradeProgress> upgradeProgress();
     // Factory values for everything but the FactoryDefaultsRequest groups in `keep`.
     static std::optional<FactoryDefaultsAnswer> loadDefaults(uint32_t keep);
+    // Every setting to a file on the stick (`toStick`), or back from it.
+    static std::optional<ConfigTransferAnswer> transferConfig(bool toStick);
 };

@@ -98,3 +98,18 @@ std::optional<FactoryDefaultsAnswer> MaintenanceReply::parseDefaultsAnswer(const
     std::memcpy(&a, body, sizeof a);
     return a;
 }
+
+std::optional<ConfigTransferAnswer> MaintenanceReply::parseConfigAnswer(const uint8_t* body,
+                                                                        size_t len) {
+    ConfigTransferAnswer a;
+    if (body == nullptr || len != sizeof a) {
+        VY_GUI_LOG("configuration answer of %zu bytes refused\n", len);
+        return std::nullopt;
+    }
+    std::memcpy(&a, body, sizeof a);
+    if (a.result > ConfigTransferAnswer::kDamaged) {
+        VY_GUI_LOG("configuration answer refused: result %u\n", a.result);
+        return std::nullopt;
+    }
+    return a;
+}

@@ -2,6 +2,7 @@
 // App's answers to the maintenance requests, checked before anything is believed: a length
 // that is not the record's, a free space above the total, a percentage above 100 and so on
 // are refused with a log line. Pure functions of the bytes (a fuzz target runs them).
+#include "protocol/ConfigTransfer.h"
 #include "protocol/FactoryDefaults.h"
 #include "protocol/LogSearchReply.h"
 #include "protocol/LogSearchRequest.h"
@@ -35,4 +36,6 @@ public:
     static std::optional<UpgradeProgress> parseUpgradeProgress(const uint8_t* body, size_t len);
     static std::optional<FactoryDefaultsAnswer> parseDefaultsAnswer(const uint8_t* body,
                                                                     size_t len);
+    // A result App does not define is refused too.
+    static std::optional<ConfigTransferAnswer> parseConfigAnswer(const uint8_t* body, size_t len);
 };

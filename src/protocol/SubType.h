@@ -119,6 +119,8 @@ constexpr uint16_t UpgradeList = 4;   // request, no body -> UpgradeFileList + U
 constexpr uint16_t UpgradeStart = 5;  // GUI -> App: the file name (UpgradeFileEntry::kNameBytes)
 constexpr uint16_t UpgradeStatus = 6; // request, no body -> UpgradeProgress
 constexpr uint16_t FactoryDefaults = 7; // request: FactoryDefaultsRequest -> FactoryDefaultsAnswer
+constexpr uint16_t ConfigExport = 8;    // request, no body -> ConfigTransferAnswer
+constexpr uint16_t ConfigImport = 9;    // request, no body -> ConfigTransferAnswer
 
 } // namespace MaintenanceSubType
 

@@ -11,6 +11,7 @@
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyScreen.h"
 #include "toolkit/i18n/TextId.h"
+#include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyMessageBox.h"
 #include "ui/MainViewWindow.h"
@@ -271,17 +272,13 @@ void WindowShell::openStartupWizard() {
         m_wizard->raise();
         return;
     }
-    // The settings' manager hands App's "parameter changed" to the step on screen, so a
-    // language switched elsewhere shows in the language step too.
-    if (!m_settings)
-        m_settings = std::make_unique<SettingsManager>();
     WizardWindow* wizard = WizardWindow::create();
     m_wizard.reset(wizard);
     keep(wizard);
-    // Logged before the first step: that waits for App's blocks, and a watcher of the log
-    // may act on the wizard meanwhile.
     VY_GUI_LOG("start-up wizard shown\n");
-    wizard->start();
+    // Filled on the next turn of the loop, not here: filling waits for App in a nested loop,
+    // and this may be called from inside a key's or a menu's handling.
+    VySingleShotTimer::singleShot(0, wizard, VY_SLOT(WizardWindow, start));
 }
 
 void WindowShell::openWizard() {

@@ -1,6 +1,8 @@
 #include "ui/WizardWindow.h"
 
 #include "model/DeviceProfile.h"
+#include "model/ParamAccess.h"
+#include "model/SettingsBlockSet.h"
 #include "protocol/GeneralSettingsBlock.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
@@ -20,6 +22,7 @@
 #include "ui/settings/StoragePage.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -75,7 +78,6 @@ WizardWindow::WizardWindow()
     m_stepDone = UiLook::colourOr(ini, "Wizard/Step/Done", 0xFF0096DC);
     m_stepCurrent = UiLook::colourOr(ini, "Wizard/Step/Current", 0xFFFFFFFF);
     m_stepTodo = UiLook::colourOr(ini, "Wizard/Step/Todo", 0xFF5A606A);
-    m_generalSlot = m_general.declare<GeneralSettingsBlock>();
 
     m_doNotShow = new VyCheckBox(this);
     auto button = [&](VySlot slot) {
@@ -117,12 +119,16 @@ WizardWindow* WizardWindow::open() {
 
 void WizardWindow::start() {
     VyPointer<WizardWindow> self(this);
-    m_general.fetchAll(); // runs the event loop
+    // On the stack, not in the wizard: the wait runs the event loop, and the wizard may be
+    // closed and deleted before App answers.
+    SettingsBlockSet general;
+    const int slot = general.declare<GeneralSettingsBlock>();
+    general.fetchAll();
     if (!self || isFinished())
         return;
     m_generalRead = true;
-    m_doNotShow->setChecked(m_general.savedAs<GeneralSettingsBlock>(m_generalSlot).wizardEnabled ==
-                            0);
+    m_general = general.savedAs<GeneralSettingsBlock>(slot);
+    m_doNotShow->setChecked(m_general.wizardEnabled == 0);
     showStep(0);
 }
 
@@ -169,9 +175,8 @@ bool WizardWindow::showStep(int index) {
     p->setGeometry(pageArea());
     p->show();
     m_page.reset(p);
-    // App's changes to the step's blocks reach it as they reach the settings window's page.
-    if (SettingsManager* settings = SettingsManager::instance())
-        settings->setCurrentPage(p);
+    // Not handed App's "parameter changed" as the settings window's page is: a refresh waits
+    // for App, and a wizard closed meanwhile would delete the page under that wait.
     VY_GUI_LOG("wizard step %d of %d\n", index + 1, stepCount());
     m_opening = true;
     m_abandoned = false;
@@ -179,6 +184,11 @@ bool WizardWindow::showStep(int index) {
     if (!self)
         return false;
     m_opening = false;
+    if (m_closeAfterOpen) {
+        m_closeAfterOpen = false;
+        done(m_closeResult);
+        return false;
+    }
     if (m_abandoned) {
         m_abandoned = false;
         p->deleteLater();
@@ -196,6 +206,7 @@ bool WizardWindow::next() {
         VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
         return false;
     }
+    keepGeneralCopy(p);
     if (m_index + 1 >= stepCount()) {
         done(Accepted);
         return true;
@@ -223,34 +234,46 @@ bool WizardWindow::finish() {
         VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
         return false;
     }
+    if (p != nullptr)
+        keepGeneralCopy(p);
     done(Accepted);
     return true;
 }
 
 void WizardWindow::done(int result) {
-    // Writing the flag waits for App, and a second Escape meanwhile must not close twice.
-    if (isFinished() || m_closing)
+    if (isFinished())
         return;
-    m_closing = true;
+    if (m_opening) {
+        // The step's page still waits for App inside its open(): neither it nor the wizard
+        // that owns it may be deleted under that wait. Out of sight now, closed right after.
+        m_closeAfterOpen = true;
+        m_closeResult = result;
+        if (SettingsPage* p = m_page.data())
+            p->abandon();
+        hide();
+        return;
+    }
     dropPage();
-    VyPointer<WizardWindow> self(this);
-    writeDoNotShow();
-    if (!self)
-        return;
+    // A one-way set of the copy held: nothing here may wait for App, since closing is
+    // handled inside a key or a click that must not find the wizard gone when it returns.
+    const uint8_t enabled = m_doNotShow->isChecked() ? 0 : 1;
+    if (m_generalRead && m_general.wizardEnabled != enabled) {
+        m_general.wizardEnabled = enabled;
+        ParamAccess::setParam(GeneralSettingsBlock::kBlockNumber, &m_general, sizeof m_general);
+        VY_GUI_LOG("start-up wizard %s at start\n", enabled ? "shown" : "not shown");
+    }
     VY_GUI_LOG("start-up wizard closed at step %d of %d\n", m_index + 1, stepCount());
     VyDialog::done(result);
 }
 
-void WizardWindow::writeDoNotShow() {
-    if (!m_generalRead)
-        return;
-    // Read again: the language step may have written the same block since.
-    if (!m_general.fetchAll())
-        return; // the wizard went while App answered
-    auto& b = m_general.editAs<GeneralSettingsBlock>(m_generalSlot);
-    b.wizardEnabled = m_doNotShow->isChecked() ? 0 : 1;
-    if (m_general.writeChanged() > 0)
-        VY_GUI_LOG("start-up wizard %s at start\n", b.wizardEnabled ? "shown" : "not shown");
+void WizardWindow::keepGeneralCopy(SettingsPage* page) {
+    // The language step writes block 21 as well: the switch goes out with what it wrote.
+    SettingsBlockSet& set = page->blocks();
+    for (int i = 0; i < set.count(); ++i) {
+        const SettingsBlockSet::Block& b = set.block(i);
+        if (b.number == GeneralSettingsBlock::kBlockNumber && b.edit.size() == sizeof m_general)
+            std::memcpy(&m_general, b.edit.data(), sizeof m_general);
+    }
 }
 
 void WizardWindow::syncButtons() {

@@ -7,10 +7,9 @@
 //
 // Colours from "style/wizard.ini". Opening a step fetches its blocks, which runs the event
 // loop: the wizard may be closed meanwhile, so callers hold a VyPointer across open().
+#include "protocol/GeneralSettingsBlock.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/widgets/VyDialog.h"
-
-#include "model/SettingsBlockSet.h"
 
 #include <cstdint>
 #include <vector>
@@ -71,7 +70,7 @@ protected:
 private:
     bool showStep(int index);
     void dropPage();
-    void writeDoNotShow();
+    void keepGeneralCopy(SettingsPage* page);
     void syncButtons();
     VyRect stepStripRect() const;
     VyRect pageArea() const;
@@ -82,13 +81,14 @@ private:
     std::vector<Step> m_steps;
     int m_index = -1;
     VyPointer<SettingsPage> m_page;
-    bool m_opening = false;   // inside the page's open(), which runs the event loop
-    bool m_abandoned = false; // the page was left while it was opening
-    // Block 21 as App holds it, for the start-up switch behind "do not show again".
-    SettingsBlockSet m_general;
-    int m_generalSlot;
+    bool m_opening = false;        // inside the page's open(), which runs the event loop
+    bool m_abandoned = false;      // the page was left while it was opening
+    bool m_closeAfterOpen = false; // closed while the page was opening
+    int m_closeResult = 0;
+    // Block 21 as App last had it from the wizard, for the start-up switch behind "do not
+    // show again"; valid once read.
+    GeneralSettingsBlock m_general{};
     bool m_generalRead = false;
-    bool m_closing = false; // inside done(), which waits for App
     VyCheckBox* m_doNotShow;
     VyPushButton* m_back;
     VyPushButton* m_skip;

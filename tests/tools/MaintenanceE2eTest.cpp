@@ -264,7 +264,7 @@ TEST_F(MaintenanceE2e, UpgradeRefusesOtherModelsAndDamagedFilesAndStopsWhenTheSt
     EXPECT_TRUE(runUntil([&] { return manager->isShuttingDown(); }));
 }
 
-TEST_F(MaintenanceE2e, AutomaticRestartScheduleReachesTheRecorder) {
+TEST_F(MaintenanceE2e, RestartScheduleReachesTheRecorderAndTheConfigurationGoesToTheStickAndBack) {
     VyWidget window;
     window.setGeometry(0, 0, 1280, 720);
     window.show();
@@ -284,6 +284,23 @@ TEST_F(MaintenanceE2e, AutomaticRestartScheduleReachesTheRecorder) {
     EXPECT_EQ(got.day, 3);
     EXPECT_EQ(got.hour, 4);
     EXPECT_EQ(got.minute, 30);
+
+    // The configuration to the stick and back: what was set before the export returns.
+    bool confirm = false;
+    page->setImportConfirmation([&] { return confirm; });
+    EXPECT_FALSE(page->importConfig()); // not confirmed
+    confirm = true;
+    EXPECT_FALSE(page->importConfig());
+    EXPECT_EQ(page->statusText(), "No configuration file found on the USB device.");
+    ASSERT_TRUE(page->exportConfig());
+    EXPECT_EQ(page->statusText(), "The configuration was saved to the USB device.");
+    recorder->store().setByte(AutoRestartBlock::kBlockNumber, 2, 23);
+    ASSERT_TRUE(page->importConfig());
+    EXPECT_EQ(page->statusText(), "The configuration was loaded from the USB device.");
+    EXPECT_EQ(stored<AutoRestartBlock>().hour, 4);
+    playback->setUsbPresent(false);
+    EXPECT_FALSE(page->exportConfig());
+    EXPECT_EQ(page->statusText(), "No USB device found.");
 }
 
 TEST_F(MaintenanceE2e, FactoryDefaultsForgetAllButTheGroupsKept) {

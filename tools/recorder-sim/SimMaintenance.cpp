@@ -8,6 +8,7 @@
 #include "SimServer.h"
 #include "SimSettingsBlocks.h"
 
+#include "protocol/ConfigTransfer.h"
 #include "protocol/DeviceParamBlock.h"
 #include "protocol/FactoryDefaults.h"
 #include "protocol/GeneralSettingsBlock.h"
@@ -144,6 +145,9 @@ void SimMaintenance::attach(SimServer& server) {
                       [this](SimServer& s, const SimMessage& m) { return onUpgradeStart(s, m); });
     server.addHandler(MainType::Maintenance, MaintenanceSubType::UpgradeStatus,
                       [this](SimServer& s, const SimMessage& m) { return onUpgradeStatus(s, m); });
+    for (uint16_t sub : {MaintenanceSubType::ConfigExport, MaintenanceSubType::ConfigImport})
+        server.addHandler(MainType::Maintenance, sub,
+                          [this](SimServer& s, const SimMessage& m) { return onConfig(s, m); });
     server.addHandler(
         MainType::Maintenance, MaintenanceSubType::FactoryDefaults,
         [this](SimServer& s, const SimMessage& m) { return onFactoryDefaults(s, m); });
@@ -228,5 +232,34 @@ bool SimMaintenance::onFactoryDefaults(SimServer& s, const SimMessage& m) {
         answer.blocksReset = uint32_t(m_store->eraseIf([&](uint32_t key) { return !isKept(key); }));
     simRecorderLog("sim: factory defaults, %u blocks reset", answer.blocksReset);
     m_log.add(LogSearchRequest::kConfig, "Factory defaults loaded");
+    return s.reply(m, &answer, sizeof answer);
+}
+
+bool SimMaintenance::onConfig(SimServer& s, const SimMessage& m) {
+    const bool exporting = m.header.SubType == MaintenanceSubType::ConfigExport;
+    ConfigTransferAnswer answer;
+    const bool present = usbPresent();
+    {
+        std::lock_guard<std::mutex> lock(m_upgradeMutex);
+        if (!present || m_store == nullptr) {
+            answer.result = ConfigTransferAnswer::kNoDevice;
+        } else if (exporting) {
+            m_config = m_store->all();
+            m_hasConfig = true;
+            answer.result = ConfigTransferAnswer::kDone;
+        } else if (!m_hasConfig) {
+            answer.result = ConfigTransferAnswer::kNoFile;
+        } else {
+            m_store->replaceAll(m_config);
+            answer.result = ConfigTransferAnswer::kDone;
+        }
+        for (const auto& block : m_config)
+            answer.bytes += uint32_t(block.second.size());
+    }
+    simRecorderLog("sim: configuration %s: result %u", exporting ? "export" : "import",
+                   answer.result);
+    if (answer.result == ConfigTransferAnswer::kDone)
+        m_log.add(LogSearchRequest::kConfig,
+                  exporting ? "Configuration exported" : "Configuration imported");
     return s.reply(m, &answer, sizeof answer);
 }

@@ -7,7 +7,8 @@
 // status request moves an upgrade on by kUpgradeStep percent (the GUI asks about once a
 // second), a damaged file fails at kDamagedFailsAt, a stick pulled out fails it, and a
 // finished upgrade is followed by the shutdown notice of the restart. Factory defaults forget
-// the stored blocks but those of the groups kept.
+// the stored blocks but those of the groups kept; a configuration exported is kept as the
+// stick's file until imported.
 //
 //     SimMaintenance maintenance(&playback, seed); // the stick of that playback side
 //     maintenance.attach(server);            // registers the MainType 1300 handlers
@@ -18,6 +19,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <map>
 #include <mutex>
 #include <vector>
 
@@ -60,6 +62,7 @@ private:
     bool onUpgradeStart(SimServer& s, const SimMessage& m);
     bool onUpgradeStatus(SimServer& s, const SimMessage& m);
     bool onFactoryDefaults(SimServer& s, const SimMessage& m);
+    bool onConfig(SimServer& s, const SimMessage& m);
     bool usbPresent() const;
 
     SimPlayback* m_playback;
@@ -67,10 +70,13 @@ private:
     int m_channels = 0;
     uint32_t m_usbTotalMiB; // the stick's size: what was free when it was plugged in
     SimSystemLog m_log;
-    mutable std::mutex m_upgradeMutex; // guards the two below
+    mutable std::mutex m_upgradeMutex; // guards the five below
     std::vector<UpgradeFileEntry> m_files;
     UpgradeProgress m_upgrade;
     bool m_upgradeDamaged = false; // the running upgrade's file
+    // The configuration file on the stick; `m_hasConfig` false: none written yet.
+    std::map<uint32_t, std::vector<uint8_t>> m_config;
+    bool m_hasConfig = false;
 
     std::atomic<int> m_shutdowns{0};
     std::atomic<int> m_restarts{0};

@@ -101,6 +101,19 @@ int SimParamStore::eraseIf(const std::function<bool(uint32_t key)>& drop) {
     return erased;
 }
 
+std::map<uint32_t, std::vector<uint8_t>> SimParamStore::all() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_blocks;
+}
+
+void SimParamStore::replaceAll(std::map<uint32_t, std::vector<uint8_t>> blocks) {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_blocks = std::move(blocks);
+    }
+    save();
+}
+
 bool SimParamStore::setByte(uint32_t block, uint32_t offset, uint8_t value) {
     if (offset >= kMaxBlockSize)
         return false;

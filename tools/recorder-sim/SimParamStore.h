@@ -28,6 +28,9 @@ public:
     // Forgets every block whose key `drop` answers true for (a get then answers factory
     // values again); persists. Answers how many went.
     int eraseIf(const std::function<bool(uint32_t key)>& drop);
+    // Every block by key, and all of them replaced at once (a configuration file).
+    std::map<uint32_t, std::vector<uint8_t>> all() const;
+    void replaceAll(std::map<uint32_t, std::vector<uint8_t>> blocks);
     // One byte of a block (grown with zeros when needed); persists.
     bool setByte(uint32_t block, uint32_t offset, uint8_t value);
 

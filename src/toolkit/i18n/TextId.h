@@ -444,6 +444,13 @@ constexpr uint32_t EveryDay = 112053;         // Every day
 constexpr uint32_t LoadDefaults = 112054;     // Load defaults
 constexpr uint32_t DefaultsQuestion = 112055; // Load the factory defaults? Settings not kept are lost.
 constexpr uint32_t DefaultsDone = 112056;     // Factory defaults loaded. Kept: %1.
+constexpr uint32_t ExportConfig = 112057;     // Export configuration
+constexpr uint32_t ImportConfig = 112058;     // Import configuration
+constexpr uint32_t ImportQuestion = 112059;   // Replace every setting with the configuration on the USB device?
+constexpr uint32_t ConfigExported = 112060;   // The configuration was saved to the USB device.
+constexpr uint32_t ConfigImported = 112061;   // The configuration was loaded from the USB device.
+constexpr uint32_t NoConfigFile = 112062;     // No configuration file found on the USB device.
+constexpr uint32_t ConfigDamaged = 112063;    // The configuration file is damaged or for another model.
 } // namespace Maintenance
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -866,6 +873,13 @@ constexpr uint32_t kAll[] = {
     Maintenance::LoadDefaults,
     Maintenance::DefaultsQuestion,
     Maintenance::DefaultsDone,
+    Maintenance::ExportConfig,
+    Maintenance::ImportConfig,
+    Maintenance::ImportQuestion,
+    Maintenance::ConfigExported,
+    Maintenance::ConfigImported,
+    Maintenance::NoConfigFile,
+    Maintenance::ConfigDamaged,
 };
 } // namespace TextId
 // clang-format on

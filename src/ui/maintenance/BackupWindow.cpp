@@ -142,8 +142,11 @@ void BackupWindow::open() {
     readUsb();
 }
 
-void BackupWindow::readUsb() {
+bool BackupWindow::readUsb() {
+    VyPointer<BackupWindow> self(this);
     const auto info = MaintenanceLink::usbInfo(); // runs the event loop
+    if (!self)
+        return false;
     m_usbPresent = info && info->present != 0;
     m_usbFreeMiB = m_usbPresent ? info->freeMiB : 0;
     m_usbTotalMiB = m_usbPresent ? info->totalMiB : 0;
@@ -151,6 +154,7 @@ void BackupWindow::readUsb() {
                                       .arg(int(m_usbFreeMiB))
                                       .arg(int(m_usbTotalMiB))
                                 : VyTranslation::tr(TextId::Playback::NoUsbDevice));
+    return true;
 }
 
 uint32_t BackupWindow::typeMask() const {
@@ -161,14 +165,9 @@ uint32_t BackupWindow::typeMask() const {
     return mask;
 }
 
-uint64_t BackupWindow::bytesPerSecond(int channel) {
+uint64_t BackupWindow::bytesPerSecond(int channel) const {
     auto known = m_rates.find(channel);
-    if (known != m_rates.end())
-        return known->second;
-    const uint32_t kbps = ParamAccess::requestPair(uint32_t(channel)).first;
-    const uint64_t rate = kbps > 0 ? uint64_t(kbps) * kBitsPerKbit / 8 : kFallbackBytesPerSecond;
-    m_rates[channel] = rate;
-    return rate;
+    return known != m_rates.end() ? known->second : kFallbackBytesPerSecond;
 }
 
 bool BackupWindow::search() {
@@ -189,8 +188,13 @@ bool BackupWindow::search() {
         return false;
     }
     m_rates.clear();
-    for (int c : channels)
-        bytesPerSecond(c);
+    VyPointer<BackupWindow> self(this);
+    for (int c : channels) {
+        const uint32_t kbps = ParamAccess::requestPair(uint32_t(c)).first; // runs the event loop
+        if (!self)
+            return false;
+        m_rates[c] = kbps > 0 ? uint64_t(kbps) * kBitsPerKbit / 8 : kFallbackBytesPerSecond;
+    }
     setStatus(VyString());
     VY_GUI_LOG("backup search of %zu channels on %s\n", channels.size(),
                m_rangeStart.toString("yyyy-MM-dd").c_str());
@@ -255,7 +259,8 @@ bool BackupWindow::exportChosen() {
         setStatus(VyTranslation::tr(TextId::Maintenance::NothingFound));
         return false;
     }
-    readUsb();
+    if (!readUsb())
+        return false;
     if (!m_usbPresent) {
         setStatus(VyTranslation::tr(TextId::Playback::NoUsbDevice));
         VY_GUI_LOG("backup refused: no USB device\n");

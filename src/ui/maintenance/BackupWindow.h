@@ -79,13 +79,15 @@ private:
     void onCancelRequested();
     void searchClicked() { search(); }
     void exportClicked() { exportChosen(); }
-    void readUsb();
+    // False when the window went while App was answering (the wait runs the event loop).
+    bool readUsb();
     void rebuildItems();
     bool startNext();
     void endJob(ExportState state, uint32_t textId);
     void setStatus(const VyString& text);
     uint32_t typeMask() const;
-    uint64_t bytesPerSecond(int channel);
+    // As asked when the search began; an estimate for a channel App did not answer for.
+    uint64_t bytesPerSecond(int channel) const;
 
     PlaybackSession* m_session; // child
     BitMaskChecks* m_channels;

@@ -3,6 +3,7 @@
 #include "model/MaintenanceLink.h"
 #include "protocol/FactoryDefaults.h"
 #include "runtime/VyLog.h"
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
@@ -65,7 +66,10 @@ bool FactoryDefaultsDialog::load() {
     if (m_loaded)
         return false;
     const uint32_t keep = keepMask();
+    VyPointer<FactoryDefaultsDialog> self(this);
     const auto answer = MaintenanceLink::loadDefaults(keep); // runs the event loop
+    if (!self)
+        return false;
     if (!answer || answer->result != 0) {
         m_status->setText(VyTranslation::tr(TextId::Maintenance::AnswerRefused));
         return false;

@@ -3,6 +3,7 @@
 #include "model/MaintenanceLink.h"
 #include "model/RecDataManager.h"
 #include "runtime/VyLog.h"
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCalendarWidget.h"
@@ -129,7 +130,10 @@ bool SystemLogWindow::showPage(int index) {
     if (index < 0 || (index > 0 && index >= pageCount()))
         return false;
     m_request.first = uint32_t(index) * kPageSize;
+    VyPointer<SystemLogWindow> self(this);
     const auto page = MaintenanceLink::searchLog(m_request); // runs the event loop
+    if (!self)
+        return false;
     if (!page) {
         m_entries.clear();
         m_total = 0;

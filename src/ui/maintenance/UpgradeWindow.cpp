@@ -101,7 +101,10 @@ UpgradeWindow::UpgradeWindow()
 void UpgradeWindow::refresh() {
     if (m_state == State::Running)
         return;
+    VyPointer<UpgradeWindow> self(this);
     const auto files = MaintenanceLink::upgradeFiles(); // runs the event loop
+    if (!self)
+        return;
     m_files = files ? *files : std::vector<UpgradeFileEntry>();
     m_table->setRowCount(int(m_files.size()));
     m_status->setText(!files            ? VyTranslation::tr(TextId::Maintenance::AnswerRefused)
@@ -157,8 +160,9 @@ bool UpgradeWindow::isPolling() const {
 void UpgradeWindow::poll() {
     if (m_state != State::Running)
         return;
+    VyPointer<UpgradeWindow> self(this);
     const auto p = MaintenanceLink::upgradeProgress(); // runs the event loop
-    if (!p || m_state != State::Running)
+    if (!self || !p || m_state != State::Running)
         return; // a broken answer: asked again at the next tick
     switch (p->state) {
     case UpgradeProgress::kRunning:

@@ -1,10 +1,15 @@
 #include "ui/settings/MaintenancePage.h"
 
+#include "model/MaintenanceLink.h"
 #include "protocol/AutoRestartBlock.h"
+#include "runtime/VyLog.h"
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyComboBox.h"
+#include "toolkit/widgets/VyLabel.h"
+#include "toolkit/widgets/VyMessageBox.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "toolkit/widgets/VyTimeEdit.h"
 #include "ui/UiLook.h"
@@ -15,7 +20,7 @@
 namespace {
 
 // Pixels at 1920x1080.
-constexpr int kButtonWidthDesign = 240;
+constexpr int kButtonWidthDesign = 340; // "Export configuration" in the longer languages
 constexpr int kButtonHeightDesign = 48;
 constexpr int kGapDesign = 24;
 // The factory schedule: off, and when switched on, Sundays at 03:00, the quietest hour.
@@ -38,7 +43,8 @@ void openOver() {
 } // namespace
 
 MaintenancePage::MaintenancePage(VyWidget* parent)
-    : SettingsPage(TextId::Maintenance::Title, parent) {
+    : SettingsPage(TextId::Maintenance::Title, parent)
+    , m_confirmImport(&MaintenancePage::askWithMessageBox) {
     m_slot = blocks().declare<AutoRestartBlock>();
     m_enabled = new VyCheckBox(this);
     addRow(TextId::Maintenance::AutoRestart, m_enabled);
@@ -58,8 +64,14 @@ MaintenancePage::MaintenancePage(VyWidget* parent)
     connect(m_upgrade, &m_upgrade->clicked, this, VY_SLOT(MaintenancePage, openUpgrade));
     m_defaults = new VyPushButton(VyTranslation::tr(TextId::Maintenance::LoadDefaults), this);
     connect(m_defaults, &m_defaults->clicked, this, VY_SLOT(MaintenancePage, openDefaults));
-    for (VyPushButton* b : {m_log, m_upgrade, m_defaults})
+    m_export = new VyPushButton(VyTranslation::tr(TextId::Maintenance::ExportConfig), this);
+    connect(m_export, &m_export->clicked, this, VY_SLOT(MaintenancePage, exportClicked));
+    m_import = new VyPushButton(VyTranslation::tr(TextId::Maintenance::ImportConfig), this);
+    connect(m_import, &m_import->clicked, this, VY_SLOT(MaintenancePage, importClicked));
+    for (VyPushButton* b : {m_log, m_upgrade, m_defaults, m_export, m_import})
         b->show();
+    m_status = new VyLabel(this);
+    m_status->show();
 }
 
 void MaintenancePage::showValues() {
@@ -112,6 +124,54 @@ void MaintenancePage::openDefaults() {
     openOver<FactoryDefaultsDialog>();
 }
 
+bool MaintenancePage::askWithMessageBox() {
+    VyMessageBox box(VyMessageBox::Warning, VyString(), VyMessageBox::Yes | VyMessageBox::No);
+    box.setTextId(TextId::Maintenance::ImportQuestion);
+    return box.exec() == VyMessageBox::Yes;
+}
+
+bool MaintenancePage::importConfig() {
+    VyPointer<MaintenancePage> self(this);
+    const bool confirmed = m_confirmImport && m_confirmImport(); // may run the event loop
+    return self && confirmed && transferConfig(false);
+}
+
+bool MaintenancePage::transferConfig(bool toStick) {
+    VyPointer<MaintenancePage> self(this);
+    const auto answer = MaintenanceLink::transferConfig(toStick); // runs the event loop
+    if (!self)
+        return false;
+    uint32_t text = TextId::Maintenance::AnswerRefused;
+    if (answer) {
+        switch (answer->result) {
+        case ConfigTransferAnswer::kDone:
+            text =
+                toStick ? TextId::Maintenance::ConfigExported : TextId::Maintenance::ConfigImported;
+            break;
+        case ConfigTransferAnswer::kNoDevice:
+            text = TextId::Playback::NoUsbDevice;
+            break;
+        case ConfigTransferAnswer::kNoSpace:
+            text = TextId::Playback::UsbFull;
+            break;
+        case ConfigTransferAnswer::kNoFile:
+            text = TextId::Maintenance::NoConfigFile;
+            break;
+        default:
+            text = TextId::Maintenance::ConfigDamaged;
+            break;
+        }
+    }
+    m_status->setText(VyTranslation::tr(text));
+    VY_GUI_LOG("configuration %s the USB stick: %s\n", toStick ? "to" : "from",
+               m_status->text().c_str());
+    return answer && answer->result == ConfigTransferAnswer::kDone;
+}
+
+VyString MaintenancePage::statusText() const {
+    return m_status->text();
+}
+
 void MaintenancePage::resizeEvent(VyResizeEvent* e) {
     SettingsPage::resizeEvent(e);
     const int gap = UiLook::scaledX(kGapDesign);
@@ -120,4 +180,8 @@ void MaintenancePage::resizeEvent(VyResizeEvent* e) {
     m_log->setGeometry(gap, y, bw, bh);
     m_upgrade->setGeometry(2 * gap + bw, y, bw, bh);
     m_defaults->setGeometry(3 * gap + 2 * bw, y, bw, bh);
+    const int y2 = y + bh + gap;
+    m_export->setGeometry(gap, y2, bw, bh);
+    m_import->setGeometry(2 * gap + bw, y2, bw, bh);
+    m_status->setGeometry(gap, y2 + bh + gap, width() - 2 * gap, bh);
 }
