@@ -44,6 +44,7 @@ public:
 
 std::vector<std::vector<uint8_t>> edits(SettingsPage* page) {
     std::vector<std::vector<uint8_t>> out;
+    out.reserve(size_t(page->blocks().count()));
     for (int i = 0; i < page->blocks().count(); ++i)
         out.push_back(page->blocks().block(i).edit);
     return out;

@@ -30,7 +30,7 @@ constexpr int kMaxPort = 65535;
 constexpr int kFirstYear = 2000; // the recorder's clock runs from 2000 to 2037
 constexpr int kLastYear = 2037;
 constexpr int kMarginDesign = 24; // pixels at 1920x1080
-constexpr int kButtonWidthDesign = 240;
+constexpr int kButtonWidthDesign = 320;
 constexpr int kRowHeightDesign = 44;
 constexpr uint16_t kDefaultIntervalMin = 60;
 

@@ -95,3 +95,13 @@ void DstPage::modeChosen() {
     m_start->setRule(b.dstStart, "DST start");
     m_end->setRule(b.dstEnd, "DST end");
 }
+
+void DstPage::resizeEvent(VyResizeEvent* e) {
+    SettingsPage::resizeEvent(e);
+    // Four controls in a row: twice a row's usual width, so the weekday names fit.
+    for (DstRuleEdit* rule : {m_start, m_end}) {
+        const VyRect g = rule->geometry();
+        rule->setGeometry(
+            VyRect(g.x(), g.y(), std::min(2 * g.width(), width() - g.x()), g.height()));
+    }
+}

@@ -22,6 +22,7 @@ public:
 protected:
     void showValues() override;
     void collectValues() override;
+    void resizeEvent(VyResizeEvent* e) override;
 
 private:
     void modeChosen();
