@@ -8,6 +8,7 @@
 #include "toolkit/events/DvrKeyEvent.h"
 #include "toolkit/graphics/VyWindowSurface.h"
 #include "toolkit/input/VyKeyManager.h"
+#include "ui/ShellActions.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -101,6 +102,8 @@ bool ControlChannel::runCommand(const VyString& line) {
                                      std::make_unique<DvrKeyEvent>(static_cast<uint32_t>(key)));
         return true;
     }
+    if (text.rfind("open ", 0) == 0)
+        return openScreen(text.substr(5));
     if (text == "state") {
         ++m_stateSeq;
         std::printf("state: seq=%u %s\n", m_stateSeq, stateText().c_str());
@@ -109,6 +112,29 @@ bool ControlChannel::runCommand(const VyString& line) {
     }
     vySystemLine("control: unknown command \"%s\"\n", text.c_str());
     return false;
+}
+
+bool ControlChannel::openScreen(const std::string& name) {
+    ShellActions* shell = ShellActions::instance();
+    if (shell == nullptr) {
+        vySystemLine("control: no window layer to open %s\n", name.c_str());
+        return false;
+    }
+    if (name == "playback")
+        shell->openPlayback(-1, 0);
+    else if (name == "settings")
+        shell->openSettings();
+    else if (name == "backup")
+        shell->openBackup();
+    else if (name == "analytics")
+        shell->openAnalytics();
+    else if (name == "wizard")
+        shell->openWizard();
+    else {
+        vySystemLine("control: no screen \"%s\" to open\n", name.c_str());
+        return false;
+    }
+    return true;
 }
 
 VyString ControlChannel::stateText() const {

@@ -5,14 +5,19 @@
 //
 //   key N     the device key N, posted to the key manager as its poll thread posts a key
 //             (without the poll's one key per 150 ms, so a driver can press keys fast)
-//   state     prints one line "state: seq=S windows=A,B modal=M focus=F queue=Q peak=P"
-//             (the shown windows bottom to top by class, the modal depth, the focus
-//             widget's class, the events waiting now and the most that ever waited)
+//   open NAME opens a screen as the start menu does: playback, settings, backup, analytics
+//             or wizard (a driver's warm-up visits each once)
+//   state     prints one line "state: seq=S windows=A,B modal=M focus=F queue=Q peak=P
+//             heap=H held=K" (the shown windows bottom to top by class, the modal depth,
+//             the focus widget's class, the events waiting now and the most that ever
+//             waited, the heap in use and held from the system in kB)
 //
 // A driver asks for "state" and waits for the answer whose sequence number follows the
 // last it saw, so it never takes a line printed before the state it wants existed.
 #include "runtime/VyString.h"
 #include "toolkit/core/VyObject.h"
+
+#include <string>
 
 #include <atomic>
 #include <cstdint>
@@ -35,6 +40,7 @@ protected:
     void customEvent(VyEvent* e) override;
 
 private:
+    bool openScreen(const std::string& name);
     static void* readLoop(void* self);
     int m_fd = -1;
     uint32_t m_stateSeq = 0;

@@ -1,5 +1,7 @@
 #include "model/FaceLibraryModel.h"
 
+#include "toolkit/core/VySingleShotTimer.h"
+
 #include "model/RecorderLink.h"
 #include "protocol/FaceEntry.h"
 #include "protocol/MainType.h"
@@ -228,6 +230,31 @@ std::optional<FaceReply::UsbFiles> FaceLibraryModel::usbFiles(uint32_t kind) {
     std::vector<uint8_t> reply;
     link->request(MainType::Analytics, FaceSubType::UsbFiles, &request, sizeof request, reply);
     return FaceReply::parseUsbFiles(reply.data(), reply.size());
+}
+
+VyBitmap FaceLibraryModel::cachedPicture(uint32_t kind, uint32_t id) {
+    const std::pair<uint32_t, uint32_t> key{kind, id};
+    for (const auto& entry : m_pictures)
+        if (entry.first == key)
+            return entry.second;
+    if (std::find(m_wanted.begin(), m_wanted.end(), key) == m_wanted.end() &&
+        m_wanted.size() < kPictureCacheSize)
+        m_wanted.push_back(key);
+    if (!m_fetchPosted) {
+        m_fetchPosted = true;
+        VySingleShotTimer::singleShot(0, this, VY_SLOT(FaceLibraryModel, fetchWanted));
+    }
+    return {};
+}
+
+void FaceLibraryModel::fetchWanted() {
+    m_fetchPosted = false;
+    std::vector<std::pair<uint32_t, uint32_t>> wanted;
+    wanted.swap(m_wanted);
+    for (const auto& key : wanted)
+        picture(key.first, key.second);
+    if (!wanted.empty())
+        emitSignal(this, &picturesArrived);
 }
 
 VyBitmap FaceLibraryModel::picture(uint32_t kind, uint32_t id) {

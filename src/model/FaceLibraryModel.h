@@ -74,6 +74,11 @@ public:
     std::optional<FaceReply::UsbFiles> usbFiles(uint32_t kind);
     // `kind`: FacePictureRequest::kFace or kCapture; null when App has none or it is broken.
     VyBitmap picture(uint32_t kind, uint32_t id);
+    // The same from the cache alone, for painting: asking App runs the event loop, which
+    // must not happen inside a paint. A picture not cached yet is asked for right after,
+    // and `picturesArrived` tells when the wanted ones are in.
+    VyBitmap cachedPicture(uint32_t kind, uint32_t id);
+    VySignal picturesArrived;
     // Recognitions of [from, to) on the channels of the mask, in App's order; at most
     // kMaxRecognitions (logged when cut).
     std::vector<FaceRecognition> recognitions(int64_t from, int64_t to, uint64_t channelMask);
@@ -89,4 +94,7 @@ private:
     bool m_loaded = false;
     // Most recently used first; bounded by kPictureCacheSize.
     std::list<std::pair<std::pair<uint32_t, uint32_t>, VyBitmap>> m_pictures;
+    std::vector<std::pair<uint32_t, uint32_t>> m_wanted; // asked for while painting
+    bool m_fetchPosted = false;
+    void fetchWanted();
 };

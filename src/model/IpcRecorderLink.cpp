@@ -10,6 +10,7 @@ uint32_t IpcRecorderLink::send(uint16_t mainType, uint16_t subType, const void* 
 void IpcRecorderLink::request(uint16_t mainType, uint16_t subType, const void* body, uint32_t len,
                               std::vector<uint8_t>& reply) {
     reply.clear();
+    const WaitingScope waiting;
     // False only once the client was stopped at process end; the reply stays empty then.
     m_client.request(reply, mainType, subType, body, len);
 }

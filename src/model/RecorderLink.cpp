@@ -2,6 +2,7 @@
 
 namespace {
 RecorderLink* g_link = nullptr;
+int g_waiting = 0; // GUI thread only
 } // namespace
 
 RecorderLink* RecorderLink::instance() {
@@ -9,4 +10,16 @@ RecorderLink* RecorderLink::instance() {
 }
 void RecorderLink::setInstance(RecorderLink* link) {
     g_link = link;
+}
+
+int RecorderLink::requestsWaiting() {
+    return g_waiting;
+}
+
+RecorderLink::WaitingScope::WaitingScope() {
+    ++g_waiting;
+}
+
+RecorderLink::WaitingScope::~WaitingScope() {
+    --g_waiting;
 }

@@ -25,4 +25,18 @@ public:
     // The process-wide link; null until start-up (or a test) installs one.
     static RecorderLink* instance();
     static void setInstance(RecorderLink* link);
+
+    // Requests now waiting for App (in waiter mode, each in a nested loop of the GUI thread).
+    // A window must not delete a page while this is above 0: the page's code that asked may
+    // be below on the stack, and would return into a deleted object.
+    static int requestsWaiting();
+
+protected:
+    // Kept by a link around each request it waits for.
+    struct WaitingScope {
+        WaitingScope();
+        ~WaitingScope();
+        WaitingScope(const WaitingScope&) = delete;
+        WaitingScope& operator=(const WaitingScope&) = delete;
+    };
 };

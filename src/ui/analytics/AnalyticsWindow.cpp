@@ -1,6 +1,7 @@
 #include "ui/analytics/AnalyticsWindow.h"
 
 #include "model/DeviceProfile.h"
+#include "model/RecorderLink.h"
 #include "protocol/AnalyticsCap.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
@@ -79,6 +80,13 @@ bool AnalyticsWindow::showApplication(int index) {
         return false;
     if (index == m_current && m_page)
         return true;
+    if (RecorderLink::requestsWaiting() > 0) {
+        // The open page may be the one waiting for App: it stays until the answer is in.
+        VY_GUI_LOG("analytics tab %d not opened: App has not answered yet\n", index);
+        if (m_tabs->currentIndex() != m_current && m_current >= 0)
+            m_tabs->setCurrentIndex(m_current);
+        return false;
+    }
     if (VyWidget* old = m_page.data()) {
         // Later, not now: this may run inside a handler of the old page.
         old->hide();
@@ -108,6 +116,11 @@ void AnalyticsWindow::keyPressEvent(VyKeyEvent* e) {
         return;
     }
     e->accept();
+    if (RecorderLink::requestsWaiting() > 0) {
+        // Closing would delete the page that may be waiting for App below this key.
+        VY_GUI_LOG("analytics window stays until App answers\n");
+        return;
+    }
     close();
 }
 

@@ -261,7 +261,9 @@ void SettingsWindow::syncTab() {
 
 void SettingsWindow::tabChosen() {
     const int wanted = m_tabs->currentIndex();
-    if (wanted != m_pageIndex && !showPage(wanted))
+    // Showing a page waits for App, and the window may be closed meanwhile.
+    VyPointer<SettingsWindow> self(this);
+    if (wanted != m_pageIndex && !showPage(wanted) && self)
         syncTab(); // stayed: the tab goes back to the page on screen
 }
 

@@ -65,12 +65,16 @@ FaceLibraryPage::FaceLibraryPage(FaceLibraryModel* library, int channelCount, Vy
         FaceThumbnailGrid::Cell cell;
         if (i < 0 || size_t(i) >= m_faces.size())
             return cell;
-        const FaceLibraryModel::Face& f = m_faces[size_t(i)];
-        cell.picture = m_library ? m_library->picture(FacePictureRequest::kFace, f.id) : VyBitmap();
+        // A copy: fetching the picture may wait for App, and the list may change meanwhile.
+        const FaceLibraryModel::Face f = m_faces[size_t(i)];
+        cell.picture =
+            m_library ? m_library->cachedPicture(FacePictureRequest::kFace, f.id) : VyBitmap();
         cell.line1 = f.name;
         cell.line2 = f.note;
         return cell;
     });
+    if (m_library != nullptr)
+        connect(m_library, &m_library->picturesArrived, this, VY_SLOT(FaceLibraryPage, picturesIn));
     connect(m_groups, &m_groups->currentIndexChanged, this, VY_SLOT(FaceLibraryPage, groupChosen));
     connect(m_grid, &m_grid->currentChanged, this, VY_SLOT(FaceLibraryPage, faceChosen));
     connect(m_addGroup, &m_addGroup->clicked, this, VY_SLOT(FaceLibraryPage, addGroup));
@@ -280,4 +284,8 @@ void FaceLibraryPage::resizeEvent(VyResizeEvent*) {
     FacePageRow::place(3, {{m_message, 1200}});
     const int top = FacePageRow::top(4);
     m_grid->setGeometry(0, top, width(), std::max(0, height() - top));
+}
+
+void FaceLibraryPage::picturesIn() {
+    m_grid->update();
 }

@@ -57,6 +57,7 @@ protected:
     void resizeEvent(VyResizeEvent* e) override;
 
 private:
+    void picturesIn();
     void fillGroups(uint32_t keepGroupId);
     void fillUsb();
     void showGroup();

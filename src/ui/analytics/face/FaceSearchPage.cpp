@@ -67,7 +67,7 @@ FaceSearchPage::FaceSearchPage(FaceLibraryModel* library, int channelCount, VyWi
         if (!hit)
             return cell;
         if (m_library != nullptr)
-            cell.picture = m_library->picture(FacePictureRequest::kCapture, hit->captureId);
+            cell.picture = m_library->cachedPicture(FacePictureRequest::kCapture, hit->captureId);
         cell.line1 = VyString(
             AttendanceReport::dateText(hit->time / AttendanceReport::kSecondsPerDay).c_str());
         cell.line2 = VyString(AttendanceReport::timeText(hit->time).c_str()) + "  " +
@@ -75,6 +75,8 @@ FaceSearchPage::FaceSearchPage(FaceLibraryModel* library, int channelCount, VyWi
         cell.line3 = VyTranslation::tr(TextId::Analytics::ChannelNumber).arg(int(hit->channel) + 1);
         return cell;
     });
+    if (m_library != nullptr)
+        connect(m_library, &m_library->picturesArrived, this, VY_SLOT(FaceSearchPage, picturesIn));
     connect(m_search, &m_search->clicked, this, VY_SLOT(FaceSearchPage, search));
     connect(m_grid, &m_grid->activated, this, VY_SLOT(FaceSearchPage, openActivated));
     for (VyObject* child : children())
@@ -159,4 +161,8 @@ void FaceSearchPage::resizeEvent(VyResizeEvent*) {
                            {m_summary, 300}});
     const int top = FacePageRow::top(2);
     m_grid->setGeometry(0, top, width(), std::max(0, height() - top));
+}
+
+void FaceSearchPage::picturesIn() {
+    m_grid->update();
 }

@@ -47,6 +47,7 @@ protected:
     void resizeEvent(VyResizeEvent* e) override;
 
 private:
+    void picturesIn();
     void showResults();
 
     FaceLibraryModel* m_library;
