@@ -6,7 +6,7 @@
 //   key N     the device key N, posted to the key manager as its poll thread posts a key
 //             (without the poll's one key per 150 ms, so a driver can press keys fast)
 //   open NAME opens a screen as the start menu does: playback, settings, backup, analytics
-//             or wizard (a driver's warm-up visits each once)
+//             or wizard
 //   state     prints one line "state: seq=S windows=A,B modal=M focus=F queue=Q peak=P
 //             heap=H held=K" (the shown windows bottom to top by class, the modal depth,
 //             the focus widget's class, the events waiting now and the most that ever

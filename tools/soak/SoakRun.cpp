@@ -137,7 +137,6 @@ private:
     bool simCaughtUp();
     bool probe(GuiState* state);
     bool checkpoint(bool warmUpEnds);
-    bool tourScreens();
     void randomInput();
     void randomNotification();
     bool restartSim();
@@ -330,20 +329,6 @@ bool SoakDriver::probe(GuiState* state) {
     return true;
 }
 
-bool SoakDriver::tourScreens() {
-    for (const char* screen : {"playback", "settings", "backup", "analytics", "wizard"}) {
-        if (!control(std::string("open ") + screen))
-            return false;
-        for (int i = 0; i < kEscapesAtEnd; ++i)
-            if (!control("key " + std::to_string(kEscapeKey)))
-                return false;
-        GuiState state;
-        if (!probe(&state))
-            return false;
-    }
-    return true;
-}
-
 bool SoakDriver::checkpoint(bool warmUpEnds) {
     GuiState state;
     if (!simCaughtUp() || !probe(&state))
@@ -520,10 +505,6 @@ SoakReport SoakDriver::run() {
             m_report.restarts < m_options.simRestarts && !restartSim())
             break;
         const bool warmUpEnds = m_step == warmUpEnd;
-        // Windows made on first use and kept (playback, settings, ...) are not growth:
-        // the warm-up opens each once before the memory it ends with is taken.
-        if (warmUpEnds && !tourScreens())
-            break;
         if ((m_step % m_options.batch == 0 || warmUpEnds) && !checkpoint(warmUpEnds))
             break;
     }

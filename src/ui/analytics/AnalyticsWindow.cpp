@@ -80,8 +80,8 @@ bool AnalyticsWindow::showApplication(int index) {
         return false;
     if (index == m_current && m_page)
         return true;
-    if (RecorderLink::requestsWaiting() > 0) {
-        // The open page may be the one waiting for App: it stays until the answer is in.
+    if (pageIsWaiting()) {
+        // The open page is waiting for App below this call: it stays until the answer is in.
         VY_GUI_LOG("analytics tab %d not opened: App has not answered yet\n", index);
         if (m_tabs->currentIndex() != m_current && m_current >= 0)
             m_tabs->setCurrentIndex(m_current);
@@ -94,7 +94,12 @@ bool AnalyticsWindow::showApplication(int index) {
     }
     m_page.reset();
     m_current = index;
+    // Requests are nested loops, last in first out: whatever waits above this count once
+    // the page exists was asked by the page (or under it).
+    m_waitingBeforePage = RecorderLink::requestsWaiting();
+    m_making = true; // a page's constructor may wait for App
     VyWidget* p = m_applications[size_t(index)].make(this, m_channels);
+    m_making = false;
     if (p != nullptr) {
         p->setGeometry(pageArea());
         p->show();
@@ -104,6 +109,10 @@ bool AnalyticsWindow::showApplication(int index) {
         m_tabs->setCurrentIndex(index);
     update();
     return true;
+}
+
+bool AnalyticsWindow::pageIsWaiting() const {
+    return m_making || (m_page && RecorderLink::requestsWaiting() > m_waitingBeforePage);
 }
 
 void AnalyticsWindow::tabChosen() {
@@ -116,8 +125,8 @@ void AnalyticsWindow::keyPressEvent(VyKeyEvent* e) {
         return;
     }
     e->accept();
-    if (RecorderLink::requestsWaiting() > 0) {
-        // Closing would delete the page that may be waiting for App below this key.
+    if (pageIsWaiting()) {
+        // Closing would delete the page that waits for App below this key.
         VY_GUI_LOG("analytics window stays until App answers\n");
         return;
     }

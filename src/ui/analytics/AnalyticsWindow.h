@@ -57,6 +57,9 @@ private:
     uint64_t m_channels;
     std::vector<AnalyticsApplication> m_applications;
     int m_current = -1;
+    int m_waitingBeforePage = 0; // requests waiting for App when the page was made
+    bool m_making = false;       // inside a page's constructor
+    bool pageIsWaiting() const;
     VyLabel* m_title;
     VyLabel* m_empty; // shown while no application is offered
     VyTabBar* m_tabs;
