@@ -10,6 +10,9 @@
 #include "protocol/ParamRequest.h"
 #include "toolkit/widgets/WndTimeoutManager.h"
 
+#include <cstring>
+#include <memory>
+
 #include <unistd.h>
 
 TEST_F(UiManagerTest, ConstructionTakesOverSettingsAndAnnouncesThePid) {
@@ -96,13 +99,17 @@ TEST_F(UiManagerTest, DelayedStartFiresExactlyAfterTheIntervalOfTheCameraCount) 
 }
 
 namespace {
-// The block 12 record the GUI wrote back, if any.
-const OutputSettingsBlock* writtenOutput(const FakeRecorderLink& link) {
+// The block 12 record the GUI wrote back, if any; copied out, since it follows the 12-byte
+// request in the message and the record needs its own alignment.
+std::unique_ptr<OutputSettingsBlock> writtenOutput(const FakeRecorderLink& link) {
     for (const SentMessage& m : link.sent) {
         auto req = ParamRequest::decode(m.body.data(), m.body.size());
         if (m.mainType == 600 && req && req->getFlag == 0 && req->blockNumber == 12 &&
-            m.body.size() == 12 + sizeof(OutputSettingsBlock))
-            return reinterpret_cast<const OutputSettingsBlock*>(m.body.data() + 12);
+            m.body.size() == 12 + sizeof(OutputSettingsBlock)) {
+            auto block = std::make_unique<OutputSettingsBlock>();
+            std::memcpy(block.get(), m.body.data() + 12, sizeof(OutputSettingsBlock));
+            return block;
+        }
     }
     return nullptr;
 }
@@ -133,7 +140,7 @@ TEST_F(UiManagerTest, KeptNewResolutionBecomesTheConfirmedOne) {
     build();
     manager->delayedStart();
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"confirm:2", "apply:2", "mainview"}));
-    const OutputSettingsBlock* w = writtenOutput(link);
+    const auto w = writtenOutput(link);
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->resolution, OutputSettingsBlock::R1024p);
     EXPECT_EQ(w->confirmedResolution, OutputSettingsBlock::R1024p);
@@ -147,7 +154,7 @@ TEST_F(UiManagerTest, RefusedNewResolutionFallsBackAndRestoresTheOutput) {
     build();
     manager->delayedStart();
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"confirm:4", "apply:1:restore", "mainview"}));
-    const OutputSettingsBlock* w = writtenOutput(link);
+    const auto w = writtenOutput(link);
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->resolution, OutputSettingsBlock::R720p);
     EXPECT_EQ(w->confirmedResolution, OutputSettingsBlock::R720p);

@@ -110,6 +110,7 @@ TEST_F(WizardE2e, ClosingWithTheBoxUntickedSwitchesTheWizardBackOn) {
     wizard->doNotShowBox()->setChecked(false);
     wizard->reject();
     EXPECT_TRUE(runUntil([&] { return stored<GeneralSettingsBlock>().wizardEnabled == 1; }));
+    EXPECT_TRUE(runUntil([&] { return wizard.isNull(); })); // deleted once closed
 }
 
 } // namespace
