@@ -459,14 +459,18 @@ bool SoakDriver::finish() {
     m_report.finalWindows = state.windows;
     // Every window left must have been there at the start: the main view and what lives
     // with it for the whole run.
-    std::istringstream left(state.windows);
+    // A locked screen is the one state Escape must not leave: the lock and its login prompt
+    // stay, and what lies under them is reached again after a login, not by Escape.
+    const bool locked = ("," + state.windows + ",").find(",ScreenLockWindow,") != std::string::npos;
+    m_report.endedLocked = locked;
+    std::istringstream left(locked ? std::string() : state.windows);
     for (std::string w; std::getline(left, w, ',');) {
         if (("," + m_startWindows + ",").find("," + w + ",") == std::string::npos)
             return fail("window " + w + " still open after " + std::to_string(kEscapesAtEnd) +
                         " Escapes (windows " + state.windows + ", at the start " + m_startWindows +
                         ")");
     }
-    if (state.modal > 0)
+    if (state.modal > (locked ? 1 : 0))
         return fail("a modal window is still open after the Escapes");
     const int status = m_gui.stop(30000);
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -533,7 +537,7 @@ std::string SoakReport::summary() const {
       << finalKb << " kB (whole resident set: peak " << peakRssKb << " kB, final " << finalRssKb
       << " kB); longest queue " << longestQueue << " events";
     if (!finalWindows.empty())
-        s << "; windows at the end " << finalWindows;
+        s << "; windows at the end " << finalWindows << (endedLocked ? " (screen locked)" : "");
     if (!ok)
         s << "\n  " << failure;
     return s.str();

@@ -45,6 +45,7 @@ struct SoakReport {
     long finalRssKb = 0;
     int longestQueue = 0;
     std::string finalWindows;
+    bool endedLocked = false; // the run locked the screen; windows under the lock not judged
 
     std::string summary() const;
 };
