@@ -470,7 +470,7 @@ bool SoakDriver::finish() {
                         " Escapes (windows " + state.windows + ", at the start " + m_startWindows +
                         ")");
     }
-    if (state.modal > (locked ? 1 : 0))
+    if (!locked && state.modal > 0)
         return fail("a modal window is still open after the Escapes");
     const int status = m_gui.stop(30000);
     std::lock_guard<std::mutex> lock(m_mutex);
