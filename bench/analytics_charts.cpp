@@ -8,6 +8,7 @@
 //   at most 2 times that fill.
 #include "core_ratio_reporter.h"
 
+#include "BenchPages.h"
 #include "BenchTargets.h"
 #include "runtime/VyBitmap.h"
 #include "runtime/VyFontEngine.h"
@@ -119,15 +120,7 @@ Scene& scene() {
 
 void showOnly(Page* page) {
     Scene& s = scene();
-    for (Page* p : {s.empty, s.filled, s.chartPage, s.mapPage, s.gridPage})
-        if (p != page && p->isVisible())
-            p->hide();
-    if (!page->isVisible()) {
-        page->show();
-        for (VyObject* c : page->children())
-            static_cast<VyWidget*>(c)->show();
-    }
-    s.app->processPostedEvents();
+    showPageAlone({s.empty, s.filled, s.chartPage, s.mapPage, s.gridPage}, page, s.app);
 }
 
 // Pixels flushed per repaint of the last bar-chart benchmark.

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include "BenchPages.h"
 #include "BenchTargets.h"
 #include "runtime/VyBitmap.h"
 #include "runtime/VyFontEngine.h"
@@ -91,37 +92,20 @@ Scene& scene() {
 
 void showOnly(Page* page) {
     Scene& s = scene();
-    for (Page* p : {s.empty, s.gridPage})
-        if (p != page && p->isVisible())
-            p->hide();
-    if (!page->isVisible()) {
-        page->show();
-        for (VyObject* c : page->children())
-            static_cast<VyWidget*>(c)->show();
-    }
-    s.app->processPostedEvents();
+    showPageAlone({s.empty, s.gridPage}, page, s.app);
 }
 
-struct Counts {
-    uint64_t pixels;
-    int flushes;
-};
-
-Counts counts() {
-    VyScreen* screen = scene().app->screen();
-    return {screen->flushedPixelCount(), screen->flushCount()};
+FlushCounts counts() {
+    return FlushCounts::of(scene().app->screen());
 }
 
-void report(benchmark::State& state, const Counts& before) {
-    const Counts after = counts();
-    const double n = double(state.iterations());
-    state.counters["pixelsFlushed"] = double(after.pixels - before.pixels) / n;
-    state.counters["flushes"] = double(after.flushes - before.flushes) / n;
+void report(benchmark::State& state, const FlushCounts& before) {
+    reportFlushes(state, scene().app->screen(), before);
 }
 
 void BM_FullScreenFlush(benchmark::State& state) {
     showOnly(scene().empty);
-    const Counts before = counts();
+    const FlushCounts before = counts();
     for (auto _ : state) {
         scene().empty->update();
         scene().app->processPostedEvents();
@@ -138,7 +122,7 @@ void BM_FaceGridOf200ScrollsOnePage(benchmark::State& state) {
     s.grid->setFirstRow(0);
     s.grid->setCurrentIndex(s.grid->columns() - 1);
     s.app->processPostedEvents();
-    const Counts before = counts();
+    const FlushCounts before = counts();
     bool down = true;
     for (auto _ : state) {
         VyKeyEvent key(VyEvent::KeyPress, down ? VyKeyEvent::KeyRight : VyKeyEvent::KeyLeft);

@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "BenchPages.h"
 #include "BenchTargets.h"
 #include "runtime/VyFontEngine.h"
 #include "runtime/VyResources.h"
@@ -155,42 +156,25 @@ Scene& scene() {
 
 void showOnly(Page* page) {
     Scene& s = scene();
-    for (Page* p : {s.empty, s.tablePage, s.paintedPage, s.comboPage})
-        if (p != page && p->isVisible())
-            p->hide();
-    if (!page->isVisible()) {
-        page->show();
-        for (VyObject* c : page->children())
-            static_cast<VyWidget*>(c)->show();
-    }
-    s.app->processPostedEvents();
+    showPageAlone({s.empty, s.tablePage, s.paintedPage, s.comboPage}, page, s.app);
 }
 
-struct Counts {
-    uint64_t pixels;
-    int flushes;
-};
-
-Counts counts() {
-    VyScreen* screen = scene().app->screen();
-    return {screen->flushedPixelCount(), screen->flushCount()};
+FlushCounts counts() {
+    return FlushCounts::of(scene().app->screen());
 }
 
-void report(benchmark::State& state, const Counts& before, int64_t iterations) {
-    const Counts after = counts();
-    const double n = double(iterations);
-    state.counters["pixelsFlushed"] = double(after.pixels - before.pixels) / n;
-    state.counters["flushes"] = double(after.flushes - before.flushes) / n;
+void report(benchmark::State& state, const FlushCounts& before) {
+    reportFlushes(state, scene().app->screen(), before);
 }
 
 void BM_FullScreenFlush(benchmark::State& state) {
     showOnly(scene().empty);
-    const Counts before = counts();
+    const FlushCounts before = counts();
     for (auto _ : state) {
         scene().empty->update();
         scene().app->processPostedEvents();
     }
-    report(state, before, state.iterations());
+    report(state, before);
 }
 
 void pageBackAndForth(benchmark::State& state, Page* page, VyTableWidget* table) {
@@ -199,7 +183,7 @@ void pageBackAndForth(benchmark::State& state, Page* page, VyTableWidget* table)
     table->setFocus();
     table->setCurrentCell(kRows / 2, 0);
     s.app->processPostedEvents();
-    const Counts before = counts();
+    const FlushCounts before = counts();
     bool down = true;
     for (auto _ : state) {
         VyKeyEvent key(VyEvent::KeyPress, down ? VyKeyEvent::KeyRight : VyKeyEvent::KeyLeft);
@@ -207,7 +191,7 @@ void pageBackAndForth(benchmark::State& state, Page* page, VyTableWidget* table)
         s.app->processPostedEvents();
         down = !down;
     }
-    report(state, before, state.iterations());
+    report(state, before);
     state.counters["rowsPerPage"] = table->visibleRowCount();
 }
 
@@ -223,7 +207,7 @@ void BM_TableOnAPaintedWindowScrollsOnePage(benchmark::State& state) {
 void BM_ComboPopupOf64ItemsOpens(benchmark::State& state) {
     Scene& s = scene();
     showOnly(s.comboPage);
-    const Counts before = counts();
+    const FlushCounts before = counts();
     for (auto _ : state) {
         s.combo->showPopup();
         s.app->processPostedEvents();
@@ -232,7 +216,7 @@ void BM_ComboPopupOf64ItemsOpens(benchmark::State& state) {
         s.app->processPostedEvents();
         state.ResumeTiming();
     }
-    report(state, before, state.iterations());
+    report(state, before);
 }
 
 // The heap bytes a table holds once built and laid out (its children, headers, scroll bar).
