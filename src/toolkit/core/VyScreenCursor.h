@@ -120,6 +120,8 @@ private:
     // Moves the drawn image to `to` in one pass when neither place is clipped and the two
     // do not overlap; false (nothing done) otherwise.
     bool jumpWhole(VyPoint to);
+    void jumpRuns(uint16_t* oldLine, uint16_t* newLine, size_t pitch, uint16_t* saved,
+                  const uint16_t* ink) const;
     // The image as framebuffer pixels and, per row, its runs of drawn pixels.
     void prepareInk();
     VyRect clippedArea(VyPoint topLeft) const;
@@ -146,6 +148,7 @@ private:
     std::vector<uint16_t> m_ink;
     std::vector<std::pair<int, int>> m_runs; // first column, length
     std::vector<int> m_rowRuns;              // row y's runs: [m_rowRuns[y], m_rowRuns[y + 1])
+    bool m_opaque = false;                   // one run of the whole width on every row
     std::vector<uint16_t> m_saveUnder;
     int m_saveWidth = 0;
     int m_saveHeight = 0;

@@ -95,6 +95,53 @@ TEST(CursorOverlay, DrawsWithoutBlendingAndRestoresTheExactPixels) {
     EXPECT_EQ(snapshot(s), original);
 }
 
+// Square images with no transparent pixel at the two sizes the shapes ship in take their own
+// whole-row path on a jump; what they leave behind must be as exact as the run path's.
+TEST(CursorOverlay, OpaqueSquaresJumpAndRestoreTheExactPixels) {
+    for (int side : {32, 64}) {
+        VyScreen s;
+        ASSERT_TRUE(s.open("mem:256x192"));
+        VyScreenCursor* cursor = s.cursor();
+        cursor->hide();
+        std::mt19937 rng(side);
+        for (int y = 0; y < 192; ++y)
+            for (int x = 0; x < 256; ++x)
+                s.frontCanvas()->scanLine(y)[x] = static_cast<uint16_t>(rng());
+        const std::vector<uint16_t> original = snapshot(s);
+        VyBitmap image(side, side);
+        for (int i = 0; i < side * side; ++i) {
+            uint8_t* p = image.bits() + i * 4;
+            p[0] = static_cast<uint8_t>(i * 8);
+            p[1] = static_cast<uint8_t>(i / side * 8);
+            p[2] = static_cast<uint8_t>(i * 3);
+            p[3] = 255;
+        }
+        cursor->setImage(image, VyPoint(0, 0));
+        cursor->show();
+        const VyPoint places[] = {{10, 10},  {150, 100}, {10, 120},  {160, 5},
+                                  {170, 20}, {0, 0},     {200, 150}, {20, 20}};
+        for (VyPoint p : places) {
+            cursor->setPosition(p.x, p.y);
+            const std::vector<uint16_t> now = snapshot(s);
+            for (int y = 0; y < 192; ++y)
+                for (int x = 0; x < 256; ++x) {
+                    const int ix = x - p.x;
+                    const int iy = y - p.y;
+                    const bool covered = ix >= 0 && ix < side && iy >= 0 && iy < side;
+                    const uint8_t* px = image.constBits() + (iy * side + ix) * 4;
+                    const uint16_t want =
+                        covered ? static_cast<uint16_t>(0x8000 | (px[0] >> 3) << 10 |
+                                                        (px[1] >> 3) << 5 | (px[2] >> 3))
+                                : original[y * 256 + x];
+                    ASSERT_EQ(now[y * 256 + x], want) << side << "px cursor at " << p.x << ","
+                                                      << p.y << ", pixel " << x << "," << y;
+                }
+        }
+        cursor->hide();
+        EXPECT_EQ(snapshot(s), original) << side;
+    }
+}
+
 TEST(CursorOverlay, StaysOnTopOfFlushesAndSavesTheNewPixelsBeneath) {
     VyScreen s;
     ASSERT_TRUE(s.open("mem:32x24"));
