@@ -1,5 +1,6 @@
 #include "app/ControlChannel.h"
 
+#include "model/UserAccess.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyApplication.h"
 #include "toolkit/core/VyPostedEventQueue.h"
@@ -16,6 +17,8 @@
 #include <fcntl.h>
 #include <malloc.h>
 #include <pthread.h>
+#include <sstream>
+#include <string.h> // explicit_bzero
 #include <string>
 #include <unistd.h>
 
@@ -104,6 +107,8 @@ bool ControlChannel::runCommand(const VyString& line) {
     }
     if (text.rfind("open ", 0) == 0)
         return openScreen(text.substr(5));
+    if (text.rfind("login ", 0) == 0)
+        return login(text.substr(6));
     if (text == "state") {
         ++m_stateSeq;
         std::printf("state: seq=%u %s\n", m_stateSeq, stateText().c_str());
@@ -135,6 +140,30 @@ bool ControlChannel::openScreen(const std::string& name) {
         return false;
     }
     return true;
+}
+
+bool ControlChannel::login(const std::string& arguments) {
+    std::istringstream words(arguments);
+    std::string name;
+    std::string secret;
+    std::string extra;
+    words >> name >> secret >> extra;
+    UserAccess* access = UserAccess::instance();
+    bool ok = false;
+    if (name.empty() || secret.empty() || !extra.empty())
+        vySystemLine("control: login wants a name and a password\n");
+    else if (access == nullptr)
+        vySystemLine("control: no users to log in to\n");
+    else
+        ok = access->login(VyString(name.c_str()), VyString(secret.c_str())).outcome ==
+             UserAccess::Outcome::LoggedIn;
+    // A driver's test account, but wiped all the same, as the login dialog wipes its field.
+    explicit_bzero(secret.data(), secret.size());
+    explicit_bzero(extra.data(), extra.size());
+    // Printed once the answer is in, so a driver that waits for it finds the user logged in.
+    std::printf("login: %s\n", ok ? "ok" : "refused");
+    std::fflush(stdout);
+    return ok;
 }
 
 VyString ControlChannel::stateText() const {

@@ -7,6 +7,10 @@
 //             (without the poll's one key per 150 ms, so a driver can press keys fast)
 //   open NAME opens a screen as the start menu does: playback, settings, backup, analytics
 //             or wizard
+//   login NAME SECRET
+//             logs NAME in with the password SECRET through App, as the login dialog does
+//             (a successful login also unlocks a locked screen); nothing of SECRET is logged;
+//             prints "login: ok" or "login: refused" once App has answered
 //   state     prints one line "state: seq=S windows=A,B modal=M focus=F queue=Q peak=P
 //             heap=H held=K" (the shown windows bottom to top by class, the modal depth,
 //             the focus widget's class, the events waiting now and the most that ever
@@ -41,6 +45,7 @@ protected:
 
 private:
     bool openScreen(const std::string& name);
+    bool login(const std::string& arguments);
     static void* readLoop(void* self);
     int m_fd = -1;
     uint32_t m_stateSeq = 0;

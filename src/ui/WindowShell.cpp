@@ -129,11 +129,11 @@ void WindowShell::returnToLiveView() {
     MainViewManager* manager = MainViewManager::instance();
     if (manager != nullptr)
         manager->setShown(true);
-    if (m_mainView != nullptr) {
-        m_mainView->raise();
+    // The main view stays where it is in the stack: playback may have been opened over
+    // another screen (settings, with the playback key), which must come back above it.
+    if (m_mainView != nullptr)
         // The first record after the view is shown again restarts every live decoder.
         m_mainView->controller()->sendPreview();
-    }
     if (manager != nullptr)
         manager->announceLiveView();
     VY_GUI_LOG("playback closed, live view in front\n");

@@ -1,5 +1,6 @@
 #include "SoakRun.h"
 
+#include "SimUsers.h"
 #include "SoakChild.h"
 #include "SoakMouse.h"
 #include "SoakRandom.h"
@@ -33,6 +34,7 @@ std::vector<int> pressableKeys() {
 }
 
 constexpr int kEscapeKey = 96;
+constexpr int kLockEscapeKey = 49; // one of the two keys a locked screen lets through
 constexpr int kEscapesAtEnd = 10;
 constexpr uint16_t kShutdownSubType = 280; // ends the GUI on purpose: never sent
 
@@ -136,7 +138,12 @@ private:
     // notifications of a batch are on their way before the GUI is asked for its state.
     bool simCaughtUp();
     bool probe(GuiState* state);
+    // A person at a locked recorder logs in: the administrator, or the ordinary user when
+    // wrong passwords typed at random have locked the administrator out for a while.
+    bool unlock();
+    bool loginAs(const char* name, const char* password, bool* loggedIn);
     bool checkpoint(bool warmUpEnds);
+    bool tourScreens();
     void randomInput();
     void randomNotification();
     bool restartSim();
@@ -165,6 +172,8 @@ private:
     long m_simDone = 0; // console commands the current simulator has carried out
     long m_simSent = 0; // ... and sent to it
     unsigned m_asked = 0;
+    int m_loginAnswers = 0; // "login:" lines seen
+    bool m_lastLoginOk = false;
 };
 
 bool SoakDriver::setUp() {
@@ -254,6 +263,13 @@ bool SoakDriver::startGui() {
 }
 
 void SoakDriver::watchGui(const std::string& line) {
+    if (line.rfind("login: ", 0) == 0) {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        ++m_loginAnswers;
+        m_lastLoginOk = line == "login: ok";
+        m_changed.notify_all();
+        return;
+    }
     GuiState state;
     const bool isState = line.rfind("state: ", 0) == 0 && parseState(line, &state);
     const bool sanitizer = line.find("ERROR: AddressSanitizer") != std::string::npos ||
@@ -329,9 +345,86 @@ bool SoakDriver::probe(GuiState* state) {
     return true;
 }
 
+// The large screens are built on first use and reuse what their first opening cached
+// (images, shaped texts, glyphs): each is opened once before the random input starts, so
+// memory taken at the end of the warm-up already holds them, and each must close again with
+// Escape from the state a person finds it in.
+bool SoakDriver::tourScreens() {
+    for (const char* screen : {"playback", "settings", "backup", "analytics", "wizard"}) {
+        if (!control(std::string("open ") + screen))
+            return false;
+        // A screen may open only after a request of its own (the user list): the state is
+        // asked for until it shows.
+        const auto deadline = Clock::now() + std::chrono::seconds(m_options.answerTimeoutSec);
+        GuiState state;
+        do {
+            if (!probe(&state))
+                return false;
+            if (Clock::now() > deadline)
+                return fail(std::string("the ") + screen + " screen did not open");
+        } while (state.windows == m_startWindows);
+        for (int i = 0; i < kEscapesAtEnd && state.windows != m_startWindows; ++i)
+            if (!control("key " + std::to_string(kEscapeKey)) || !probe(&state))
+                return false;
+        if (state.windows != m_startWindows)
+            return fail(std::string("the ") + screen +
+                        " screen did not close with Escape (windows " + state.windows + ")");
+    }
+    return true;
+}
+
+bool isLocked(const GuiState& state) {
+    return ("," + state.windows + ",").find(",ScreenLockWindow,") != std::string::npos;
+}
+
+bool SoakDriver::loginAs(const char* name, const char* password, bool* loggedIn) {
+    int wanted = 0;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        wanted = m_loginAnswers + 1;
+    }
+    if (!control(std::string("login ") + name + " " + password))
+        return false;
+    // Mouse samples still on their way may open the login dialog over the login's own wait;
+    // the login then returns only once that dialog is gone, so it is closed as a person
+    // would close it.
+    const auto deadline = Clock::now() + std::chrono::seconds(m_options.answerTimeoutSec);
+    for (;;) {
+        {
+            std::unique_lock<std::mutex> lock(m_mutex);
+            m_changed.wait_for(lock, std::chrono::milliseconds(200),
+                               [&] { return m_loginAnswers >= wanted; });
+            if (m_loginAnswers >= wanted) {
+                *loggedIn = m_lastLoginOk;
+                return true;
+            }
+        }
+        if (Clock::now() > deadline)
+            return fail("the GUI did not answer a login");
+        GuiState state;
+        if (!probe(&state))
+            return false;
+        if (state.windows.find("UserLoginDialog") != std::string::npos &&
+            !control("key " + std::to_string(kLockEscapeKey)))
+            return false;
+    }
+}
+
+bool SoakDriver::unlock() {
+    bool in = false;
+    if (!loginAs(SimUsers::kAdminName, SimUsers::kAdminPassword, &in))
+        return false;
+    if (!in && !loginAs(SimUsers::kUserName, SimUsers::kUserPassword, &in))
+        return false;
+    in ? ++m_report.unlocks : ++m_report.refusedUnlocks;
+    return true;
+}
+
 bool SoakDriver::checkpoint(bool warmUpEnds) {
     GuiState state;
     if (!simCaughtUp() || !probe(&state))
+        return false;
+    if (isLocked(state) && (!unlock() || !probe(&state)))
         return false;
     m_report.longestQueue = std::max(m_report.longestQueue, state.peak);
     if (state.peak > m_options.queueBound)
@@ -461,7 +554,7 @@ bool SoakDriver::finish() {
     // with it for the whole run.
     // A locked screen is the one state Escape must not leave: the lock and its login prompt
     // stay, and what lies under them is reached again after a login, not by Escape.
-    const bool locked = ("," + state.windows + ",").find(",ScreenLockWindow,") != std::string::npos;
+    const bool locked = isLocked(state);
     m_report.endedLocked = locked;
     std::istringstream left(locked ? std::string() : state.windows);
     for (std::string w; std::getline(left, w, ',');) {
@@ -483,7 +576,7 @@ bool SoakDriver::finish() {
 
 SoakReport SoakDriver::run() {
     const auto start = Clock::now();
-    if (!setUp())
+    if (!setUp() || !tourScreens())
         return m_report;
     const int total = m_options.inputEvents + m_options.notifications;
     const int warmUpEnd = total / 4;
@@ -536,6 +629,9 @@ std::string SoakReport::summary() const {
     s << "; anonymous resident " << warmKb << " kB after warm-up, peak " << peakKb << " kB, final "
       << finalKb << " kB (whole resident set: peak " << peakRssKb << " kB, final " << finalRssKb
       << " kB); longest queue " << longestQueue << " events";
+    s << "; " << unlocks << " logins at the lock";
+    if (refusedUnlocks > 0)
+        s << " (" << refusedUnlocks << " refused)";
     if (!finalWindows.empty())
         s << "; windows at the end " << finalWindows << (endedLocked ? " (screen locked)" : "");
     if (!ok)

@@ -6,8 +6,9 @@
 // Every `batch` steps the driver asks the GUI for its state and waits for the answer, which
 // both paces the run (nothing piles up faster than the GUI can take it) and checks it: the
 // GUI alive, no sanitizer report, the posted-event queue under its bound, memory flat after
-// the warm-up. At the end Escape is pressed ten times and only the windows that were there
-// at the start may remain.
+// the warm-up. A screen found locked at a probe is unlocked by logging in, as a person
+// would, so the rest of the run reaches the screens behind the lock. At the end Escape is
+// pressed ten times and only the windows that were there at the start may remain.
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -45,6 +46,8 @@ struct SoakReport {
     long finalRssKb = 0;
     int longestQueue = 0;
     std::string finalWindows;
+    int unlocks = 0;          // logins at a locked screen (the driver unlocks at each probe)
+    int refusedUnlocks = 0;   // ... that App refused (both accounts locked out for a while)
     bool endedLocked = false; // the run locked the screen; windows under the lock not judged
 
     std::string summary() const;

@@ -8,9 +8,11 @@
 #include "model/UserAccess.h"
 #include "protocol/PlaybackCommand.h"
 #include "protocol/PlaybackControl.h"
+#include "toolkit/core/VyScreen.h"
 #include "toolkit/events/DvrKeyEvent.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/input/VyKeyManager.h"
+#include "toolkit/widgets/CWidget.h"
 #include "toolkit/widgets/VyMenu.h"
 #include "ui/WindowShell.h"
 #include "ui/liveview/LiveViewController.h"
@@ -107,6 +109,33 @@ TEST_F(PlaybackShellTest, StartMenuSearchOpensPlaybackWhoseKeysWorkUntilItCloses
     shell->openPlayback(-1, 0);
     EXPECT_EQ(shell->playback(), playback);
     EXPECT_EQ(link.count(300, 28), 2);
+}
+
+// The playback key works over any screen; when playback closes, the screen it was opened
+// over must still be above the live view, or it would sit hidden, out of the keys' reach.
+TEST_F(PlaybackShellTest, ClosingPlaybackLeavesTheScreenItOpenedOverAboveTheLiveView) {
+    CWidget other(nullptr, VyWidget::Window);
+    other.setGeometry(100, 100, 400, 300);
+    other.show();
+    settle();
+    shell->openPlayback(-1, 0);
+    PlaybackWindow* playback = shell->playback();
+    ASSERT_NE(playback, nullptr);
+    VyKeyEvent escape(VyEvent::KeyPress, VyKeyEvent::KeyEscape);
+    VyApplication::sendEvent(playback, &escape);
+    settle();
+    ASSERT_FALSE(playback->isVisible());
+    VyScreen* screen = VyApplication::instance()->screen();
+    int mainAt = -1;
+    int otherAt = -1;
+    for (int i = 0; i < screen->windowCount(); ++i) {
+        if (screen->windowAt(i) == screen->windowOf(shell->mainView()))
+            mainAt = i;
+        if (screen->windowAt(i) == screen->windowOf(&other))
+            otherAt = i;
+    }
+    ASSERT_GE(mainAt, 0);
+    EXPECT_GT(otherAt, mainAt);
 }
 
 TEST_F(PlaybackShellTest, InstantPlaybackPlaysTheChannelAloneFromFiveMinutesAgo) {
