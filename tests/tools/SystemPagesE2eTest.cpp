@@ -36,6 +36,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <functional>
 
 namespace {
 
@@ -338,6 +339,116 @@ TEST_F(SystemPagesE2e, CamerasFoundBySearchAreAddedToFreeChannels) {
     // A typed address that is not one stops Apply.
     page->addressEdit()->setText("192.168.1");
     EXPECT_EQ(page->apply(), -1);
+}
+
+TEST_F(SystemPagesE2e, DefaultPutsFactoryValuesOnThePageAndApplySendsOnlyWhatItChanged) {
+    // What a user left behind: channel 2's encoding, daylight saving by date in another zone,
+    // a DDNS account, channel 3's masks and a camera on channel 1.
+    StreamBlock stream = ParamAccess::get<StreamBlock>(1);
+    stream.streams[0].frameRate = 10;
+    stream.streams[1].codec = StreamBlock::H265;
+    DateTimeBlock clock = ParamAccess::get<DateTimeBlock>();
+    clock.timeZone = 26;
+    clock.dstEnabled = 1;
+    clock.dstMode = DateTimeBlock::ByDate;
+    clock.dstOffsetMin = 30;
+    DdnsBlock ddns{};
+    ddns.enabled = 1;
+    std::strcpy(ddns.host, "gate.example.net");
+    std::strcpy(ddns.user, "guard");
+    PrivacyMaskBlock masks{};
+    masks.channel = 2;
+    masks.enabled = 1;
+    masks.masks[0] = {100, 100, 200, 200};
+    NetworkCameraBlock camera = ParamAccess::get<NetworkCameraBlock>(0);
+    camera.enabled = 1;
+    const uint8_t address[4] = {192, 168, 1, 201};
+    std::memcpy(camera.address, address, 4);
+    ParamAccess::set(stream);
+    ParamAccess::set(clock);
+    ParamAccess::set(ddns);
+    ParamAccess::set(masks);
+    ParamAccess::set(camera);
+
+    struct Case {
+        std::function<SettingsPage*()> open;
+        int sent; // blocks Apply sends after Default
+        std::function<void(SettingsPage*)> checkPage;
+        std::function<void()> checkStored;
+    };
+    const Case cases[] = {
+        {[this] { return openPage<StreamPage>(); }, 1,
+         [](SettingsPage* p) {
+             auto* page = static_cast<StreamPage*>(p);
+             page->selector()->setValue(2);
+             EXPECT_EQ(page->frameRateBox()->value(), 25);
+         },
+         [&] {
+             const StreamBlock got = stored<StreamBlock>(1);
+             EXPECT_EQ(got.streams[0].frameRate, 25);
+             EXPECT_EQ(got.streams[1].codec, StreamBlock::H264);
+             EXPECT_EQ(got.streams[1].maxBitrateKbps, 2048); // the encoder's, untouched
+         }},
+        {[this] { return openPage<DstPage>(); }, 1,
+         [](SettingsPage* p) {
+             auto* page = static_cast<DstPage*>(p);
+             EXPECT_FALSE(page->enabledBox()->isChecked());
+             EXPECT_EQ(page->offsetBox()->currentData(), 60);
+         },
+         [&] {
+             const DateTimeBlock got = stored<DateTimeBlock>(0);
+             EXPECT_EQ(got.timeZone, 26); // the date and time page's
+             EXPECT_EQ(got.dstMode, DateTimeBlock::ByWeek);
+             EXPECT_EQ(got.dstStart.month, 3);
+             EXPECT_EQ(got.dstEnd.month, 10);
+         }},
+        {[this] { return openPage<DdnsPage>(); }, 1,
+         [](SettingsPage* p) {
+             EXPECT_TRUE(static_cast<DdnsPage*>(p)->hostEdit()->text().isEmpty());
+         },
+         [&] {
+             const DdnsBlock got = stored<DdnsBlock>(0);
+             EXPECT_EQ(got.enabled, 0);
+             EXPECT_STREQ(got.user, "");
+         }},
+        {[this] { return openPage<PrivacyMaskPage>(); }, 1,
+         [](SettingsPage* p) {
+             auto* page = static_cast<PrivacyMaskPage*>(p);
+             page->selector()->setValue(3);
+             EXPECT_EQ(page->area()->usedCount(), 0);
+         },
+         [&] {
+             const PrivacyMaskBlock got = stored<PrivacyMaskBlock>(2);
+             EXPECT_EQ(got.enabled, 0);
+             EXPECT_FALSE(got.masks[0].used());
+         }},
+        // Cameras stay, the one added before Default too; only the search list goes.
+        {[this] { return openPage<NetworkCameraPage>(); }, 1,
+         [](SettingsPage* p) {
+             auto* page = static_cast<NetworkCameraPage*>(p);
+             EXPECT_EQ(page->foundList()->count(), 0);
+             EXPECT_EQ(page->addressEdit()->text(), "192.168.1.201");
+         },
+         [&] {
+             EXPECT_EQ(stored<NetworkCameraBlock>(0).enabled, 1);
+             EXPECT_EQ(stored<NetworkCameraBlock>(1).enabled, 1);
+         }},
+    };
+    for (const Case& c : cases) {
+        SettingsPage* page = c.open();
+        SCOPED_TRACE(page->className().c_str());
+        if (auto* cameras = dynamic_cast<NetworkCameraPage*>(page)) {
+            cameras->search();
+            cameras->foundList()->setCurrentRow(3);
+            ASSERT_EQ(cameras->addChosen(), 1);
+            cameras->selector()->setValue(1);
+        }
+        page->restoreDefaults(); // what the window's Default button calls
+        c.checkPage(page);
+        EXPECT_EQ(applyAndWait(page), c.sent);
+        c.checkStored();
+        close(page);
+    }
 }
 
 } // namespace
