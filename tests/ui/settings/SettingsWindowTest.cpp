@@ -148,6 +148,24 @@ TEST_F(SettingsWindowTest, EscapeLeavesAPageWhoseBlocksAppHasNotAnswered) {
     EXPECT_EQ(manager->window(), nullptr);
 }
 
+TEST_F(SettingsWindowTest, ATabChosenWhileAPageWaitsForAppIsTheOnlyPageLeft) {
+    SettingsWindow* w = manager->openWindow();
+    link.whileWaiting = [&] {
+        link.whileWaiting = nullptr;
+        w->showPage(1); // opens inside the first page's wait
+    };
+    EXPECT_FALSE(w->openCategory(SettingsManager::Record)); // its first page was left
+    EXPECT_EQ(w->pageIndex(), 1);
+    ASSERT_NE(w->page(), nullptr);
+    EXPECT_TRUE(w->page()->isOpened());
+    EXPECT_EQ(manager->currentPage(), w->page());
+    settle();
+    int pages = 0;
+    for (VyObject* child : w->children())
+        pages += child->inherits("SettingsPage") ? 1 : 0;
+    EXPECT_EQ(pages, 1); // the left one was deleted once its wait returned
+}
+
 TEST_F(SettingsWindowTest, ValuesOutOfRangeAreShownClampedAndNotWrittenBackUntouched) {
     RecordParamBlock garbage{};
     garbage.preRecordSec = 999;
