@@ -100,7 +100,7 @@ WizardWindow::WizardWindow()
 
 WizardWindow::~WizardWindow() {
     if (SettingsManager* settings = SettingsManager::instance();
-        settings != nullptr && m_page && settings->currentPage() == m_page.data())
+        settings != nullptr && m_host.page() && settings->currentPage() == m_host.page())
         settings->setCurrentPage(nullptr);
 }
 
@@ -133,7 +133,7 @@ void WizardWindow::start() {
 }
 
 SettingsPage* WizardWindow::page() const {
-    return m_page.data();
+    return m_host.page();
 }
 
 void WizardWindow::retranslate() {
@@ -146,21 +146,11 @@ void WizardWindow::retranslate() {
 }
 
 void WizardWindow::dropPage() {
-    SettingsPage* p = m_page.data();
+    SettingsPage* p = m_host.page();
     if (SettingsManager* settings = SettingsManager::instance();
         settings != nullptr && p != nullptr && settings->currentPage() == p)
         settings->setCurrentPage(nullptr);
-    m_page.reset();
-    if (p == nullptr)
-        return;
-    p->hide();
-    if (m_opening) {
-        // Still inside open() further up the stack: it is deleted there.
-        p->abandon();
-        m_abandoned = true;
-        return;
-    }
-    p->deleteLater();
+    m_host.drop();
 }
 
 bool WizardWindow::showStep(int index) {
@@ -170,37 +160,29 @@ bool WizardWindow::showStep(int index) {
     m_index = index;
     syncButtons();
     update();
-    VyPointer<WizardWindow> self(this);
     SettingsPage* p = m_steps[size_t(index)].make(this);
     p->setGeometry(pageArea());
     p->show();
-    m_page.reset(p);
     // Not handed App's "parameter changed" as the settings window's page is: a refresh waits
     // for App, and a wizard closed meanwhile would delete the page under that wait.
     VY_GUI_LOG("wizard step %d of %d\n", index + 1, stepCount());
-    m_opening = true;
-    m_abandoned = false;
-    p->open(); // runs the event loop until App answers
-    if (!self)
+    const SettingsPageHost::OpenResult opened = m_host.open(p, this);
+    if (opened == SettingsPageHost::OwnerGone)
         return false;
-    m_opening = false;
     if (m_closeAfterOpen) {
         m_closeAfterOpen = false;
         done(m_closeResult);
         return false;
     }
-    if (m_abandoned) {
-        m_abandoned = false;
-        p->deleteLater();
+    if (opened == SettingsPageHost::Left)
         return false;
-    }
     p->setFocus();
     return true;
 }
 
 bool WizardWindow::next() {
-    SettingsPage* p = m_page.data();
-    if (p == nullptr || m_opening)
+    SettingsPage* p = m_host.page();
+    if (p == nullptr || m_host.isOpening())
         return false;
     if (p->isOpened() && p->apply() < 0) {
         VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
@@ -215,7 +197,7 @@ bool WizardWindow::next() {
 }
 
 void WizardWindow::skip() {
-    if (m_opening)
+    if (m_host.isOpening())
         return;
     if (m_index + 1 >= stepCount())
         done(Accepted);
@@ -224,13 +206,13 @@ void WizardWindow::skip() {
 }
 
 void WizardWindow::back() {
-    if (!m_opening && m_index > 0)
+    if (!m_host.isOpening() && m_index > 0)
         showStep(m_index - 1);
 }
 
 bool WizardWindow::finish() {
-    SettingsPage* p = m_page.data();
-    if (p != nullptr && !m_opening && p->isOpened() && p->apply() < 0) {
+    SettingsPage* p = m_host.page();
+    if (p != nullptr && !m_host.isOpening() && p->isOpened() && p->apply() < 0) {
         VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
         return false;
     }
@@ -243,12 +225,12 @@ bool WizardWindow::finish() {
 void WizardWindow::done(int result) {
     if (isFinished())
         return;
-    if (m_opening) {
+    if (m_host.isOpening()) {
         // The step's page still waits for App inside its open(): neither it nor the wizard
         // that owns it may be deleted under that wait. Out of sight now, closed right after.
         m_closeAfterOpen = true;
         m_closeResult = result;
-        if (SettingsPage* p = m_page.data())
+        if (SettingsPage* p = m_host.page())
             p->abandon();
         hide();
         return;
@@ -315,8 +297,8 @@ void WizardWindow::resizeEvent(VyResizeEvent* e) {
         x -= bw + gap;
         b->setGeometry(x, y, bw, bh);
     }
-    if (m_page)
-        m_page->setGeometry(pageArea());
+    if (SettingsPage* p = m_host.page())
+        p->setGeometry(pageArea());
 }
 
 void WizardWindow::paintEvent(VyPaintEvent* e) {

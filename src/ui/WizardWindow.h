@@ -10,6 +10,7 @@
 #include "protocol/GeneralSettingsBlock.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/widgets/VyDialog.h"
+#include "ui/settings/SettingsPageHost.h"
 
 #include <cstdint>
 #include <vector>
@@ -80,9 +81,7 @@ private:
 
     std::vector<Step> m_steps;
     int m_index = -1;
-    VyPointer<SettingsPage> m_page;
-    bool m_opening = false;        // inside the page's open(), which runs the event loop
-    bool m_abandoned = false;      // the page was left while it was opening
+    SettingsPageHost m_host;
     bool m_closeAfterOpen = false; // closed while the page was opening
     int m_closeResult = 0;
     // Block 21 as App last had it from the wizard, for the start-up switch behind "do not

@@ -36,6 +36,8 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -338,6 +340,83 @@ TEST_F(SystemPagesE2e, CamerasFoundBySearchAreAddedToFreeChannels) {
     // A typed address that is not one stops Apply.
     page->addressEdit()->setText("192.168.1");
     EXPECT_EQ(page->apply(), -1);
+}
+
+TEST_F(SystemPagesE2e, DefaultPutsFactoryValuesOnThePageAndApplySendsOnlyWhatItChanged) {
+    // What a user left behind: channel 2's encoding, daylight saving by date in another zone,
+    // a DDNS account, channel 3's masks and a camera on channel 1.
+    StreamBlock stream = ParamAccess::get<StreamBlock>(1);
+    stream.streams[0].frameRate = 10;
+    stream.streams[1].codec = StreamBlock::H265;
+    DateTimeBlock clock = ParamAccess::get<DateTimeBlock>();
+    clock.timeZone = 26;
+    clock.dstEnabled = 1;
+    clock.dstMode = DateTimeBlock::ByDate;
+    DdnsBlock ddns{};
+    ddns.enabled = 1;
+    std::strcpy(ddns.host, "gate.example.net");
+    PrivacyMaskBlock masks{2, 1, {}, {{100, 100, 200, 200}}, {}};
+    NetworkCameraBlock camera = ParamAccess::get<NetworkCameraBlock>(0);
+    camera.enabled = 1;
+    const uint8_t address[4] = {192, 168, 1, 201};
+    std::memcpy(camera.address, address, 4);
+    ParamAccess::set(stream);
+    ParamAccess::set(clock);
+    ParamAccess::set(ddns);
+    ParamAccess::set(masks);
+    ParamAccess::set(camera);
+
+    // Each page after Default and Apply: what it shows, and what the recorder stored.
+    const std::pair<std::function<SettingsPage*()>, std::function<void(SettingsPage*)>> cases[] = {
+        {[this] { return openPage<StreamPage>(); },
+         [this](SettingsPage* p) {
+             static_cast<StreamPage*>(p)->selector()->setValue(2);
+             EXPECT_EQ(static_cast<StreamPage*>(p)->frameRateBox()->value(), 25);
+             const StreamBlock got = stored<StreamBlock>(1);
+             EXPECT_EQ(got.streams[1].codec, StreamBlock::H264);
+             EXPECT_EQ(got.streams[1].maxBitrateKbps, 2048); // the encoder's, untouched
+         }},
+        {[this] { return openPage<DstPage>(); },
+         [this](SettingsPage* p) {
+             EXPECT_FALSE(static_cast<DstPage*>(p)->enabledBox()->isChecked());
+             const DateTimeBlock got = stored<DateTimeBlock>(0);
+             EXPECT_EQ(got.timeZone, 26); // the date and time page's
+             EXPECT_EQ(got.dstMode, DateTimeBlock::ByWeek);
+             EXPECT_EQ(got.dstEnd.month, 10);
+         }},
+        {[this] { return openPage<DdnsPage>(); },
+         [this](SettingsPage* p) {
+             EXPECT_TRUE(static_cast<DdnsPage*>(p)->hostEdit()->text().isEmpty());
+             EXPECT_STREQ(stored<DdnsBlock>(0).host, "");
+         }},
+        {[this] { return openPage<PrivacyMaskPage>(); },
+         [this](SettingsPage* p) {
+             static_cast<PrivacyMaskPage*>(p)->selector()->setValue(3);
+             EXPECT_EQ(static_cast<PrivacyMaskPage*>(p)->area()->usedCount(), 0);
+             EXPECT_FALSE(stored<PrivacyMaskBlock>(2).masks[0].used());
+         }},
+        // Cameras stay, the one added before Default too; only the search list goes.
+        {[this] {
+             auto* page = openPage<NetworkCameraPage>();
+             page->search();
+             page->foundList()->setCurrentRow(3);
+             EXPECT_EQ(page->addChosen(), 1);
+             return page;
+         },
+         [this](SettingsPage* p) {
+             EXPECT_EQ(static_cast<NetworkCameraPage*>(p)->foundList()->count(), 0);
+             EXPECT_EQ(stored<NetworkCameraBlock>(0).enabled, 1);
+             EXPECT_EQ(stored<NetworkCameraBlock>(1).enabled, 1);
+         }},
+    };
+    for (const auto& [open, check] : cases) {
+        SettingsPage* page = open();
+        SCOPED_TRACE(page->className().c_str());
+        page->restoreDefaults();          // what the window's Default button calls
+        EXPECT_EQ(applyAndWait(page), 1); // the one block or channel that differed
+        check(page);
+        close(page);
+    }
 }
 
 } // namespace

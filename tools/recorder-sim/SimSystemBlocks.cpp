@@ -3,6 +3,7 @@
 #include "protocol/CameraSearchBlock.h"
 #include "protocol/DateTimeBlock.h"
 #include "protocol/DdnsBlock.h"
+#include "protocol/FactorySettings.h"
 #include "protocol/NetworkCameraBlock.h"
 #include "protocol/NtpBlock.h"
 #include "protocol/OutputSettingsBlock.h"
@@ -43,10 +44,16 @@ bool terminated(const char* text, size_t size) {
 StreamBlock streamDefaults(uint8_t channel) {
     StreamBlock b{};
     b.channel = channel;
+    // The encoder's limits: 2560x1440 at 30 fps on the main stream, D1 on the sub-stream.
     StreamBlock::Stream& main = b.streams[0];
-    main = {2, 25, StreamBlock::Constant, 4, 4096, 50, StreamBlock::H265, 0, 1, 30, 8192, {}};
+    main.maxResolution = 1;
+    main.maxFrameRate = 30;
+    main.maxBitrateKbps = 8192;
     StreamBlock::Stream& sub = b.streams[1];
-    sub = {4, 15, StreamBlock::Variable, 3, 512, 30, StreamBlock::H264, 0, 4, 30, 2048, {}};
+    sub.maxResolution = 4;
+    sub.maxFrameRate = 30;
+    sub.maxBitrateKbps = 2048;
+    FactorySettings::setEncoding(&b);
     return b;
 }
 
@@ -176,9 +183,7 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
     if (block == DateTimeBlock::kBlockNumber) {
         DateTimeBlock b{};
         b.timeZone = TimeZoneTable::kUtc;
-        b.dstOffsetMin = 60;
-        b.dstStart = {3, DateTimeBlock::kLastWeek, 0, 1, 2, {}}; // last Sunday of March
-        b.dstEnd = {10, DateTimeBlock::kLastWeek, 0, 1, 3, {}};  // last Sunday of October
+        FactorySettings::setDst(&b);
         return bytesOf(b);
     }
     if (block == OutputSettingsBlock::kBlockNumber) {
@@ -188,11 +193,15 @@ std::vector<uint8_t> defaults(uint32_t block, uint8_t channel, const SimRecorder
             config.channels >= 64 ? ~uint64_t(0) : (uint64_t(1) << config.channels) - 1;
         return bytesOf(b);
     }
-    if (block == DdnsBlock::kBlockNumber)
-        return bytesOf(DdnsBlock{});
+    if (block == DdnsBlock::kBlockNumber) {
+        DdnsBlock b{};
+        FactorySettings::setDdns(&b);
+        return bytesOf(b);
+    }
     if (block == PrivacyMaskBlock::kBlockNumber) {
         PrivacyMaskBlock b{};
         b.channel = channel;
+        FactorySettings::setPrivacyMasks(&b);
         return bytesOf(b);
     }
     if (block == NetworkCameraBlock::kBlockNumber) {

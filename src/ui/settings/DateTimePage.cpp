@@ -7,6 +7,8 @@
 #include "runtime/VyDate.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyTime.h"
+#include "toolkit/events/VyKeyEvent.h"
+#include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCalendarWidget.h"
@@ -34,10 +36,28 @@ constexpr int kButtonWidthDesign = 320;
 constexpr int kRowHeightDesign = 44;
 constexpr uint16_t kDefaultIntervalMin = 60;
 
+// Input that changes a date or time field (or opens its calendar); moving between the
+// sections or past the field does not.
+bool startsEditing(const VyEvent* e) {
+    switch (e->type()) {
+    case VyEvent::MouseButtonPress:
+    case VyEvent::Wheel:
+        return true;
+    case VyEvent::KeyPress: {
+        const int key = static_cast<const VyKeyEvent*>(e)->key();
+        return (key >= VyKeyEvent::KeyDigit0 && key <= VyKeyEvent::KeyDigit9) ||
+               key == VyKeyEvent::KeyUp || key == VyKeyEvent::KeyDown || key == VyKeyEvent::KeyOk;
+    }
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 DateTimePage::DateTimePage(VyWidget* parent)
-    : SettingsPage(TextId::Settings::DateTime, parent) {
+    : SettingsPage(TextId::Settings::DateTime, parent)
+    , m_clock(&VyDateTime::currentDateTime) {
     m_clockSlot = blocks().declare<DateTimeBlock>();
     m_ntpSlot = blocks().declare<NtpBlock>();
     m_generalSlot = blocks().declare<GeneralSettingsBlock>();
@@ -45,9 +65,11 @@ DateTimePage::DateTimePage(VyWidget* parent)
     m_date->setDateRange(VyDate(kFirstYear, 1, 1), VyDate(kLastYear, 12, 31));
     addRow(TextId::Settings::Date, m_date);
     VyObject::connect(m_date, &m_date->dateChanged, this, VY_SLOT(DateTimePage, clockEdited));
+    m_date->installEventFilter(this);
     m_time = new VyTimeEdit(this);
     addRow(TextId::Settings::Time, m_time);
     VyObject::connect(m_time, &m_time->timeChanged, this, VY_SLOT(DateTimePage, clockEdited));
+    m_time->installEventFilter(this);
     m_dateFormat = new VyComboBox(this);
     const VyDate today = VyDate::currentDate();
     for (int f = 0; f < kDateFormats; ++f)
@@ -93,11 +115,8 @@ void DateTimePage::showValues() {
         m_dateFormat->setCurrentIndex(format);
     m_hour12->setChecked(general.hour12 != 0);
     formatChosen();
-    if (!m_clockChanged) {
-        // The recorder's clock is the GUI's: what it shows now, until the user sets another.
-        m_date->setDate(VyDate::currentDate());
-        m_time->setTime(VyTime::currentTime());
-    }
+    if (followsClock())
+        showClock();
     const auto& clock = blocks().editAs<DateTimeBlock>(m_clockSlot);
     const int zone = clampForDisplay(clock.timeZone, 0, TimeZoneTable::kCount - 1, "time zone");
     if (m_zone->currentIndex() != zone)
@@ -157,9 +176,44 @@ void DateTimePage::collectValues() {
     collectTexts(&ntp, &savedNtp);
 }
 
+void DateTimePage::setClock(Clock clock) {
+    m_clock = clock ? std::move(clock) : Clock(&VyDateTime::currentDateTime);
+}
+
+void DateTimePage::opened() {
+    if (m_tick == 0)
+        m_tick = startTimer(kTickMs);
+}
+
+void DateTimePage::showClock() {
+    // The recorder's clock is the GUI's: what it shows now, until the user sets another.
+    const bool showing = m_showing;
+    m_showing = true;
+    const VyDateTime now = m_clock();
+    m_date->setDate(now.date());
+    m_time->setTime(now.time());
+    m_showing = showing;
+}
+
+void DateTimePage::timerEvent(VyTimerEvent* e) {
+    if (e->timerId() != m_tick) {
+        SettingsPage::timerEvent(e);
+        return;
+    }
+    if (followsClock() && isVisible())
+        showClock();
+}
+
+bool DateTimePage::eventFilter(VyObject* watched, VyEvent* e) {
+    if ((watched == m_date || watched == m_time) && startsEditing(e))
+        m_following = false;
+    return SettingsPage::eventFilter(watched, e);
+}
+
 void DateTimePage::written(int) {
     // The clock was set once; from now on the page shows the recorder's again.
     m_clockChanged = false;
+    m_following = true;
 }
 
 void DateTimePage::clockEdited() {

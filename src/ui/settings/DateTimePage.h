@@ -3,7 +3,14 @@
 // how dates and times are written, the time zone, and setting the clock from a time server
 // with "sync now". Holds blocks 93 (clock and zone), 55 (time server) and 21 (formats). A
 // new zone comes back from App as its time-zone notice, which moves the GUI's own clock.
+//
+// While shown, the date and time fields follow the recorder's clock once a second, until
+// the user starts editing one of them: from then on they hold what the user set, and Apply
+// sends it.
+#include "runtime/VyDateTime.h"
 #include "ui/settings/SettingsPage.h"
+
+#include <functional>
 
 class VyCheckBox;
 class VyComboBox;
@@ -17,7 +24,13 @@ class VyTimeEdit;
 class DateTimePage : public SettingsPage {
     VY_OBJECT(DateTimePage, SettingsPage)
 public:
+    static constexpr int kTickMs = 1000;
+    // Where the shown date and time come from: the GUI's clock (the recorder's time in
+    // App's zone) unless a test gives another.
+    using Clock = std::function<VyDateTime()>;
+
     explicit DateTimePage(VyWidget* parent = nullptr);
+    void setClock(Clock clock);
 
     VyDateEdit* dateEdit() const { return m_date; }
     VyTimeEdit* timeEdit() const { return m_time; }
@@ -30,17 +43,23 @@ public:
     VySpinBox* ntpIntervalBox() const { return m_interval; }
     VyPushButton* syncButton() const { return m_sync; }
     VyLabel* syncResultLabel() const { return m_result; }
+    // False once the user started editing the date or the time.
+    bool followsClock() const { return m_following && !m_clockChanged; }
 
     void restoreDefaults() override;
 
 protected:
+    void opened() override;
     void showValues() override;
     void collectValues() override;
     void written(int sent) override;
     void resizeEvent(VyResizeEvent* e) override;
+    void timerEvent(VyTimerEvent* e) override;
+    bool eventFilter(VyObject* watched, VyEvent* e) override;
 
 private:
     void clockEdited();
+    void showClock();
     void formatChosen();
     void syncNow();
 
@@ -49,6 +68,9 @@ private:
     int m_generalSlot;
     bool m_showing = false;      // the page, not the user, is setting the controls
     bool m_clockChanged = false; // the user set the date or the time
+    bool m_following = true;     // false from the user's first key or click on them
+    int m_tick = 0;              // timer id, 0 before the page opened
+    Clock m_clock;
     VyDateEdit* m_date;
     VyTimeEdit* m_time;
     VyComboBox* m_dateFormat;

@@ -1,6 +1,7 @@
 #include "ui/settings/DdnsPage.h"
 
 #include "protocol/DdnsBlock.h"
+#include "protocol/FactorySettings.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
@@ -60,4 +61,12 @@ void DdnsPage::collectValues() {
     b.provider = uint8_t(
         fromControl(saved.provider, 0, DdnsBlock::ProviderCount - 1, m_provider->currentIndex()));
     collectTexts(&b, &saved);
+}
+
+void DdnsPage::restoreDefaults() {
+    if (!isOpened())
+        return;
+    FactorySettings::setDdns(&blocks().editAs<DdnsBlock>(m_slot));
+    showValues();
+    markEdited();
 }

@@ -22,6 +22,9 @@ public:
     VyLineEdit* passwordEdit() const { return m_password; }
     VyLabel* statusLabel() const { return m_status; }
 
+    // Off, the built-in service and no account; the status stays App's.
+    void restoreDefaults() override;
+
 protected:
     void showValues() override;
     void collectValues() override;

@@ -1,6 +1,7 @@
 #include "ui/settings/DstPage.h"
 
 #include "protocol/DateTimeBlock.h"
+#include "protocol/FactorySettings.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
@@ -78,6 +79,14 @@ void DstPage::collectValues() {
         b.dstOffsetMin = uint8_t(m_offset->currentData());
     else
         b.dstOffsetMin = saved.dstOffsetMin;
+}
+
+void DstPage::restoreDefaults() {
+    if (!isOpened())
+        return;
+    FactorySettings::setDst(&blocks().editAs<DateTimeBlock>(m_slot));
+    showValues();
+    markEdited();
 }
 
 void DstPage::modeChosen() {

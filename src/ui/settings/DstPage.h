@@ -19,6 +19,9 @@ public:
     DstRuleEdit* endEdit() const { return m_end; }
     VyComboBox* offsetBox() const { return m_offset; }
 
+    // The daylight-saving fields only: the zone stays the date and time page's.
+    void restoreDefaults() override;
+
 protected:
     void showValues() override;
     void collectValues() override;

@@ -156,6 +156,12 @@ int NetworkCameraPage::addChosen() {
     return target;
 }
 
+void NetworkCameraPage::restoreDefaults() {
+    m_results = CameraSearchBlock{};
+    m_found->clear();
+    m_message->setText(VyString());
+}
+
 void NetworkCameraPage::addClicked() {
     addChosen();
 }

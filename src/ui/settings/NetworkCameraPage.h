@@ -33,6 +33,9 @@ public:
     void search();
     // Adds the chosen camera of the list; the channel it went to (0-based), or -1.
     int addChosen();
+    // Empties the search form (the list found and its message). Cameras already added stay:
+    // taking one off a channel is the user's explicit choice, never a side effect.
+    void restoreDefaults() override;
 
 protected:
     void showItem(int index) override;

@@ -1,6 +1,7 @@
 #include "ui/settings/PrivacyMaskPage.h"
 
 #include "model/DeviceProfile.h"
+#include "protocol/FactorySettings.h"
 #include "protocol/PrivacyMaskBlock.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/TextId.h"
@@ -60,6 +61,15 @@ void PrivacyMaskPage::clearAll() {
     std::fill(std::begin(b.masks), std::end(b.masks), PrivacyMaskBlock::Mask{});
     m_area->update();
     VY_GUI_LOG("privacy masks of channel %d cleared\n", shownItem() + 1);
+    markEdited();
+}
+
+void PrivacyMaskPage::restoreDefaults() {
+    if (!isOpened())
+        return;
+    for (int i = 0; i < itemCount(); ++i)
+        FactorySettings::setPrivacyMasks(&item<PrivacyMaskBlock>(i));
+    showValues();
     markEdited();
 }
 

@@ -15,6 +15,9 @@ public:
     VyPushButton* clearButton() const { return m_clear; }
     PrivacyMaskArea* area() const { return m_area; }
 
+    // Every channel's masks off and removed.
+    void restoreDefaults() override;
+
 protected:
     void showItem(int index) override;
     void collectItem(int index) override;

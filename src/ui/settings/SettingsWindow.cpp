@@ -83,7 +83,7 @@ SettingsWindow::~SettingsWindow() {
 }
 
 SettingsPage* SettingsWindow::page() const {
-    return m_page.data();
+    return m_host.page();
 }
 
 VyRect SettingsWindow::pageArea() const {
@@ -132,8 +132,8 @@ bool SettingsWindow::openCategory(int category) {
 }
 
 bool SettingsWindow::confirmLeavingPage() {
-    SettingsPage* p = m_page.data();
-    if (p == nullptr || m_opening || !p->hasUnsavedChanges())
+    SettingsPage* p = m_host.page();
+    if (p == nullptr || m_host.isOpening() || !p->hasUnsavedChanges())
         return true;
     const UnsavedAnswer answer = m_ask ? m_ask() : DiscardChanges;
     if (answer == StayOnPage)
@@ -144,49 +144,27 @@ bool SettingsWindow::confirmLeavingPage() {
 }
 
 void SettingsWindow::dropPage() {
-    SettingsPage* p = m_page.data();
     m_manager->setCurrentPage(nullptr);
-    m_page.reset();
     m_pageIndex = -1;
-    if (p == nullptr)
-        return;
-    p->hide();
-    if (m_opening) {
-        // Still inside open() further up the stack: it ends there.
-        p->abandon();
-        m_abandoned = true;
-        return;
-    }
-    p->deleteLater();
+    m_host.drop();
 }
 
 bool SettingsWindow::showPage(int index) {
     if (index < 0 || index >= pageCount())
         return false;
-    if (index == m_pageIndex && m_page)
+    if (index == m_pageIndex && m_host.page())
         return true;
     if (!confirmLeavingPage())
         return false;
     dropPage();
-    VyPointer<SettingsWindow> self(this);
     SettingsPage* p = m_entries[size_t(index)].make(this);
     p->setGeometry(pageArea());
     p->show();
-    m_page.reset(p);
     m_pageIndex = index;
     m_manager->setCurrentPage(p);
     syncTab();
-    m_opening = true;
-    m_abandoned = false;
-    p->open(); // runs the event loop until App answers
-    if (!self)
+    if (m_host.open(p, this) != SettingsPageHost::Opened)
         return false;
-    m_opening = false;
-    if (m_abandoned) {
-        m_abandoned = false;
-        p->deleteLater();
-        return false;
-    }
     p->setFocus();
     return true;
 }
@@ -205,9 +183,10 @@ bool SettingsWindow::leaveCategory() {
 }
 
 bool SettingsWindow::apply() {
-    if (!m_page || !m_page->isOpened())
+    SettingsPage* p = m_host.page();
+    if (p == nullptr || !p->isOpened())
         return true;
-    if (m_page->apply() >= 0)
+    if (p->apply() >= 0)
         return true;
     VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
     return false;
@@ -219,14 +198,14 @@ void SettingsWindow::save() {
 }
 
 void SettingsWindow::cancelEdits() {
-    if (m_page && m_page->isOpened())
-        m_page->cancel();
+    if (SettingsPage* p = m_host.page(); p != nullptr && p->isOpened())
+        p->cancel();
     leaveCategory();
 }
 
 void SettingsWindow::restoreDefaults() {
-    if (m_page)
-        m_page->restoreDefaults();
+    if (SettingsPage* p = m_host.page())
+        p->restoreDefaults();
 }
 
 SettingsWindow::UnsavedAnswer SettingsWindow::askWithMessageBox() {
@@ -299,8 +278,8 @@ void SettingsWindow::resizeEvent(VyResizeEvent*) {
         m_tiles[i]->setGeometry(left + col * (tw + gap), top + row * (th + gap), tw, th);
     }
     layoutButtons();
-    if (m_page)
-        m_page->setGeometry(pageArea());
+    if (SettingsPage* p = m_host.page())
+        p->setGeometry(pageArea());
 }
 
 void SettingsWindow::layoutButtons() {

@@ -8,8 +8,8 @@
 // Escape goes back one level: from a page to the tiles, from the tiles out of the window;
 // it works while a page waits for App, because the wait runs the event loop.
 #include "ui/settings/SettingsManager.h"
+#include "ui/settings/SettingsPageHost.h"
 
-#include "toolkit/core/VyPointer.h"
 #include "toolkit/widgets/CWidget.h"
 
 #include <functional>
@@ -99,9 +99,7 @@ private:
     int m_category = -1; // -1: the tiles
     std::vector<SettingsManager::PageEntry> m_entries;
     int m_pageIndex = -1;
-    VyPointer<SettingsPage> m_page;
-    bool m_opening = false;   // the page on screen is fetching its blocks
-    bool m_abandoned = false; // left while fetching: dropped once the fetch returns
+    SettingsPageHost m_host;
 
     vyargb m_background = 0, m_border = 0, m_pageBackground = 0, m_separator = 0;
 };

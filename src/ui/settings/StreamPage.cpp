@@ -1,6 +1,7 @@
 #include "ui/settings/StreamPage.h"
 
 #include "model/DeviceProfile.h"
+#include "protocol/FactorySettings.h"
 #include "runtime/VyLog.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
@@ -182,6 +183,15 @@ void StreamPage::copyToAllChannels() {
             copyStream(from.streams[s], &item<StreamBlock>(i).streams[s]);
     }
     VY_GUI_LOG("encoding of channel %d copied to every channel\n", shownItem() + 1);
+    markEdited();
+}
+
+void StreamPage::restoreDefaults() {
+    if (!isOpened())
+        return;
+    for (int i = 0; i < itemCount(); ++i)
+        FactorySettings::setEncoding(&item<StreamBlock>(i));
+    showValues();
     markEdited();
 }
 

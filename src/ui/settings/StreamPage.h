@@ -32,6 +32,10 @@ public:
     // `from`'s settings onto `to`, each value brought within `to`'s own limits.
     static void copyStream(const StreamBlock::Stream& from, StreamBlock::Stream* to);
 
+    // Both streams of every channel back to the factory encoding, within each encoder's
+    // limits.
+    void restoreDefaults() override;
+
 protected:
     void showItem(int index) override;
     void collectItem(int index) override;

@@ -1,21 +1,29 @@
 // The settings window over a scripted link to App: the tiles follow the device profile, a
 // category fetches only its first page's blocks, unsaved changes are asked about before they
-// are left, and Escape leaves a page whose block App has not answered yet.
+// are left, and Escape leaves a page whose block App has not answered yet. The date and time
+// page's clock ticks on an injected timer clock.
 #include "ui/settings/SettingsWindow.h"
 #include "model/DeviceProfile.h"
 #include "model/RecorderLink.h"
+#include "protocol/DateTimeBlock.h"
 #include "protocol/ParamRequest.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordScheduleBlock.h"
+#include "toolkit/core/VyTimerCore.h"
 #include "toolkit/i18n/TextId.h"
+#include "toolkit/widgets/VyCalendarWidget.h"
+#include "toolkit/widgets/VyDateEdit.h"
 #include "toolkit/widgets/VySpinBox.h"
 #include "toolkit/widgets/VyTabBar.h"
+#include "toolkit/widgets/VyTimeEdit.h"
+#include "ui/settings/DateTimePage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
 
 #include "ui/settings/SettingsUiTestApp.h"
 
+#include <cstring>
 #include <functional>
 #include <map>
 #include <set>
@@ -26,8 +34,11 @@ namespace {
 class ScriptedLink : public RecorderLink {
 public:
     uint32_t send(uint16_t, uint16_t, const void* body, uint32_t len) override {
-        if (auto r = ParamRequest::decode(static_cast<const uint8_t*>(body), len))
+        if (auto r = ParamRequest::decode(static_cast<const uint8_t*>(body), len)) {
             sets.push_back(r->blockNumber);
+            const auto* record = static_cast<const uint8_t*>(body) + ParamRequest::kSize;
+            lastSet[r->blockNumber].assign(record, record + (len - ParamRequest::kSize));
+        }
         return 1;
     }
     void request(uint16_t, uint16_t, const void* body, uint32_t len,
@@ -45,6 +56,7 @@ public:
     void setEventReceiver(VyObject*) override {}
 
     std::vector<uint32_t> gets, sets;
+    std::map<uint32_t, std::vector<uint8_t>> lastSet; // the record of each block's last set
     std::map<uint32_t, std::vector<uint8_t>> replies; // by block; zeros otherwise
     std::function<void()> whileWaiting;
 };
@@ -136,6 +148,24 @@ TEST_F(SettingsWindowTest, EscapeLeavesAPageWhoseBlocksAppHasNotAnswered) {
     EXPECT_EQ(manager->window(), nullptr);
 }
 
+TEST_F(SettingsWindowTest, ATabChosenWhileAPageWaitsForAppIsTheOnlyPageLeft) {
+    SettingsWindow* w = manager->openWindow();
+    link.whileWaiting = [&] {
+        link.whileWaiting = nullptr;
+        w->showPage(1); // opens inside the first page's wait
+    };
+    EXPECT_FALSE(w->openCategory(SettingsManager::Record)); // its first page was left
+    EXPECT_EQ(w->pageIndex(), 1);
+    ASSERT_NE(w->page(), nullptr);
+    EXPECT_TRUE(w->page()->isOpened());
+    EXPECT_EQ(manager->currentPage(), w->page());
+    settle();
+    int pages = 0;
+    for (VyObject* child : w->children())
+        pages += child->inherits("SettingsPage") ? 1 : 0;
+    EXPECT_EQ(pages, 1); // the left one was deleted once its wait returned
+}
+
 TEST_F(SettingsWindowTest, ValuesOutOfRangeAreShownClampedAndNotWrittenBackUntouched) {
     RecordParamBlock garbage{};
     garbage.preRecordSec = 999;
@@ -186,6 +216,75 @@ TEST_F(SettingsWindowTest, TilesAndPagesFollowTheDeviceProfile) {
                                      TextId::Settings::Email, TextId::Settings::EmailSchedule}));
     ASSERT_TRUE(w->openCategory(M::Alarm));
     EXPECT_EQ(link.gets, (std::vector<uint32_t>{11, 11, 11})); // one block per input
+}
+
+// The page on a timer clock the test moves, and a recorder clock that runs with it from
+// two seconds before the new year.
+class DateTimeTickTest : public SettingsWindowTest {
+protected:
+    void SetUp() override {
+        VyApplication::setTimerClock([this] { return m_nowNs; });
+        SettingsWindowTest::SetUp();
+        page = new DateTimePage;
+        page->setGeometry(0, 0, 1280, 720);
+        page->setClock([this] { return kStart.addMSecs(m_nowNs / kNsPerMs); });
+        page->show();
+        page->open();
+    }
+    void TearDown() override {
+        delete page;
+        SettingsWindowTest::TearDown();
+        VyApplication::setTimerClock({});
+    }
+    void advanceMs(int64_t ms) {
+        m_nowNs += ms * kNsPerMs;
+        app()->timerCore()->fireExpired();
+        settle();
+    }
+
+    static constexpr int64_t kNsPerMs = 1000000;
+    const VyDateTime kStart{VyDate(2030, 12, 31), VyTime(23, 59, 58)};
+    DateTimePage* page = nullptr;
+
+private:
+    int64_t m_nowNs = 0;
+};
+
+TEST_F(DateTimeTickTest, ShownDateAndTimeFollowTheRecorderClockOnceASecond) {
+    EXPECT_EQ(page->timeEdit()->text(), "23:59:58");
+    advanceMs(999); // not a second yet
+    EXPECT_EQ(page->timeEdit()->text(), "23:59:58");
+    advanceMs(1);
+    EXPECT_EQ(page->timeEdit()->text(), "23:59:59");
+    advanceMs(1000);
+    EXPECT_EQ(page->timeEdit()->text(), "00:00:00");
+    EXPECT_EQ(page->dateEdit()->date(), VyDate(2031, 1, 1));
+    EXPECT_FALSE(page->hasUnsavedChanges()); // ticking is not an edit
+}
+
+TEST_F(DateTimeTickTest, AFieldTheUserEditsIsNotOverwrittenAndApplySetsIt) {
+    advanceMs(1000);
+    key(page->timeEdit(), VyKeyEvent::KeyDigit0 + 1); // the hour half typed: not yet set
+    advanceMs(1000);
+    EXPECT_FALSE(page->followsClock());
+    EXPECT_EQ(page->timeEdit()->text(), "1:59:59");
+    key(page->timeEdit(), VyKeyEvent::KeyDigit0 + 5);
+    advanceMs(3000);
+    EXPECT_EQ(page->timeEdit()->text(), "15:59:59");
+    EXPECT_EQ(page->dateEdit()->date(), VyDate(2030, 12, 31)); // the date stopped with it
+    EXPECT_EQ(page->apply(), 1);
+    DateTimeBlock sent{};
+    const std::vector<uint8_t>& record = link.lastSet[DateTimeBlock::kBlockNumber];
+    ASSERT_EQ(record.size(), sizeof sent);
+    std::memcpy(&sent, record.data(), sizeof sent);
+    EXPECT_EQ(sent.setClock, 1);
+    EXPECT_EQ(sent.clock.year, 2030);
+    EXPECT_EQ(sent.clock.hour, 15);
+    EXPECT_EQ(sent.clock.minute, 59);
+    EXPECT_EQ(sent.clock.second, 59);
+    // Once set, the page follows the clock again.
+    advanceMs(1000);
+    EXPECT_EQ(page->timeEdit()->text(), "00:00:04");
 }
 
 } // namespace
