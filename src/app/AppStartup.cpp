@@ -34,6 +34,8 @@
 
 namespace {
 
+constexpr int kOwnMappingBytes = 128 * 1024; // the allocator's own starting threshold
+
 constexpr const char* kCustomConfigFile = "custom-config.ini";
 constexpr int kQuitEventType = 1200; // the GUI's own: asks the loop to end
 
@@ -87,6 +89,12 @@ int AppStartup::run(int argc, char** argv) {
 
     // 2. Progress lines reach a log collector as they happen.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    // Window surfaces and pictures are hundreds of kB to megabytes and come and go with the
+    // screens. A fixed threshold keeps every such buffer in its own mapping, given back to
+    // the system when freed; the allocator's default would raise the threshold after the
+    // first one and then carve the next ones out of the heap, where the holes they leave stay
+    // resident after the screen has closed.
+    mallopt(M_MMAP_THRESHOLD, kOwnMappingBytes);
 
     // The quit signals go to one thread of their own; every thread made from here on
     // inherits the block.

@@ -143,6 +143,7 @@ private:
     bool unlock();
     bool loginAs(const char* name, const char* password, bool* loggedIn);
     bool checkpoint(bool warmUpEnds);
+    void noteMemory(const GuiState& state, bool warmUpEnds);
     bool tourScreens();
     void randomInput();
     void randomNotification();
@@ -162,6 +163,7 @@ private:
     SoakChild m_gui;
     int m_step = 0;
     int m_simGeneration = 0;
+    bool m_warmUpOver = false;
     std::string m_startWindows;
 
     std::mutex m_mutex; // guards the fields below, written by the output readers
@@ -420,6 +422,27 @@ bool SoakDriver::unlock() {
     return true;
 }
 
+// Flatness is judged on anonymous memory (file pages come and go with the fonts a language
+// switch maps, which is not growth of the program), and only at probes that find the GUI at
+// rest, with the windows of the start alone: two large screens open at once are a peak of
+// use, not growth, and the same state compared with itself shows what creeps.
+void SoakDriver::noteMemory(const GuiState& state, bool warmUpEnds) {
+    const long anon = m_gui.statusKb("RssAnon:");
+    const long rss = m_gui.statusKb("VmRSS:");
+    m_warmUpOver = m_warmUpOver || warmUpEnds;
+    if (m_warmUpOver) {
+        m_report.busyPeakKb = std::max(m_report.busyPeakKb, anon);
+        m_report.peakRssKb = std::max(m_report.peakRssKb, rss);
+        if (state.windows == m_startWindows) {
+            if (m_report.warmKb == 0)
+                m_report.warmKb = anon;
+            m_report.peakKb = std::max(m_report.peakKb, anon);
+        }
+    }
+    m_report.finalKb = anon;
+    m_report.finalRssKb = rss;
+}
+
 bool SoakDriver::checkpoint(bool warmUpEnds) {
     GuiState state;
     if (!simCaughtUp() || !probe(&state))
@@ -430,21 +453,10 @@ bool SoakDriver::checkpoint(bool warmUpEnds) {
     if (state.peak > m_options.queueBound)
         return fail("the posted-event queue reached " + std::to_string(state.peak) +
                     " events, above its bound of " + std::to_string(m_options.queueBound));
-    // Flatness is judged on anonymous memory: file pages come and go with the fonts a
-    // language switch maps, which is not growth of the program.
-    const long anon = m_gui.statusKb("RssAnon:");
-    const long rss = m_gui.statusKb("VmRSS:");
-    if (warmUpEnds) {
-        m_report.warmKb = anon;
-    } else if (m_report.warmKb > 0) {
-        m_report.peakKb = std::max(m_report.peakKb, anon);
-        m_report.peakRssKb = std::max(m_report.peakRssKb, rss);
-    }
-    m_report.finalKb = anon;
-    m_report.finalRssKb = rss;
+    noteMemory(state, warmUpEnds);
     if (std::getenv("VY_SOAK_TRACE") != nullptr)
         std::printf("vy-soak: step %d anon %ld kB heap %ld kB held %ld kB windows %s\n", m_step,
-                    anon, state.heapKb, state.heldKb, state.windows.c_str());
+                    m_report.finalKb, state.heapKb, state.heldKb, state.windows.c_str());
     return true;
 }
 
@@ -550,6 +562,7 @@ bool SoakDriver::finish() {
     if (!probe(&state))
         return false;
     m_report.finalWindows = state.windows;
+    noteMemory(state, false);
     // Every window left must have been there at the start: the main view and what lives
     // with it for the whole run.
     // A locked screen is the one state Escape must not leave: the lock and its login prompt
@@ -626,8 +639,9 @@ std::string SoakReport::summary() const {
     if (seconds > 0)
         s << " (" << static_cast<long>(inputs / seconds) << " inputs/s, "
           << static_cast<long>(notifications / seconds) << " notifications/s)";
-    s << "; anonymous resident " << warmKb << " kB after warm-up, peak " << peakKb << " kB, final "
-      << finalKb << " kB (whole resident set: peak " << peakRssKb << " kB, final " << finalRssKb
+    s << "; anonymous resident at rest " << warmKb << " kB after warm-up, peak " << peakKb
+      << " kB; with screens open peak " << busyPeakKb << " kB; final " << finalKb
+      << " kB (whole resident set: peak " << peakRssKb << " kB, final " << finalRssKb
       << " kB); longest queue " << longestQueue << " events";
     s << "; " << unlocks << " logins at the lock";
     if (refusedUnlocks > 0)

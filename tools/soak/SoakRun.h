@@ -39,10 +39,13 @@ struct SoakReport {
     int restarts = 0;
     int drops = 0;
     double seconds = 0;
-    long warmKb = 0;    // anonymous resident memory at the end of the warm-up
-    long peakKb = 0;    // the most seen after it
-    long finalKb = 0;   // at the end
-    long peakRssKb = 0; // the whole resident set (fonts and other file pages too)
+    // Anonymous resident memory at probes that find only the windows of the start: the
+    // first after the warm-up, and the most after it.
+    long warmKb = 0;
+    long peakKb = 0;
+    long busyPeakKb = 0; // the most at any probe after the warm-up, screens open or not
+    long finalKb = 0;    // at the end
+    long peakRssKb = 0;  // the whole resident set (fonts and other file pages too)
     long finalRssKb = 0;
     int longestQueue = 0;
     std::string finalWindows;

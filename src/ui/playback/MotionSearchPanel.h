@@ -21,6 +21,7 @@ public:
 
     // The picture the grid lies over (a still of the channel); null: a plain background.
     void setPicture(const VyBitmap& picture);
+    bool hasPicture() const { return !m_picture.isNull(); }
     void setChannel(int channel) { m_channel = channel; }
     int channel() const { return m_channel; }
     bool cell(int column, int row) const;

@@ -195,6 +195,7 @@ void PlaybackWindow::closeWindow() {
         m_session->stopPictures();
     m_session->setReady(false);
     m_screen->setVideoShown(false);
+    m_motion->setPicture(VyBitmap());
     if (VyKeyManager* keys = VyKeyManager::liveInstance()) {
         if (keys->keyTarget(VyKeyTarget::PlaybackWindow) == this)
             keys->setKeyTarget(VyKeyTarget::PlaybackWindow, nullptr);
@@ -356,6 +357,8 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
                 VyRect(at.x, at.y, rects[size_t(cell)].width(), rects[size_t(cell)].height())));
         } else {
             m_controls[MotionSearch]->setChecked(false);
+            // A whole cell's picture: megabytes the window, which is kept, must not hold on to.
+            m_motion->setPicture(VyBitmap());
         }
         layoutChildren();
         break;

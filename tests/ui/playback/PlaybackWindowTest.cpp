@@ -131,6 +131,15 @@ TEST_F(PlaybackWindowTest, MotionSearchSendsTheCellsMarkedByPressAndDrag) {
         const uint32_t expected = row == 0 ? 0x3FFFF0u : 0x3FFFF7u;
         EXPECT_EQ(word, expected) << row;
     }
+    // The cell's picture behind the grid is as large as the cell: the window, which is kept
+    // for the next playback, lets it go when the search ends and when it closes.
+    EXPECT_TRUE(panel->hasPicture());
+    window->control(PlaybackWindow::MotionSearch)->click();
+    EXPECT_FALSE(panel->hasPicture());
+    window->control(PlaybackWindow::MotionSearch)->click();
+    ASSERT_TRUE(panel->hasPicture());
+    window->closeWindow();
+    EXPECT_FALSE(panel->hasPicture());
 }
 
 TEST_F(PlaybackWindowTest, DayAnswersFillTheBarAndDetailsAndAChosenSegmentPlays) {
