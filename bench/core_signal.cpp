@@ -1,6 +1,8 @@
 // Emitting signals against a virtual call through a base pointer, measured in this run:
-//   one direct slot <= 4x, nothing connected <= 2x, ten slots <= 12x (and, for scale,
-//   against ten virtual calls to ten objects);
+//   one direct slot <= 4x, nothing connected <= 2x; ten slots against the same ten calls made
+//   by hand to ten objects <= 1.3x (ten calls by hand are already about 10.5 single calls, so
+//   a bound on ten slots over one call measured the loop of the baseline more than the
+//   emission; that figure is still printed);
 //   heap allocations per emission (operator new is counted here) must read 0.
 // Ratios of medians; on a shared machine run it pinned and interleaved:
 //   taskset -c 1 bench_core_signal --benchmark_enable_random_interleaving=true
@@ -154,8 +156,8 @@ int main(int argc, char** argv) {
         r.ratio("BM_EmitOneSlot", "BM_VirtualCallBaseline", 4.0);
         r.ratio("BM_EmitNothingConnected", "BM_VirtualCallBaseline", 2.0);
         r.ratio("BM_EmitOtherSignalConnected", "BM_VirtualCallBaseline", 2.0);
-        r.ratio("BM_EmitTenSlots", "BM_VirtualCallBaseline", 12.0);
         // The same ten calls made by hand, to ten objects: what the slots themselves cost.
-        r.info("BM_EmitTenSlots", "BM_TenVirtualCallsBaseline");
+        r.ratio("BM_EmitTenSlots", "BM_TenVirtualCallsBaseline", 1.3);
+        r.info("BM_EmitTenSlots", "BM_VirtualCallBaseline");
     });
 }
