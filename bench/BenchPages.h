@@ -40,3 +40,16 @@ inline void reportFlushes(benchmark::State& state, VyScreen* screen, const Flush
     state.counters["pixelsFlushed"] = double(after.pixels - before.pixels) / n;
     state.counters["flushes"] = double(after.flushes - before.flushes) / n;
 }
+
+// `target` marked dirty, then painted and flushed, once an iteration: the unit of work of
+// the screen benchmarks and, on a full-screen page, their baseline. Answers the pixels
+// flushed per iteration.
+inline double repaintAndFlush(benchmark::State& state, VyWidget* target, VyApplication* app) {
+    const FlushCounts before = FlushCounts::of(app->screen());
+    for (auto _ : state) {
+        target->update();
+        app->processPostedEvents();
+    }
+    reportFlushes(state, app->screen(), before);
+    return double(app->screen()->flushedPixelCount() - before.pixels) / double(state.iterations());
+}

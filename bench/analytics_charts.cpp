@@ -128,15 +128,7 @@ double g_chartPixels = 0;
 
 double repaint(benchmark::State& state, Page* page, VyWidget* target) {
     showOnly(page);
-    VyScreen* screen = scene().app->screen();
-    const uint64_t before = screen->flushedPixelCount();
-    for (auto _ : state) {
-        target->update();
-        scene().app->processPostedEvents();
-    }
-    const double pixels = double(screen->flushedPixelCount() - before) / double(state.iterations());
-    state.counters["pixelsFlushed"] = pixels;
-    return pixels;
+    return repaintAndFlush(state, target, scene().app);
 }
 
 void BM_FullScreenFlush(benchmark::State& state) {

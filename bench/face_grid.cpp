@@ -105,12 +105,7 @@ void report(benchmark::State& state, const FlushCounts& before) {
 
 void BM_FullScreenFlush(benchmark::State& state) {
     showOnly(scene().empty);
-    const FlushCounts before = counts();
-    for (auto _ : state) {
-        scene().empty->update();
-        scene().app->processPostedEvents();
-    }
-    report(state, before);
+    repaintAndFlush(state, scene().empty, scene().app);
 }
 
 void BM_FaceGridOf200ScrollsOnePage(benchmark::State& state) {

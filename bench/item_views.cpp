@@ -169,12 +169,7 @@ void report(benchmark::State& state, const FlushCounts& before) {
 
 void BM_FullScreenFlush(benchmark::State& state) {
     showOnly(scene().empty);
-    const FlushCounts before = counts();
-    for (auto _ : state) {
-        scene().empty->update();
-        scene().app->processPostedEvents();
-    }
-    report(state, before);
+    repaintAndFlush(state, scene().empty, scene().app);
 }
 
 void pageBackAndForth(benchmark::State& state, Page* page, VyTableWidget* table) {

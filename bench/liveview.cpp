@@ -4,6 +4,7 @@
 //   plain window in the same run: at most 6 of those;
 // - an alarm flag change of one channel repaints only that cell's flag box (pixels flushed
 //   per change, against the box's own pixels: at most 1).
+#include "BenchPages.h"
 #include "core_ratio_reporter.h"
 
 #include "model/MainViewManager.h"
@@ -84,10 +85,7 @@ void BM_FullScreenFlush(benchmark::State& state) {
     s.window->hide();
     s.plain->show();
     s.app->processPostedEvents();
-    for (auto _ : state) {
-        s.plain->update();
-        s.app->processPostedEvents();
-    }
+    repaintAndFlush(state, s.plain, s.app);
     s.plain->hide();
     s.window->show();
     s.app->processPostedEvents();

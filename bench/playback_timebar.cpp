@@ -3,6 +3,7 @@
 // a wheel zoom and a cursor drag flush only the bar's pixels; and the memory a month of
 // search answers for 64 channels takes per segment, against the 16 bytes a segment has on
 // the wire, for one channel and for 64 (flat: the same per segment).
+#include "BenchPages.h"
 #include "core_ratio_reporter.h"
 
 #include "model/RecordSearchReply.h"
@@ -76,14 +77,7 @@ Scene& scene() {
 }
 
 void repaint(benchmark::State& state, VyWidget* target) {
-    Scene& s = scene();
-    const uint64_t pixels = s.app->screen()->flushedPixelCount();
-    for (auto _ : state) {
-        target->update();
-        s.app->processPostedEvents();
-    }
-    state.counters["pixelsFlushed"] =
-        double(s.app->screen()->flushedPixelCount() - pixels) / double(state.iterations());
+    repaintAndFlush(state, target, scene().app);
 }
 
 void BM_FullScreenFlush(benchmark::State& state) {
