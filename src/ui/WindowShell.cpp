@@ -197,7 +197,7 @@ void WindowShell::openShutdown() {
 
 void WindowShell::openAnalytics() {
     if (m_analytics) {
-        m_analytics->raise();
+        m_analytics->showAgain();
         VY_GUI_LOG("analytics window shown again\n");
         return;
     }

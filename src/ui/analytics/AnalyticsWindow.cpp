@@ -6,6 +6,7 @@
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
 #include "runtime/VyResources.h"
+#include "toolkit/core/VySingleShotTimer.h"
 #include "toolkit/events/VyKeyEvent.h"
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/TextId.h"
@@ -125,12 +126,28 @@ void AnalyticsWindow::keyPressEvent(VyKeyEvent* e) {
         return;
     }
     e->accept();
-    if (pageIsWaiting()) {
-        // Closing would delete the page that waits for App below this key.
-        VY_GUI_LOG("analytics window stays until App answers\n");
+    m_closing = true;
+    closeWhenIdle();
+}
+
+void AnalyticsWindow::closeWhenIdle() {
+    if (!m_closing)
+        return;
+    if (!pageIsWaiting()) {
+        close();
         return;
     }
-    close();
+    if (isVisible()) {
+        hide();
+        VY_GUI_LOG("analytics window hidden, closed once App has answered\n");
+    }
+    VySingleShotTimer::singleShot(kCloseRetryMs, this, VY_SLOT(AnalyticsWindow, closeWhenIdle));
+}
+
+void AnalyticsWindow::showAgain() {
+    m_closing = false;
+    show();
+    raise();
 }
 
 void AnalyticsWindow::closeEvent(VyCloseEvent*) {

@@ -43,6 +43,13 @@ public:
     // Where a page goes, below the title and the tabs.
     VyRect pageArea() const;
 
+    // Escape's close. A page may be waiting for App below this call (its pictures come one
+    // request at a time), and closing deletes the page: the window then leaves the screen
+    // at once and is closed as soon as nothing of it waits. showAgain() takes it back.
+    void closeWhenIdle();
+    void showAgain();
+    bool isClosing() const { return m_closing; }
+
 protected:
     void paintEvent(VyPaintEvent* e) override;
     void resizeEvent(VyResizeEvent* e) override;
@@ -59,6 +66,8 @@ private:
     int m_current = -1;
     int m_waitingBeforePage = 0; // requests waiting for App when the page was made
     bool m_making = false;       // inside a page's constructor
+    bool m_closing = false;      // hidden by Escape, closed once no request of it waits
+    static constexpr int kCloseRetryMs = 100;
     bool pageIsWaiting() const;
     VyLabel* m_title;
     VyLabel* m_empty; // shown while no application is offered

@@ -3,6 +3,7 @@
 // its tab is chosen and gone when another is.
 #include "ui/analytics/AnalyticsWindow.h"
 #include "model/DeviceProfile.h"
+#include "model/RecorderLink.h"
 #include "protocol/AnalyticsCap.h"
 #include "protocol/DeviceDefaultRecord.h"
 #include "toolkit/core/VyPointer.h"
@@ -82,6 +83,46 @@ TEST_F(AnalyticsWindowTest, ChoosingATabReplacesThePage) {
     EXPECT_TRUE(w.showApplication(1));
     EXPECT_FALSE(w.showApplication(2));
     EXPECT_EQ(made.size(), 2u);
+}
+
+// Stands for a request of the page waiting for App below the key that closes the window.
+struct PageRequest : RecorderLink {
+    using RecorderLink::WaitingScope;
+};
+
+TEST_F(AnalyticsWindowTest, EscapeWhileThePageWaitsHidesAtOnceAndClosesOnceTheAnswerIsIn) {
+    DeviceProfile p;
+    p.channelCount = 2;
+    p.aiAnalyzeChannels = 2;
+    p.aiAnalyzeCap = AnalyticsCap::HeatMap;
+    auto closeWithEscape = [&](bool takenBack) {
+        VyPointer<AnalyticsWindow> w(new AnalyticsWindow(p));
+        w->addApplication(app(AnalyticsCap::HeatMap, 1, &made));
+        w->show();
+        settle();
+        {
+            PageRequest::WaitingScope waiting;
+            EXPECT_TRUE(key(w.data(), VyKeyEvent::KeyEscape));
+            settle();
+            if (!w) {
+                ADD_FAILURE() << "deleted under the page's wait";
+                return w;
+            }
+            EXPECT_FALSE(w->isVisible());
+            if (takenBack)
+                w->showAgain();
+        }
+        // The retries run on the timer thread: what is waited for is the state, the window
+        // gone (or, taken back, still shown once a retry has found nothing waiting).
+        for (int i = 0; i < 50 && w && w->isClosing(); ++i)
+            SettingsUiTest::app()->processOneEvent();
+        return w;
+    };
+    EXPECT_TRUE(closeWithEscape(false).isNull());
+    VyPointer<AnalyticsWindow> kept = closeWithEscape(true);
+    ASSERT_TRUE(kept);
+    EXPECT_TRUE(kept->isVisible());
+    delete kept.data();
 }
 
 TEST(DeviceProfileAnalytics, CapabilityAndChannelsComeFromTheDeviceRecord) {
