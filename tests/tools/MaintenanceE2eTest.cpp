@@ -1,8 +1,9 @@
 // The maintenance screens against the simulated recorder: a backup found by type and copied
 // file by file with progress, a stick pulled out mid-way, a cancel and a selection too large
 // for the stick; shutting down and restarting only once confirmed; the system log paged and
-// filtered; an upgrade refused for another model or a damaged file, and cut short by the
-// stick going away; factory defaults keeping the groups chosen.
+// filtered and exported whole to the stick; an upgrade refused for another model or a damaged file,
+// and cut short by the stick going away; factory defaults keeping the groups chosen.
+#include "SimFaces.h"
 #include "SimUiFixture.h"
 
 #include "protocol/AutoRestartBlock.h"
@@ -10,6 +11,7 @@
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordTypeBit.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyPushButton.h"
@@ -207,6 +209,50 @@ TEST_F(MaintenanceE2e, SystemLogPagesThroughTenThousandEntriesAndFiltersByType) 
         EXPECT_GE(e.channel, 0);
     }
     EXPECT_EQ(w.table()->cell(0, 1).text, "Alarm");
+}
+
+TEST_F(MaintenanceE2e, SystemLogExportWritesEveryPageOfTheFilteredSearchToTheStick) {
+    SimFaces stick(config.recordSeed, kChannels); // keeps the files the GUI writes
+    stick.attach(server);
+    maintenance->log().add(LogSearchRequest::kUser, "Login \"admin\", remote", 2);
+    SystemLogWindow w;
+    w.show();
+    for (int i = 0; i < SystemLogWindow::kTypeCount; ++i)
+        w.typeBox(i)->setChecked(i == 4); // logins alone
+    ASSERT_TRUE(w.search());
+    ASSERT_GT(w.pageCount(), 1);
+    const LogEntry first = w.entries().front();
+    ASSERT_TRUE(w.showPage(w.pageCount() - 1)); // the page on screen is not all that goes
+    ASSERT_TRUE(w.exportToUsb());
+    shot("system-log-exported.png");
+
+    const std::string day = VyDate::currentDate().toString("yyyyMMdd").toStdString();
+    const std::string name = "systemlog_" + day + "_" + day + ".csv";
+    EXPECT_EQ(w.statusText().toStdString(), "The log was saved to the USB device as " + name + ".");
+    ASSERT_TRUE(stick.hasUsbFile(name));
+    const std::string file = stick.usbFile(name);
+    std::vector<std::string> lines;
+    for (size_t at = 0; at < file.size();) {
+        const size_t end = file.find("\r\n", at);
+        ASSERT_NE(end, std::string::npos) << "a line without its \\r\\n";
+        lines.push_back(file.substr(at, end - at));
+        at = end + 2;
+    }
+    ASSERT_EQ(lines.size(), size_t(w.total()) + 1);
+    EXPECT_EQ(lines[0] + "\r\n", SystemLogWindow::kCsvHeader);
+    EXPECT_EQ(lines[1] + "\r\n", SystemLogWindow::csvLine(first));
+    // Every line a login; the one whose text holds a quote and a comma quoted whole.
+    const std::string channel =
+        VyTranslation::tr(TextId::LiveView::ChannelName).arg(3).toStdString();
+    const std::string quoted = ",Users," + channel + ",\"Login \"\"admin\"\", remote\"";
+    int found = 0;
+    for (size_t i = 1; i < lines.size(); ++i) {
+        EXPECT_NE(lines[i].find(",Users,"), std::string::npos) << lines[i];
+        if (lines[i].size() > quoted.size() &&
+            lines[i].compare(lines[i].size() - quoted.size(), quoted.size(), quoted) == 0)
+            ++found;
+    }
+    EXPECT_EQ(found, 1);
 }
 
 TEST_F(MaintenanceE2e, UpgradeRefusesOtherModelsAndDamagedFilesAndStopsWhenTheStickGoes) {

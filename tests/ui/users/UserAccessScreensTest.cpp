@@ -2,6 +2,7 @@
 #include "../settings/SettingsUiTestApp.h"
 
 #include "model/DeviceProfile.h"
+#include "model/KeyManagerLink.h"
 #include "model/UserAccess.h"
 #include "platform/display/VyFrameDump.h"
 #include "platform/keys/VyScriptedKeyLibrary.h"
@@ -15,6 +16,7 @@
 #include "ui/WindowShell.h"
 #include "ui/liveview/StartMenu.h"
 #include "ui/playback/PlaybackSearchPanel.h"
+#include "ui/playback/PlaybackWindow.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
 #include "ui/settings/SettingsWindow.h"
@@ -126,6 +128,78 @@ TEST_F(UserAccessScreensTest, LockLetsOnlyTheEscapeKeysThroughAndUnlockingNeedsA
     EXPECT_FALSE(VyKeyManager::keyRestriction());
     EXPECT_FALSE(lock->isVisible());
     shell.closeAll();
+}
+
+// The device keys that drive playback and PTZ without the start menu: nobody logged in is
+// asked for a login, a user without the right is refused, one with it gets through.
+class DeviceKeyRightsTest : public UserAccessScreensTest {
+protected:
+    void SetUp() override {
+        UserAccessScreensTest::SetUp();
+        VyKeyManager::Setup setup;
+        setup.library = library;
+        setup.link = &keyLink;
+        setup.startPollThread = false;
+        keys = std::make_unique<VyKeyManager>(setup);
+        link.loginRequired = true;
+        access.refreshUsers();
+        UserAccess::setLoginPrompt([this] {
+            ++prompts;
+            return false;
+        });
+    }
+    void TearDown() override {
+        keys.reset();
+        UserAccessScreensTest::TearDown();
+    }
+    void press(uint32_t key) {
+        VyApplication::postEvent(keys.get(), std::make_unique<DvrKeyEvent>(key, 0));
+        settle();
+    }
+    std::shared_ptr<VyScriptedKeyLibrary> library = std::make_shared<VyScriptedKeyLibrary>();
+    KeyManagerLink keyLink;
+    std::unique_ptr<VyKeyManager> keys;
+    int prompts = 0;
+};
+
+TEST_F(DeviceKeyRightsTest, PlaybackKeysOfAnOpenWindowNeedThePlaybackRight) {
+    WindowShell shell;
+    shell.showMainView();
+    logIn(false, UserRights::kLiveView | UserRights::kPlayback);
+    shell.openPlayback(-1, 0);
+    settle();
+    ASSERT_NE(shell.playback(), nullptr);
+    press(39); // play
+    EXPECT_EQ(prompts, 0);
+
+    // Logged out by the menu time-out with playback still open: its keys ask for a login,
+    // and a user without the right is refused (asked again).
+    access.menuTimedOut();
+    press(39);
+    EXPECT_EQ(prompts, 1);
+    logIn(false, UserRights::kLiveView);
+    press(42); // faster
+    EXPECT_EQ(prompts, 2);
+    shell.closeAll();
+}
+
+TEST_F(DeviceKeyRightsTest, PtzKeyBoardCommandsGoOnlyForAUserWithTheRight) {
+    auto command = [&] {
+        PTZ_keyvaluet c;
+        c.command = 1;
+        library->pushPtzCommand(c);
+        press(VyKeyManager::KeySerialPtz);
+    };
+    command();
+    EXPECT_EQ(prompts, 1);
+    logIn(false, UserRights::kLiveView | UserRights::kPlayback);
+    command();
+    EXPECT_EQ(prompts, 2);
+    EXPECT_EQ(link.ptzCommands, 0);
+    logIn(false, UserRights::kPtz);
+    command();
+    EXPECT_EQ(prompts, 2);
+    EXPECT_EQ(link.ptzCommands, 1);
 }
 
 TEST_F(UserAccessScreensTest, UserEntryLogsInLogsOutAndSwitches) {
