@@ -31,7 +31,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unistd.h>
 
@@ -40,6 +42,9 @@ protected:
     static constexpr int kChannels = 4;
 
     void SetUp() override {
+        // A time zone the recorder announces moves the process's TZ: given back at the end.
+        if (const char* tz = std::getenv("TZ"))
+            m_tz = tz;
         char dir[] = "/tmp/sim-ui-XXXXXX";
         ASSERT_TRUE(::mkdtemp(dir));
         m_dir = dir;
@@ -107,6 +112,11 @@ protected:
         DeviceProfile::current() = DeviceProfile{};
         ::unlink((m_dir + "/IPC_UI").c_str());
         ::rmdir(m_dir.c_str());
+        if (m_tz)
+            setenv("TZ", m_tz->c_str(), 1);
+        else
+            unsetenv("TZ");
+        tzset();
     }
     template <typename Done>
     bool runUntil(Done done) {
@@ -142,6 +152,7 @@ protected:
 
     std::string m_dir;
     std::string m_shotDir;
+    std::optional<std::string> m_tz;
     int m_width = 1280;
     int m_height = 720;
     VyTranslation* translation = nullptr;

@@ -25,9 +25,6 @@
 #include "ui/settings/RecordParamPage.h"
 #include "ui/users/AdminPasswordPage.h"
 
-#include <cstdlib>
-#include <ctime>
-
 namespace {
 
 class WizardE2e : public SimUiFixture {
@@ -116,22 +113,6 @@ TEST_F(WizardE2e, WalksItsStepsAndEachStepWritesOnlyWhatItsPageChanged) {
 }
 
 TEST_F(WizardE2e, PasswordAndClockStepsChangeTheAdministratorsPasswordAndTheZone) {
-    // The zone the clock step makes the process take is given back at the end.
-    struct TzGuard {
-        std::string saved;
-        bool had = std::getenv("TZ") != nullptr;
-        TzGuard() {
-            if (had)
-                saved = std::getenv("TZ");
-        }
-        ~TzGuard() {
-            if (had)
-                setenv("TZ", saved.c_str(), 1);
-            else
-                unsetenv("TZ");
-            tzset();
-        }
-    } tzGuard;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     recorder->store().setByte(GeneralSettingsBlock::kBlockNumber, 10, 1);
@@ -157,7 +138,6 @@ TEST_F(WizardE2e, PasswordAndClockStepsChangeTheAdministratorsPasswordAndTheZone
     EXPECT_FALSE(wizard->next());
     EXPECT_EQ(page->message().toStdString(), "The password is wrong.");
     EXPECT_TRUE(page->oldPasswordEdit()->text().isEmpty()); // emptied once sent
-    ASSERT_EQ(pageAs<AdminPasswordPage>(wizard.data()), page);
     ASSERT_TRUE(users.account(SimUsers::kAdminName, &after));
     EXPECT_EQ(after.hash, before.hash);
 
@@ -183,12 +163,10 @@ TEST_F(WizardE2e, PasswordAndClockStepsChangeTheAdministratorsPasswordAndTheZone
     EXPECT_TRUE(runUntil([&] { return stored<DateTimeBlock>().timeZone == zone; }));
     EXPECT_NE(pageAs<NetworkPage>(wizard.data()), nullptr);
     wizard->reject();
-    const std::string out = testing::internal::GetCapturedStdout();
-    const std::string err = testing::internal::GetCapturedStderr();
-    for (const char* secret : {"Wizard-pw-1", "Wizard-pw-2", "not-it"}) {
-        EXPECT_EQ(out.find(secret), std::string::npos) << secret;
-        EXPECT_EQ(err.find(secret), std::string::npos) << secret;
-    }
+    const std::string log =
+        testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr();
+    for (const char* secret : {"Wizard-pw-1", "Wizard-pw-2", "not-it"})
+        EXPECT_EQ(log.find(secret), std::string::npos) << secret;
 }
 
 TEST_F(WizardE2e, ClosingWithTheBoxUntickedSwitchesTheWizardBackOn) {

@@ -13,10 +13,12 @@
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyListWidget.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "ui/UiLook.h"
 #include "ui/WindowShell.h"
 #include "ui/liveview/StartMenu.h"
 #include "ui/playback/PlaybackSearchPanel.h"
 #include "ui/playback/PlaybackWindow.h"
+#include "ui/settings/BitMaskChecks.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
 #include "ui/settings/SettingsWindow.h"
@@ -335,4 +337,35 @@ TEST_F(UserAccessScreensTest, UsersPageShowsEachUsersRightsAndKeepsTheAdministra
     shot("usereditdialog.png");
     EXPECT_EQ(dialog.message().toStdString(), "The new passwords do not match.");
     EXPECT_EQ(link.requests.size(), sent); // a mismatch goes nowhere
+}
+
+TEST_F(UserAccessScreensTest, SixtyFourChannelsOfRightsFitTheUsersPageOfTheSettingsWindow) {
+    DeviceProfile::current().channelCount = 64;
+    link.loginRequired = false;
+    SettingsManager manager;
+    SettingsWindow* window = manager.openWindow();
+    ASSERT_TRUE(window->openCategory(SettingsManager::System));
+    UsersPage* page = nullptr;
+    for (int i = 0; i < window->pageCount() && page == nullptr; ++i) {
+        window->showPage(i);
+        page = dynamic_cast<UsersPage*>(window->page());
+    }
+    ASSERT_NE(page, nullptr);
+    settle();
+    shot("userspage64.png");
+    // Inside the page and no lower than a line of text: the layout scales with the screen,
+    // so what fits here fits at 1280x720 and 1920x1080.
+    auto inside = [page](VyWidget* w) {
+        const VyPoint a = w->mapToWindow(VyPoint(0, 0)), p = page->mapToWindow(VyPoint(0, 0));
+        return a.x >= p.x && a.y >= p.y && a.x + w->width() <= p.x + page->width() &&
+               a.y + w->height() <= p.y + page->height() &&
+               w->height() >= UiLook::instance().fontPixelSize();
+    };
+    for (BitMaskChecks* grid : {page->liveChannels(), page->playbackChannels()}) {
+        ASSERT_EQ(grid->count(), 64);
+        for (int b = 0; b < grid->count(); ++b)
+            EXPECT_TRUE(inside(grid->box(b))) << "box " << b + 1;
+    }
+    EXPECT_TRUE(inside(page->saveRightsButton()));
+    delete window;
 }
