@@ -207,9 +207,12 @@ bool SettingsWindow::leaveCategory() {
 bool SettingsWindow::apply() {
     if (!m_page || !m_page->isOpened())
         return true;
-    if (m_page->apply() >= 0)
+    const int sent = m_page->apply();
+    if (sent >= 0)
         return true;
-    VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
+    // A request App refused is explained on the page itself.
+    if (sent == SettingsPage::kInvalid)
+        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
     return false;
 }
 
