@@ -1,5 +1,6 @@
 #include "model/AttendanceReport.h"
 
+#include "model/CsvText.h"
 #include "runtime/VyLog.h"
 
 #include <algorithm>
@@ -14,18 +15,6 @@ constexpr int64_t kSecondsPerHour = 3600;
 
 int64_t floorDiv(int64_t a, int64_t b) {
     return a / b - ((a % b != 0) && ((a < 0) != (b < 0)) ? 1 : 0);
-}
-
-std::string csvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos)
-        return text;
-    std::string out = "\"";
-    for (char c : text) {
-        if (c == '"')
-            out += '"';
-        out += c;
-    }
-    return out + "\"";
 }
 
 } // namespace
@@ -111,7 +100,7 @@ AttendanceReport::build(const std::vector<FaceRecognition>& recognitions, const 
 std::string AttendanceReport::toCsv(const std::vector<Row>& rows) {
     std::string out = "Name,Date,Check-in,Check-out,Recognitions\r\n";
     for (const Row& r : rows) {
-        out += csvField(r.name.toStdString()) + "," + dateText(r.day) + "," +
+        out += CsvText::field(r.name.toStdString()) + "," + dateText(r.day) + "," +
                dateText(floorDiv(r.checkIn, kSecondsPerDay)) + " " + timeText(r.checkIn) + ",";
         if (r.checkOut >= 0)
             out += dateText(floorDiv(r.checkOut, kSecondsPerDay)) + " " + timeText(r.checkOut);

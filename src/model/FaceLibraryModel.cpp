@@ -3,6 +3,7 @@
 #include "toolkit/core/VySingleShotTimer.h"
 
 #include "model/RecorderLink.h"
+#include "model/UsbFileWriter.h"
 #include "protocol/FaceEntry.h"
 #include "protocol/MainType.h"
 #include "protocol/SubType.h"
@@ -198,26 +199,10 @@ FaceLibraryModel::EditResult FaceLibraryModel::importFile(const VyString& file, 
 
 FaceLibraryModel::EditResult FaceLibraryModel::writeUsbFile(const VyString& name,
                                                             const std::vector<uint8_t>& bytes) {
-    RecorderLink* link = RecorderLink::instance();
-    UsbWriteRequest head;
-    if (link == nullptr || name.isEmpty() || bytes.size() > UsbWriteRequest::kMaxBytes ||
-        !setField(head.name, sizeof head.name, name)) {
-        VY_GUI_LOG("USB file \"%s\" of %zu bytes not written\n", name.c_str(), bytes.size());
-        return {};
-    }
-    head.size = uint32_t(bytes.size());
-    std::vector<uint8_t> body(sizeof head + bytes.size());
-    std::memcpy(body.data(), &head, sizeof head);
-    if (!bytes.empty())
-        std::memcpy(body.data() + sizeof head, bytes.data(), bytes.size());
-    std::vector<uint8_t> reply;
-    link->request(MainType::Analytics, FaceSubType::UsbWrite, body.data(), uint32_t(body.size()),
-                  reply);
+    const FaceEditAnswer answer = UsbFileWriter::write(name, bytes);
     EditResult result;
-    if (auto answer = FaceReply::parseEditAnswer(reply.data(), reply.size())) {
-        result.result = answer->result;
-        result.count = answer->count;
-    }
+    result.result = answer.result;
+    result.count = answer.count;
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include "model/ParamAccess.h"
 #include "model/RecorderLink.h"
 #include "model/SystemInfo.h"
+#include "model/UserAccess.h"
 #include "platform/keys/VyKeyLibrary.h"
 #include "protocol/MainType.h"
 #include "protocol/PointOfSaleText.h"
@@ -36,6 +37,10 @@ void KeyManagerLink::sendPointOfSaleText(const uint8_t* buffer, uint32_t length)
 void KeyManagerLink::sendPtzCommand(const PTZ_keyvaluet& command) {
     RecorderLink* link = RecorderLink::instance();
     if (link == nullptr)
+        return;
+    // The PTZ key board moves cameras as the PTZ panel does: the same right.
+    if (UserAccess* users = UserAccess::instance();
+        users != nullptr && !users->ensure(UserRights::kPtz))
         return;
     SerialPtzCommand wire{command.command, {command.param[0], command.param[1], command.param[2]}};
     uint8_t body[SerialPtzCommand::kSize];

@@ -10,16 +10,19 @@
 #include "toolkit/graphics/VyCanvas.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
+#include "toolkit/style/VyTextLayout.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyMessageBox.h"
 #include "toolkit/widgets/VyPushButton.h"
 #include "ui/UiLook.h"
 #include "ui/settings/CameraPage.h"
+#include "ui/settings/DateTimePage.h"
 #include "ui/settings/GeneralPage.h"
 #include "ui/settings/NetworkPage.h"
 #include "ui/settings/RecordParamPage.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/StoragePage.h"
+#include "ui/users/AdminPasswordPage.h"
 
 #include <algorithm>
 #include <cstring>
@@ -35,28 +38,20 @@ constexpr int kButtonWidthDesign = 210;
 constexpr int kButtonHeightDesign = 44;
 constexpr int kCheckWidthDesign = 320;
 constexpr int kGapDesign = 16;
+constexpr int kStepGapDesign = 4;
 
 template <typename Page>
 SettingsPage* makePage(VyWidget* parent) {
     return new Page(parent);
 }
 
-// Provided later by the screens that own those subjects; empty until then.
-WizardWindow::Step g_adminPasswordStep;
-WizardWindow::Step g_dateTimeStep;
-
 } // namespace
-
-void WizardWindow::provideStep(LateStep which, const Step& step) {
-    (which == LateStep::AdminPassword ? g_adminPasswordStep : g_dateTimeStep) = step;
-}
 
 std::vector<WizardWindow::Step> WizardWindow::steps(const DeviceProfile& profile) {
     std::vector<Step> s;
     s.push_back({TextId::Settings::Language, &makePage<GeneralPage>});
-    for (const Step& late : {g_adminPasswordStep, g_dateTimeStep})
-        if (late.make != nullptr)
-            s.push_back(late);
+    s.push_back({TextId::User::AdminPassword, &makePage<AdminPasswordPage>});
+    s.push_back({TextId::Settings::DateTime, &makePage<DateTimePage>});
     s.push_back({TextId::Settings::Network, &makePage<NetworkPage>});
     // A disk may need formatting before anything records; the storage page asks first.
     if (profile.maxDiskNum > 0)
@@ -182,13 +177,8 @@ bool WizardWindow::showStep(int index) {
 
 bool WizardWindow::next() {
     SettingsPage* p = m_host.page();
-    if (p == nullptr || m_host.isOpening())
+    if (p == nullptr || m_host.isOpening() || !applyPage(p))
         return false;
-    if (p->isOpened() && p->apply() < 0) {
-        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
-        return false;
-    }
-    keepGeneralCopy(p);
     if (m_index + 1 >= stepCount()) {
         done(Accepted);
         return true;
@@ -212,13 +202,26 @@ void WizardWindow::back() {
 
 bool WizardWindow::finish() {
     SettingsPage* p = m_host.page();
-    if (p != nullptr && !m_host.isOpening() && p->isOpened() && p->apply() < 0) {
-        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
+    if (p != nullptr && !m_host.isOpening() && !applyPage(p))
         return false;
-    }
-    if (p != nullptr)
-        keepGeneralCopy(p);
     done(Accepted);
+    return true;
+}
+
+bool WizardWindow::applyPage(SettingsPage* page) {
+    if (!page->isOpened())
+        return true;
+    // A page's own requests wait for App: the wizard or the page may be gone after.
+    VyPointer<WizardWindow> self(this);
+    VyPointer<SettingsPage> alive(page);
+    const int sent = page->apply();
+    if (!self || !alive || isFinished())
+        return false;
+    if (sent == SettingsPage::kInvalid)
+        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
+    if (sent < 0)
+        return false;
+    keepGeneralCopy(page);
     return true;
 }
 
@@ -318,9 +321,13 @@ void WizardWindow::paintEvent(VyPaintEvent* e) {
     const int font = UiLook::instance().fontPixelSize();
     for (int i = 0; i < n; ++i) {
         const vyargb colour = i < m_index ? m_stepDone : i == m_index ? m_stepCurrent : m_stepTodo;
-        const VyString text =
-            VyString::number(i + 1) + ". " + VyTranslation::tr(m_steps[size_t(i)].titleId);
-        c->drawText(VyRect(strip.x() + i * cell, strip.y(), cell, strip.height()),
+        // Seven steps share the strip: a long title (or translation) is cut short, not
+        // drawn over its neighbours.
+        const int gap = UiLook::scaledX(kStepGapDesign);
+        const VyString text = VyTextLayout::elided(
+            VyString::number(i + 1) + ". " + VyTranslation::tr(m_steps[size_t(i)].titleId), font,
+            cell - 2 * gap);
+        c->drawText(VyRect(strip.x() + i * cell + gap, strip.y(), cell - 2 * gap, strip.height()),
                     VyCanvas::AlignCenter, text, font, colour);
     }
 }

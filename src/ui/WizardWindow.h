@@ -2,8 +2,9 @@
 // The start-up wizard over the main view: the first settings a new recorder needs, one step
 // at a time (language, administrator password, date and time, network, disks, cameras,
 // recording), with Back, Skip, Next and Finish, and "do not show again". Each step is the
-// settings window's own page for that subject, embedded: Next writes what that page
-// changed exactly as its Apply would, Skip and Back leave App's blocks alone.
+// settings page for that subject, embedded (the settings window's own; the administrator
+// password's comes with the users screens): Next writes what that page changed exactly as
+// its Apply would, Skip and Back leave App alone.
 //
 // Colours from "style/wizard.ini". Opening a step fetches its blocks, which runs the event
 // loop: the wizard may be closed meanwhile, so callers hold a VyPointer across open().
@@ -29,10 +30,6 @@ public:
         uint32_t titleId = 0;
         SettingsPage* (*make)(VyWidget* parent) = nullptr;
     };
-    // Steps whose pages come with other screens: until one is provided the wizard goes
-    // without it.
-    enum class LateStep { AdminPassword, DateTime };
-    static void provideStep(LateStep which, const Step& step);
     // The steps this model offers, in the order the wizard walks them.
     static std::vector<Step> steps(const DeviceProfile& profile);
 
@@ -71,6 +68,9 @@ protected:
 private:
     bool showStep(int index);
     void dropPage();
+    // The step's page applied: false (the wizard stays on it) when it was refused or the
+    // wizard went meanwhile.
+    bool applyPage(SettingsPage* page);
     void keepGeneralCopy(SettingsPage* page);
     void syncButtons();
     VyRect stepStripRect() const;

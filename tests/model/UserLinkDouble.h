@@ -24,6 +24,8 @@ public:
     uint32_t send(uint16_t mainType, uint16_t subType, const void*, uint32_t) override {
         if (mainType == MainType::User)
             sends.push_back({subType, {}});
+        else if (mainType == MainType::System && subType == SystemSubType::SerialPtzCommand)
+            ++ptzCommands;
         return 1;
     }
     void request(uint16_t mainType, uint16_t subType, const void* body, uint32_t len,
@@ -79,6 +81,7 @@ public:
 
     std::vector<Message> requests;
     std::vector<Message> sends;
+    int ptzCommands = 0; // serial PTZ key board commands passed on
     std::vector<UserListEntry> entries;
     bool loginRequired = true;
     UserLoginAnswer answer;

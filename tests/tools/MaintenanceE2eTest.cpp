@@ -1,8 +1,9 @@
 // The maintenance screens against the simulated recorder: a backup found by type and copied
 // file by file with progress, a stick pulled out mid-way, a cancel and a selection too large
 // for the stick; shutting down and restarting only once confirmed; the system log paged and
-// filtered; an upgrade refused for another model or a damaged file, and cut short by the
-// stick going away; factory defaults keeping the groups chosen.
+// filtered and exported whole to the stick; an upgrade refused for another model or a damaged file,
+// and cut short by the stick going away; factory defaults keeping the groups chosen.
+#include "SimFaces.h"
 #include "SimUiFixture.h"
 
 #include "protocol/AutoRestartBlock.h"
@@ -10,6 +11,7 @@
 #include "protocol/NetworkBlock.h"
 #include "protocol/RecordParamBlock.h"
 #include "protocol/RecordTypeBit.h"
+#include "toolkit/i18n/TextId.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyComboBox.h"
 #include "toolkit/widgets/VyPushButton.h"
@@ -25,6 +27,7 @@
 #include "ui/settings/BitMaskChecks.h"
 #include "ui/settings/MaintenancePage.h"
 
+#include <algorithm>
 #include <numeric>
 #include <tuple>
 
@@ -207,6 +210,41 @@ TEST_F(MaintenanceE2e, SystemLogPagesThroughTenThousandEntriesAndFiltersByType) 
         EXPECT_GE(e.channel, 0);
     }
     EXPECT_EQ(w.table()->cell(0, 1).text, "Alarm");
+}
+
+TEST_F(MaintenanceE2e, SystemLogExportWritesEveryPageOfTheFilteredSearchToTheStick) {
+    SimFaces stick(config.recordSeed, kChannels); // keeps the files the GUI writes
+    stick.attach(server);
+    maintenance->log().add(LogSearchRequest::kUser, "Login \"admin\", remote", 2);
+    SystemLogWindow w;
+    w.show();
+    for (int i = 0; i < SystemLogWindow::kTypeCount; ++i)
+        w.typeBox(i)->setChecked(i == 4); // logins alone
+    ASSERT_TRUE(w.search());
+    ASSERT_GT(w.pageCount(), 1);
+    const LogEntry first = w.entries().front();
+    ASSERT_TRUE(w.showPage(w.pageCount() - 1)); // the page on screen is not all that goes
+    ASSERT_TRUE(w.exportToUsb());
+    shot("system-log-exported.png");
+
+    const std::string day = VyDate::currentDate().toString("yyyyMMdd").toStdString();
+    const std::string name = "systemlog_" + day + "_" + day + ".csv";
+    EXPECT_EQ(w.statusText().toStdString(), "The log was saved to the USB device as " + name + ".");
+    ASSERT_TRUE(stick.hasUsbFile(name));
+    // Every match, oldest first, each a line as the table shows it; the text holding a quote
+    // and a comma quoted whole.
+    const std::string file = stick.usbFile(name);
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), long(w.total()) + 1);
+    EXPECT_EQ(
+        file.rfind(std::string(SystemLogWindow::kCsvHeader) + SystemLogWindow::csvLine(first), 0),
+        0u);
+    const std::string channel =
+        VyTranslation::tr(TextId::LiveView::ChannelName).arg(3).toStdString();
+    const std::string quoted = ",Users," + channel + ",\"Login \"\"admin\"\", remote\"\r\n";
+    const size_t found = file.find(quoted);
+    EXPECT_NE(found, std::string::npos);
+    EXPECT_EQ(file.find(quoted, found + 1), std::string::npos);
+    EXPECT_EQ(file.find(",System,"), std::string::npos); // logins alone
 }
 
 TEST_F(MaintenanceE2e, UpgradeRefusesOtherModelsAndDamagedFilesAndStopsWhenTheStickGoes) {

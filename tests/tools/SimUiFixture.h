@@ -28,9 +28,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unistd.h>
 
@@ -39,6 +42,9 @@ protected:
     static constexpr int kChannels = 4;
 
     void SetUp() override {
+        // A time zone the recorder announces moves the process's TZ: given back at the end.
+        if (const char* tz = std::getenv("TZ"))
+            m_tz = tz;
         char dir[] = "/tmp/sim-ui-XXXXXX";
         ASSERT_TRUE(::mkdtemp(dir));
         m_dir = dir;
@@ -46,12 +52,21 @@ protected:
         VyFontMetrics::setFontFile("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 5242880);
         translation = new VyTranslation(VyString(VY_RESOURCES_DIR "/language"), nullptr);
         VyTranslation::resetInstance(translation);
-        translation->changeLanguage(VyTranslation::kEnglish);
-        // With VY_SHOT_DIR set the screen is a file there, and shot() writes PNGs of it.
+        // With VY_SHOT_DIR set the screen is a file there, and shot() writes PNGs of it; to
+        // look at a screen, VY_SHOT_SIZE (such as 1920x1080) and VY_SHOT_LANG (a language
+        // index) change the screen and the language, and the English texts the tests expect
+        // then fail.
         const char* shots = std::getenv("VY_SHOT_DIR");
         m_shotDir = shots != nullptr ? shots : "";
-        const std::string device =
-            m_shotDir.empty() ? "mem:1280x720" : "mem:1280x720:" + m_shotDir + "/sim-ui.raw";
+        const char* lang = std::getenv("VY_SHOT_LANG");
+        translation->changeLanguage(lang != nullptr ? std::atoi(lang) : VyTranslation::kEnglish);
+        const char* size = std::getenv("VY_SHOT_SIZE");
+        if (size != nullptr && std::sscanf(size, "%dx%d", &m_width, &m_height) != 2) {
+            m_width = 1280;
+            m_height = 720;
+        }
+        const std::string mem = "mem:" + std::to_string(m_width) + "x" + std::to_string(m_height);
+        const std::string device = m_shotDir.empty() ? mem : mem + ":" + m_shotDir + "/sim-ui.raw";
         VyApplication::setDisplayDevice(device.c_str());
         app = std::make_unique<VyApplication>();
         app->screen()->cursor()->hide();
@@ -97,6 +112,11 @@ protected:
         DeviceProfile::current() = DeviceProfile{};
         ::unlink((m_dir + "/IPC_UI").c_str());
         ::rmdir(m_dir.c_str());
+        if (m_tz)
+            setenv("TZ", m_tz->c_str(), 1);
+        else
+            unsetenv("TZ");
+        tzset();
     }
     template <typename Done>
     bool runUntil(Done done) {
@@ -119,7 +139,7 @@ protected:
         if (m_shotDir.empty())
             return;
         app->screen()->flush();
-        VyFrameDump::fromRawFile(m_shotDir + "/sim-ui.raw", 1280, 720)
+        VyFrameDump::fromRawFile(m_shotDir + "/sim-ui.raw", m_width, m_height)
             .savePng(m_shotDir + "/" + name);
     }
     static void click(VyWidget* w) {
@@ -132,6 +152,9 @@ protected:
 
     std::string m_dir;
     std::string m_shotDir;
+    std::optional<std::string> m_tz;
+    int m_width = 1280;
+    int m_height = 720;
     VyTranslation* translation = nullptr;
     std::unique_ptr<VyApplication> app;
     SimRecorderConfig config;

@@ -331,6 +331,7 @@ constexpr uint32_t TooLong = 110035;          // The name or password is too lon
 constexpr uint32_t NameMissing = 110036;      // Enter a user name.
 constexpr uint32_t Changed = 110037;          // The change was saved.
 constexpr uint32_t WrongOldPassword = 110038; // The password is wrong.
+constexpr uint32_t AdminPassword = 110039;    // Administrator password
 } // namespace User
 namespace Analytics {
 constexpr uint32_t Title = 111000;            // Analytics
@@ -451,6 +452,9 @@ constexpr uint32_t ConfigExported = 112060;   // The configuration was saved to 
 constexpr uint32_t ConfigImported = 112061;   // The configuration was loaded from the USB device.
 constexpr uint32_t NoConfigFile = 112062;     // No configuration file found on the USB device.
 constexpr uint32_t ConfigDamaged = 112063;    // The configuration file is damaged or for another model.
+constexpr uint32_t LogExported = 112064;      // The log was saved to the USB device as %1.
+constexpr uint32_t LogTooLarge = 112065;      // The log is too large for one file. Narrow the search.
+constexpr uint32_t LogExportFailed = 112066;  // The log could not be saved to the USB device.
 } // namespace Maintenance
 
 // Every ID above, ascending: what each shipped language file must hold, and no more.
@@ -764,6 +768,7 @@ constexpr uint32_t kAll[] = {
     User::NameMissing,
     User::Changed,
     User::WrongOldPassword,
+    User::AdminPassword,
     Analytics::Title,
     Analytics::NothingOffered,
     Analytics::CrowdCounting,
@@ -880,6 +885,9 @@ constexpr uint32_t kAll[] = {
     Maintenance::ConfigImported,
     Maintenance::NoConfigFile,
     Maintenance::ConfigDamaged,
+    Maintenance::LogExported,
+    Maintenance::LogTooLarge,
+    Maintenance::LogExportFailed,
 };
 } // namespace TextId
 // clang-format on

@@ -13,6 +13,7 @@
 #include "protocol/UiEventType.h"
 #include "runtime/VyDateTime.h"
 #include "runtime/VyLog.h"
+#include "toolkit/core/VyPointer.h"
 #include "toolkit/events/VyTimerEvent.h"
 #include "toolkit/i18n/TextId.h"
 #include "toolkit/i18n/VyTranslation.h"
@@ -358,6 +359,9 @@ void LiveViewController::placePanel(VyWidget* panel, MainViewVideo* cell) {
 }
 
 void LiveViewController::openPtz(MainViewVideo* cell) {
+    VyPointer<MainViewVideo> alive(cell);
+    if (!allowed(UserRights::kPtz) || !alive) // a login prompt runs the event loop
+        return;
     if (m_ptz == nullptr) {
         m_ptz = new VyPtzWidget(m_screen->parentWidget());
         connect(m_ptz, &m_ptz->closeRequested, this, VY_SLOT(LiveViewController, onPanelClosed));

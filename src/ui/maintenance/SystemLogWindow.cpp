@@ -1,7 +1,10 @@
 #include "ui/maintenance/SystemLogWindow.h"
 
+#include "model/CsvText.h"
 #include "model/MaintenanceLink.h"
 #include "model/RecDataManager.h"
+#include "model/UsbFileWriter.h"
+#include "protocol/UsbFileEntry.h"
 #include "runtime/VyLog.h"
 #include "toolkit/core/VyPointer.h"
 #include "toolkit/i18n/TextId.h"
@@ -37,6 +40,22 @@ constexpr TypeChoice kTypes[SystemLogWindow::kTypeCount] = {
     {LogSearchRequest::kUser, TextId::Maintenance::TypeUser},
 };
 
+constexpr int kColumns = 4;
+
+VyString columnText(const LogEntry& e, int column) {
+    switch (column) {
+    case 0:
+        return RecDataManager::unpack(e.time).toString("yyyy-MM-dd HH:mm:ss");
+    case 1:
+        return SystemLogWindow::typeName(e.type);
+    case 2:
+        return e.channel >= 0 ? VyTranslation::tr(TextId::LiveView::ChannelName).arg(e.channel + 1)
+                              : VyString("-");
+    default:
+        return VyString(e.text);
+    }
+}
+
 } // namespace
 
 SystemLogWindow::SystemLogWindow()
@@ -49,6 +68,7 @@ SystemLogWindow::SystemLogWindow()
     , m_previous(new VyPushButton(VyTranslation::tr(TextId::Maintenance::PreviousPage), this))
     , m_pager(new VyLabel(this))
     , m_next(new VyPushButton(VyTranslation::tr(TextId::Maintenance::NextPage), this))
+    , m_export(new VyPushButton(VyTranslation::tr(TextId::Maintenance::Export), this))
     , m_status(new VyLabel(this))
     , m_close(new VyPushButton(VyTranslation::tr(TextId::Common::Close), this)) {
     setTitleId(TextId::Maintenance::LogTitle);
@@ -61,7 +81,7 @@ SystemLogWindow::SystemLogWindow()
         m_types[i] = new VyCheckBox(VyTranslation::tr(kTypes[i].textId), this);
         m_types[i]->setChecked(true);
     }
-    m_table->setColumnCount(4);
+    m_table->setColumnCount(kColumns);
     m_table->setHorizontalHeaderLabels({VyTranslation::tr(TextId::Maintenance::Time),
                                         VyTranslation::tr(TextId::Maintenance::Type),
                                         VyTranslation::tr(TextId::Settings::Channel),
@@ -70,28 +90,13 @@ SystemLogWindow::SystemLogWindow()
         VyTableCell cell;
         if (row < 0 || row >= int(m_entries.size()))
             return cell;
-        const LogEntry& e = m_entries[size_t(row)];
-        switch (column) {
-        case 0:
-            cell.text = RecDataManager::unpack(e.time).toString("yyyy-MM-dd HH:mm:ss");
-            break;
-        case 1:
-            cell.text = typeName(e.type);
-            break;
-        case 2:
-            cell.text = e.channel >= 0
-                            ? VyTranslation::tr(TextId::LiveView::ChannelName).arg(e.channel + 1)
-                            : VyString("-");
-            break;
-        default:
-            cell.text = VyString(e.text);
-            break;
-        }
+        cell.text = columnText(m_entries[size_t(row)], column);
         return cell;
     });
     connect(m_search, &m_search->clicked, this, VY_SLOT(SystemLogWindow, searchClicked));
     connect(m_previous, &m_previous->clicked, this, VY_SLOT(SystemLogWindow, previousClicked));
     connect(m_next, &m_next->clicked, this, VY_SLOT(SystemLogWindow, nextClicked));
+    connect(m_export, &m_export->clicked, this, VY_SLOT(SystemLogWindow, exportClicked));
     connect(m_close, &m_close->clicked, this, VY_SLOT(VyDialog, reject));
     for (VyObject* o : children())
         if (o->inherits("VyWidget"))
@@ -121,6 +126,7 @@ bool SystemLogWindow::search() {
             req.typeMask |= kTypes[i].bit;
     req.maxCount = kPageSize;
     m_request = req;
+    m_searched = true;
     m_total = 0;
     m_page = 0;
     return showPage(0);
@@ -151,6 +157,63 @@ bool SystemLogWindow::showPage(int index) {
     m_table->scrollToRow(0);
     syncPager();
     update();
+    return true;
+}
+
+std::string SystemLogWindow::csvLine(const LogEntry& entry) {
+    std::string line;
+    for (int column = 0; column < kColumns; ++column) {
+        if (column > 0)
+            line += ',';
+        line += CsvText::field(columnText(entry, column).toStdString());
+    }
+    return line + "\r\n";
+}
+
+VyString SystemLogWindow::exportFileName() const {
+    return VyString("systemlog_") + m_fromDate->date().toString("yyyyMMdd") + "_" +
+           m_toDate->date().toString("yyyyMMdd") + ".csv";
+}
+
+bool SystemLogWindow::exportToUsb() {
+    if (!m_searched && !search())
+        return false;
+    // Page by page as App serves them, never more than one file's worth held: a search of
+    // a million entries stops at the limit instead of filling the memory.
+    std::string csv = kCsvHeader;
+    LogSearchRequest req = m_request;
+    uint32_t total = m_total;
+    VyPointer<SystemLogWindow> self(this);
+    for (req.first = 0; req.first < total; req.first += kPageSize) {
+        const auto page = MaintenanceLink::searchLog(req); // runs the event loop
+        if (!self)
+            return false;
+        if (!page || page->entries.empty()) {
+            m_status->setText(VyTranslation::tr(TextId::Maintenance::AnswerRefused));
+            return false;
+        }
+        total = page->total; // App may have logged more meanwhile
+        for (const LogEntry& e : page->entries)
+            csv += csvLine(e);
+        if (csv.size() > UsbWriteRequest::kMaxBytes) {
+            VY_GUI_LOG("system log export refused: more than %u bytes\n",
+                       unsigned(UsbWriteRequest::kMaxBytes));
+            m_status->setText(VyTranslation::tr(TextId::Maintenance::LogTooLarge));
+            return false;
+        }
+    }
+    const VyString name = exportFileName();
+    const FaceEditAnswer answer =
+        UsbFileWriter::write(name, std::vector<uint8_t>(csv.begin(), csv.end()));
+    if (!self)
+        return false;
+    if (answer.result != FaceEditAnswer::kOk) {
+        VY_GUI_LOG("system log export to \"%s\" failed: %u\n", name.c_str(), answer.result);
+        m_status->setText(VyTranslation::tr(TextId::Maintenance::LogExportFailed));
+        return false;
+    }
+    VY_GUI_LOG("system log exported to \"%s\": %zu bytes\n", name.c_str(), csv.size());
+    m_status->setText(VyTranslation::tr(TextId::Maintenance::LogExported).arg(name));
     return true;
 }
 
@@ -205,7 +268,8 @@ void SystemLogWindow::resizeEvent(VyResizeEvent* e) {
     m_table->setColumnWidth(3, w - w / 4 - 2 * (w / 6) - 4);
     m_status->setGeometry(left, tableBottom + m / 2, right - left, row);
     m_previous->setGeometry(left, bottom - row, button, row);
-    m_pager->setGeometry(left + button + m, bottom - row, right - left - 3 * button - 3 * m, row);
-    m_next->setGeometry(right - 2 * button - m, bottom - row, button, row);
+    m_pager->setGeometry(left + button + m, bottom - row, right - left - 4 * button - 4 * m, row);
+    m_next->setGeometry(right - 3 * button - 2 * m, bottom - row, button, row);
+    m_export->setGeometry(right - 2 * button - m, bottom - row, button, row);
     m_close->setGeometry(right - button, bottom - row, button, row);
 }

@@ -1,11 +1,13 @@
 #pragma once
 // The recorder's system log: search a time span for entry types, and read the matches in a
 // table a page at a time. Only the page on screen is held; each page is one request to App,
-// so a log of any length costs the same to page through.
+// so a log of any length costs the same to page through. Export writes the whole search
+// (every page, not only the one shown) as one CSV file onto the USB stick.
 #include "model/MaintenanceReply.h"
 #include "toolkit/widgets/VyDialog.h"
 
 #include <cstdint>
+#include <string>
 
 class VyCheckBox;
 class VyDateEdit;
@@ -33,6 +35,15 @@ public:
     VyString pageText() const;
     VyString statusText() const;
 
+    // The last search as a CSV file on the stick; false (the window says why) when App
+    // refused a page or the file, or the file would pass UsbWriteRequest::kMaxBytes.
+    bool exportToUsb();
+    // The file's name for the search shown: "systemlog_<from>_<to>.csv", days as yyyyMMdd.
+    VyString exportFileName() const;
+    // A CSV line of the file ("\r\n" ends), the fields as the table shows them.
+    static std::string csvLine(const LogEntry& entry);
+    static constexpr const char* kCsvHeader = "Time,Type,Channel,Description\r\n";
+
     VyDateEdit* fromDate() const { return m_fromDate; }
     VyTimeEdit* fromTime() const { return m_fromTime; }
     VyDateEdit* toDate() const { return m_toDate; }
@@ -41,6 +52,7 @@ public:
     VyTableWidget* table() const { return m_table; }
     VyPushButton* previousButton() const { return m_previous; }
     VyPushButton* nextButton() const { return m_next; }
+    VyPushButton* exportButton() const { return m_export; }
 
     // The name of a type bit as the table shows it.
     static VyString typeName(uint32_t type);
@@ -52,6 +64,7 @@ private:
     void searchClicked() { search(); }
     void previousClicked() { showPage(m_page - 1); }
     void nextClicked() { showPage(m_page + 1); }
+    void exportClicked() { exportToUsb(); }
     void syncPager();
 
     VyDateEdit* m_fromDate;
@@ -64,10 +77,12 @@ private:
     VyPushButton* m_previous;
     VyLabel* m_pager;
     VyPushButton* m_next;
+    VyPushButton* m_export;
     VyLabel* m_status;
     VyPushButton* m_close;
 
     LogSearchRequest m_request; // the search on screen, its `first` that of the page shown
+    bool m_searched = false;
     uint32_t m_total = 0;
     int m_page = 0;
     std::vector<LogEntry> m_entries;

@@ -1,6 +1,7 @@
 #include "ui/playback/PlaybackWindow.h"
 
 #include "model/UiManager.h"
+#include "model/UserAccess.h"
 #include "protocol/PlaybackStatus.h"
 #include "runtime/VyIniSettings.h"
 #include "runtime/VyLog.h"
@@ -397,6 +398,13 @@ void PlaybackWindow::onControlClicked(VyObject* sender) {
         break;
     }
     updateSpeedText();
+}
+
+bool PlaybackWindow::keyAction(uint32_t deviceKey) {
+    if (UserAccess* users = UserAccess::instance();
+        users != nullptr && !users->ensure(UserRights::kPlayback))
+        return true; // taken, and refused
+    return handleDeviceKey(int(deviceKey));
 }
 
 bool PlaybackWindow::handleDeviceKey(int keyValue) {

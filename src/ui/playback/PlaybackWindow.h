@@ -100,7 +100,9 @@ public:
     // 79 frame step, 80 previous day, 81 next day, 82 snapshot.
     bool handleDeviceKey(int keyValue);
     // The key manager's playback role, held while the window is open.
-    bool keyAction(uint32_t deviceKey) override { return handleDeviceKey(int(deviceKey)); }
+    // The playback keys, behind the playback right: the user who opened the window may have
+    // been logged out since.
+    bool keyAction(uint32_t deviceKey) override;
 
     VySignal closed;
 

@@ -3,6 +3,8 @@
 #include "toolkit/widgets/VyCheckBox.h"
 #include "ui/UiLook.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kBoxWidthDesign = 90; // pixels at 1920x1080, room for "64"
@@ -41,8 +43,15 @@ void BitMaskChecks::boxToggled() {
     emitSignal(this, &toggled);
 }
 
+int BitMaskChecks::rowsFor(int width) const {
+    const int columns = std::max(1, width / std::max(1, UiLook::scaledX(kBoxWidthDesign)));
+    return std::max(1, (count() + columns - 1) / columns);
+}
+
 void BitMaskChecks::resizeEvent(VyResizeEvent*) {
-    const int w = UiLook::scaledX(kBoxWidthDesign);
+    const int w = std::max(1, UiLook::scaledX(kBoxWidthDesign));
+    const int columns = std::max(1, width() / w);
+    const int rowHeight = height() / rowsFor(width());
     for (size_t i = 0; i < m_boxes.size(); ++i)
-        m_boxes[i]->setGeometry(int(i) * w, 0, w, height());
+        m_boxes[i]->setGeometry(int(i) % columns * w, int(i) / columns * rowHeight, w, rowHeight);
 }

@@ -1,6 +1,8 @@
 #pragma once
-// A row of numbered check boxes standing for the bits of a mask: the channels an alarm
-// records, the relay outputs it closes. Box i is bit i and is labelled i + 1.
+// Numbered check boxes standing for the bits of a mask: the channels an alarm records, the
+// relay outputs it closes, the channels a user may watch. Box i is bit i and is labelled
+// i + 1. They run in a row and wrap into as many rows as the width needs (64 channels do
+// not fit one row), the widget's height shared among the rows.
 #include "toolkit/widgets/CWidget.h"
 
 #include <cstdint>
@@ -19,6 +21,8 @@ public:
     // Bits beyond the count are ignored.
     void setMask(uint64_t mask);
     uint64_t mask() const;
+    // Rows the boxes take at `width`.
+    int rowsFor(int width) const;
 
     VySignal toggled;
 

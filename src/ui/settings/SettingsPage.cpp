@@ -40,12 +40,15 @@ int SettingsPage::apply() {
     collectValues();
     if (const uint32_t field = invalidField()) {
         VY_GUI_LOG("settings not applied: field %u is not valid\n", field);
-        return -1;
+        return kInvalid;
     }
     beforeWrite();
     const int sent = m_blocks.writeChanged();
+    VyPointer<SettingsPage> self(this);
     written(sent);
-    return sent;
+    if (!self)
+        return sent;
+    return sendRequests() ? sent : kRefused;
 }
 
 void SettingsPage::cancel() {

@@ -29,8 +29,11 @@ public:
     // The window left the page while it was still fetching: open() stops after the block
     // it waits for.
     void abandon() { m_abandoned = true; }
-    // Takes the controls' values and sends the changed blocks; answers how many were sent,
-    // or -1 (nothing sent) while a field is invalid.
+    // apply()'s answers other than the count of blocks sent.
+    static constexpr int kInvalid = -1; // a field cannot be sent: nothing was
+    static constexpr int kRefused = -2; // App refused a request of the page's (it says why)
+    // Takes the controls' values and sends the changed blocks, then the page's requests;
+    // answers how many blocks were sent, kInvalid or kRefused.
     int apply();
     // The text ID of the first field whose value cannot be sent, 0 when all can.
     virtual uint32_t invalidField() { return 0; }
@@ -72,6 +75,10 @@ protected:
     // After Apply sent the changed blocks (`sent` of them). The page may be gone when a
     // nested loop runs in here: callers hold a VyPointer.
     virtual void written(int sent) { (void)sent; }
+    // Changes App takes as requests of their own, not as blocks (an account's password),
+    // sent after the blocks; false when App refused them, and the page shows why itself.
+    // Waits for App: the page may be gone afterwards (callers hold a VyPointer).
+    virtual bool sendRequests() { return true; }
 
     // Set without disturbing digits the user is typing into it.
     static void showSpin(VySpinBox* box, int value);

@@ -186,9 +186,12 @@ bool SettingsWindow::apply() {
     SettingsPage* p = m_host.page();
     if (p == nullptr || !p->isOpened())
         return true;
-    if (p->apply() >= 0)
+    const int sent = p->apply();
+    if (sent >= 0)
         return true;
-    VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
+    // A request App refused is explained on the page itself.
+    if (sent == SettingsPage::kInvalid)
+        VyMessageBox::warning(VyTranslation::tr(TextId::Settings::InvalidValue));
     return false;
 }
 

@@ -29,6 +29,7 @@ constexpr int kRowHeight = 44;
 constexpr int kRowGap = 10;
 constexpr int kFunctionColumns = 3;
 constexpr int kLabelHeight = 36;
+constexpr int kChannelRowHeight = 34;
 constexpr int kSaveWidth = 220;
 
 uint32_t functionText(uint32_t bit) {
@@ -286,12 +287,15 @@ void UsersPage::resizeEvent(VyResizeEvent* e) {
     const int rows = int((m_functions.size() + kFunctionColumns - 1) / kFunctionColumns);
     y = top + rows * (row + gap) + gap;
     const int label = UiLook::scaledY(kLabelHeight);
+    // Many channels wrap into rows of boxes, lower than a form row so that 64 fit the page.
+    const int gridRows = m_live->rowsFor(width);
+    const int gridHeight = gridRows == 1 ? row : gridRows * UiLook::scaledY(kChannelRowHeight);
     m_liveLabel->setGeometry(left, y, width, label);
-    m_live->setGeometry(left, y + label, width, row);
-    y += label + row + gap;
+    m_live->setGeometry(left, y + label, width, gridHeight);
+    y += label + gridHeight + gap;
     m_playbackLabel->setGeometry(left, y, width, label);
-    m_playback->setGeometry(left, y + label, width, row);
-    y += label + row + 2 * gap;
+    m_playback->setGeometry(left, y + label, width, gridHeight);
+    y += label + gridHeight + 2 * gap;
     m_saveRights->setGeometry(left, y, UiLook::scaledX(kSaveWidth), row);
 }
 

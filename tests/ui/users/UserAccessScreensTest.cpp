@@ -2,6 +2,7 @@
 #include "../settings/SettingsUiTestApp.h"
 
 #include "model/DeviceProfile.h"
+#include "model/KeyManagerLink.h"
 #include "model/UserAccess.h"
 #include "platform/display/VyFrameDump.h"
 #include "platform/keys/VyScriptedKeyLibrary.h"
@@ -12,9 +13,12 @@
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyListWidget.h"
 #include "toolkit/widgets/VyPushButton.h"
+#include "ui/UiLook.h"
 #include "ui/WindowShell.h"
 #include "ui/liveview/StartMenu.h"
 #include "ui/playback/PlaybackSearchPanel.h"
+#include "ui/playback/PlaybackWindow.h"
+#include "ui/settings/BitMaskChecks.h"
 #include "ui/settings/SettingsManager.h"
 #include "ui/settings/SettingsTile.h"
 #include "ui/settings/SettingsWindow.h"
@@ -126,6 +130,78 @@ TEST_F(UserAccessScreensTest, LockLetsOnlyTheEscapeKeysThroughAndUnlockingNeedsA
     EXPECT_FALSE(VyKeyManager::keyRestriction());
     EXPECT_FALSE(lock->isVisible());
     shell.closeAll();
+}
+
+// The device keys that drive playback and PTZ without the start menu: nobody logged in is
+// asked for a login, a user without the right is refused, one with it gets through.
+class DeviceKeyRightsTest : public UserAccessScreensTest {
+protected:
+    void SetUp() override {
+        UserAccessScreensTest::SetUp();
+        VyKeyManager::Setup setup;
+        setup.library = library;
+        setup.link = &keyLink;
+        setup.startPollThread = false;
+        keys = std::make_unique<VyKeyManager>(setup);
+        link.loginRequired = true;
+        access.refreshUsers();
+        UserAccess::setLoginPrompt([this] {
+            ++prompts;
+            return false;
+        });
+    }
+    void TearDown() override {
+        keys.reset();
+        UserAccessScreensTest::TearDown();
+    }
+    void press(uint32_t key) {
+        VyApplication::postEvent(keys.get(), std::make_unique<DvrKeyEvent>(key, 0));
+        settle();
+    }
+    std::shared_ptr<VyScriptedKeyLibrary> library = std::make_shared<VyScriptedKeyLibrary>();
+    KeyManagerLink keyLink;
+    std::unique_ptr<VyKeyManager> keys;
+    int prompts = 0;
+};
+
+TEST_F(DeviceKeyRightsTest, PlaybackKeysOfAnOpenWindowNeedThePlaybackRight) {
+    WindowShell shell;
+    shell.showMainView();
+    logIn(false, UserRights::kLiveView | UserRights::kPlayback);
+    shell.openPlayback(-1, 0);
+    settle();
+    ASSERT_NE(shell.playback(), nullptr);
+    press(39); // play
+    EXPECT_EQ(prompts, 0);
+
+    // Logged out by the menu time-out with playback still open: its keys ask for a login,
+    // and a user without the right is refused (asked again).
+    access.menuTimedOut();
+    press(39);
+    EXPECT_EQ(prompts, 1);
+    logIn(false, UserRights::kLiveView);
+    press(42); // faster
+    EXPECT_EQ(prompts, 2);
+    shell.closeAll();
+}
+
+TEST_F(DeviceKeyRightsTest, PtzKeyBoardCommandsGoOnlyForAUserWithTheRight) {
+    auto command = [&] {
+        PTZ_keyvaluet c;
+        c.command = 1;
+        library->pushPtzCommand(c);
+        press(VyKeyManager::KeySerialPtz);
+    };
+    command();
+    EXPECT_EQ(prompts, 1);
+    logIn(false, UserRights::kLiveView | UserRights::kPlayback);
+    command();
+    EXPECT_EQ(prompts, 2);
+    EXPECT_EQ(link.ptzCommands, 0);
+    logIn(false, UserRights::kPtz);
+    command();
+    EXPECT_EQ(prompts, 2);
+    EXPECT_EQ(link.ptzCommands, 1);
 }
 
 TEST_F(UserAccessScreensTest, UserEntryLogsInLogsOutAndSwitches) {
@@ -261,4 +337,35 @@ TEST_F(UserAccessScreensTest, UsersPageShowsEachUsersRightsAndKeepsTheAdministra
     shot("usereditdialog.png");
     EXPECT_EQ(dialog.message().toStdString(), "The new passwords do not match.");
     EXPECT_EQ(link.requests.size(), sent); // a mismatch goes nowhere
+}
+
+TEST_F(UserAccessScreensTest, SixtyFourChannelsOfRightsFitTheUsersPageOfTheSettingsWindow) {
+    DeviceProfile::current().channelCount = 64;
+    link.loginRequired = false;
+    SettingsManager manager;
+    SettingsWindow* window = manager.openWindow();
+    ASSERT_TRUE(window->openCategory(SettingsManager::System));
+    UsersPage* page = nullptr;
+    for (int i = 0; i < window->pageCount() && page == nullptr; ++i) {
+        window->showPage(i);
+        page = dynamic_cast<UsersPage*>(window->page());
+    }
+    ASSERT_NE(page, nullptr);
+    settle();
+    shot("userspage64.png");
+    // Inside the page and no lower than a line of text: the layout scales with the screen,
+    // so what fits here fits at 1280x720 and 1920x1080.
+    auto inside = [page](VyWidget* w) {
+        const VyPoint a = w->mapToWindow(VyPoint(0, 0)), p = page->mapToWindow(VyPoint(0, 0));
+        return a.x >= p.x && a.y >= p.y && a.x + w->width() <= p.x + page->width() &&
+               a.y + w->height() <= p.y + page->height() &&
+               w->height() >= UiLook::instance().fontPixelSize();
+    };
+    for (BitMaskChecks* grid : {page->liveChannels(), page->playbackChannels()}) {
+        ASSERT_EQ(grid->count(), 64);
+        for (int b = 0; b < grid->count(); ++b)
+            EXPECT_TRUE(inside(grid->box(b))) << "box " << b + 1;
+    }
+    EXPECT_TRUE(inside(page->saveRightsButton()));
+    delete window;
 }
