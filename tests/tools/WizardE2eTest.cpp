@@ -163,6 +163,7 @@ TEST_F(WizardE2e, PasswordAndClockStepsChangeTheAdministratorsPasswordAndTheZone
     EXPECT_TRUE(runUntil([&] { return stored<DateTimeBlock>().timeZone == zone; }));
     EXPECT_NE(pageAs<NetworkPage>(wizard.data()), nullptr);
     wizard->reject();
+    EXPECT_TRUE(runUntil([&] { return wizard.isNull(); })); // deleted once closed
     const std::string log =
         testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr();
     for (const char* secret : {"Wizard-pw-1", "Wizard-pw-2", "not-it"})
