@@ -74,6 +74,7 @@ protected:
         config.channels = kChannels;
         config.recordSeed = 5;
         config.usbFreeMiB = 4096;
+        configure(config);
         recorder = std::make_unique<SimRecorder>(config);
         playback = std::make_unique<SimPlayback>(config, SimRecordDb::localToday());
         maintenance = std::make_unique<SimMaintenance>(playback.get(), config.recordSeed);
@@ -118,6 +119,8 @@ protected:
             unsetenv("TZ");
         tzset();
     }
+    // A suite's own recorder settings, before the recorder starts.
+    virtual void configure(SimRecorderConfig&) {}
     template <typename Done>
     bool runUntil(Done done) {
         for (int i = 0; i < 5000 && !done(); ++i) {

@@ -57,10 +57,10 @@ public:
 
 class SystemPagesE2e : public SettingsPagesE2e {
 protected:
-    void configure(SimRecorderConfig& config) override {
+    void configure(SimRecorderConfig& recorderConfig) override {
         // App answers the time server's block short: 8 of its 256 bytes.
-        config.blockSizes[NtpBlock::kBlockNumber] = 8;
-        config.blockBytes[{NtpBlock::kBlockNumber, 0}] = 1;
+        recorderConfig.blockSizes[NtpBlock::kBlockNumber] = 8;
+        recorderConfig.blockBytes[{NtpBlock::kBlockNumber, 0}] = 1;
     }
     void TearDown() override {
         manager->setShell(nullptr);

@@ -2,21 +2,11 @@
 // and deleted through the page's dialogs end up in the recorder's store as salted hashes,
 // a wrong old password counts towards the lock and the page says for how long, and no
 // password reaches the GUI's log.
-#include "SimServer.h"
 #include "SimSha256.h"
-#include "SimUsers.h"
+#include "SimUiFixture.h"
 
-#include "ipc/IpcClient.h"
-#include "model/DeviceProfile.h"
-#include "model/IpcRecorderLink.h"
 #include "model/UserAccess.h"
-#include "runtime/VyFontMetrics.h"
-#include "runtime/VyResources.h"
-#include "toolkit/core/VyApplication.h"
-#include "toolkit/core/VyScreen.h"
-#include "toolkit/core/VyScreenCursor.h"
 #include "toolkit/i18n/TextId.h"
-#include "toolkit/i18n/VyTranslation.h"
 #include "toolkit/widgets/VyCheckBox.h"
 #include "toolkit/widgets/VyLineEdit.h"
 #include "toolkit/widgets/VyListWidget.h"
@@ -33,45 +23,17 @@
 
 namespace {
 
-constexpr const char* kFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
-
-class UsersPageE2e : public ::testing::Test {
+// The users page against the simulator's accounts, with a login asked for.
+class UsersPageE2e : public SimUiFixture {
 protected:
     void SetUp() override {
-        char dir[] = "/tmp/users-e2e-XXXXXX";
-        ASSERT_TRUE(::mkdtemp(dir));
-        m_dir = dir;
-        VyResources::setRoot(VY_RESOURCES_DIR);
-        VyFontMetrics::setFontFile(kFont, 5242880);
-        translation = new VyTranslation(VyString(VY_RESOURCES_DIR "/language"), nullptr);
-        VyTranslation::resetInstance(translation);
-        translation->changeLanguage(VyTranslation::kEnglish);
-        VyApplication::setDisplayDevice("mem:1280x720");
-        app = std::make_unique<VyApplication>();
-        app->screen()->cursor()->hide();
-        users.addDefaultUsers();
         users.setLoginRequired(true);
-        users.attach(server);
-        ASSERT_TRUE(server.listen(m_dir + "/IPC_UI"));
-        ASSERT_TRUE(server.start());
-        IpcClientConfig cc;
-        cc.socketPath = m_dir + "/IPC_UI";
-        cc.joinableThreads = true;
-        ASSERT_TRUE(client.UI_IPC_ClientInit(nullptr, cc));
-        RecorderLink::setInstance(&link);
-        DeviceProfile::current() = DeviceProfile{};
-        DeviceProfile::current().channelCount = 4;
-        access = std::make_unique<UserAccess>();
+        SimUiFixture::SetUp();
+        access = models->users();
     }
     void TearDown() override {
-        access.reset();
-        client.stop();
-        server.stop();
-        RecorderLink::setInstance(nullptr);
-        app.reset();
-        VyTranslation::resetInstance();
-        DeviceProfile::current() = DeviceProfile{};
-        ::rmdir(m_dir.c_str());
+        page.reset();
+        SimUiFixture::TearDown();
     }
     std::unique_ptr<UsersPage> openPage() {
         auto opened = std::make_unique<UsersPage>();
@@ -106,14 +68,7 @@ protected:
         });
     }
 
-    std::string m_dir;
-    std::unique_ptr<VyApplication> app;
-    VyTranslation* translation = nullptr;
-    SimServer server;
-    SimUsers users;
-    IpcClient client;
-    IpcRecorderLink link{client};
-    std::unique_ptr<UserAccess> access;
+    UserAccess* access = nullptr;
     std::unique_ptr<UsersPage> page;
     std::string lastMessage;
 };
