@@ -216,6 +216,12 @@ void DateTimePage::written(int) {
     m_following = true;
 }
 
+void DateTimePage::cancelled() {
+    // What the user typed is thrown away: the recorder's clock shows and ticks again.
+    m_clockChanged = false;
+    m_following = true;
+}
+
 void DateTimePage::clockEdited() {
     if (m_showing || !isOpened())
         return;

@@ -53,6 +53,7 @@ protected:
     void showValues() override;
     void collectValues() override;
     void written(int sent) override;
+    void cancelled() override;
     void resizeEvent(VyResizeEvent* e) override;
     void timerEvent(VyTimerEvent* e) override;
     bool eventFilter(VyObject* watched, VyEvent* e) override;

@@ -53,6 +53,7 @@ int SettingsPage::apply() {
 
 void SettingsPage::cancel() {
     m_blocks.revert();
+    cancelled();
     showValues();
 }
 

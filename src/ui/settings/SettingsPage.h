@@ -75,6 +75,8 @@ protected:
     // After Apply sent the changed blocks (`sent` of them). The page may be gone when a
     // nested loop runs in here: callers hold a VyPointer.
     virtual void written(int sent) { (void)sent; }
+    // Cancel put the blocks back to what App holds; the controls are shown again next.
+    virtual void cancelled() {}
     // Changes App takes as requests of their own, not as blocks (an account's password),
     // sent after the blocks; false when App refused them, and the page shows why itself.
     // Waits for App: the page may be gone afterwards (callers hold a VyPointer).

@@ -285,6 +285,15 @@ TEST_F(DateTimeTickTest, AFieldTheUserEditsIsNotOverwrittenAndApplySetsIt) {
     // Once set, the page follows the clock again.
     advanceMs(1000);
     EXPECT_EQ(page->timeEdit()->text(), "00:00:04");
+    // So it does after Cancel, which throws the typed time away.
+    key(page->timeEdit(), VyKeyEvent::KeyDigit0 + 7);
+    advanceMs(1000);
+    EXPECT_FALSE(page->followsClock());
+    page->cancel();
+    EXPECT_TRUE(page->followsClock());
+    EXPECT_EQ(page->timeEdit()->text(), "00:00:05");
+    advanceMs(1000);
+    EXPECT_EQ(page->timeEdit()->text(), "00:00:06");
 }
 
 } // namespace
