@@ -5,16 +5,30 @@
 #include <algorithm>
 #include <cstring>
 
-std::optional<UsbDeviceInfo> MaintenanceReply::parseUsbInfo(const uint8_t* body, size_t len) {
-    UsbDeviceInfo info;
-    if (body == nullptr || len != sizeof info) {
-        VY_GUI_LOG("USB information of %zu bytes refused\n", len);
+namespace {
+
+// A reply that is one record: exactly its size, or nothing (with a line naming it).
+template <typename Record>
+std::optional<Record> wholeRecord(const uint8_t* body, size_t len, const char* what) {
+    Record r;
+    if (body == nullptr || len != sizeof r) {
+        VY_GUI_LOG("%s of %zu bytes refused\n", what, len);
         return std::nullopt;
     }
-    std::memcpy(&info, body, sizeof info);
-    if (info.present > 1 || info.freeMiB > info.totalMiB) {
-        VY_GUI_LOG("USB information refused: present %u, %u MiB free of %u\n", info.present,
-                   info.freeMiB, info.totalMiB);
+    std::memcpy(&r, body, sizeof r);
+    return r;
+}
+
+} // namespace
+
+std::optional<UsbDeviceInfo> MaintenanceReply::parseUsbInfo(const uint8_t* body, size_t len) {
+    const std::optional<UsbDeviceInfo> info =
+        wholeRecord<UsbDeviceInfo>(body, len, "USB information");
+    if (!info)
+        return std::nullopt;
+    if (info->present > 1 || info->freeMiB > info->totalMiB) {
+        VY_GUI_LOG("USB information refused: present %u, %u MiB free of %u\n", info->present,
+                   info->freeMiB, info->totalMiB);
         return std::nullopt;
     }
     return info;
@@ -75,14 +89,12 @@ std::optional<std::vector<UpgradeFileEntry>> MaintenanceReply::parseUpgradeList(
 
 std::optional<UpgradeProgress> MaintenanceReply::parseUpgradeProgress(const uint8_t* body,
                                                                       size_t len) {
-    UpgradeProgress p;
-    if (body == nullptr || len != sizeof p) {
-        VY_GUI_LOG("upgrade progress of %zu bytes refused\n", len);
+    const std::optional<UpgradeProgress> p =
+        wholeRecord<UpgradeProgress>(body, len, "upgrade progress");
+    if (!p)
         return std::nullopt;
-    }
-    std::memcpy(&p, body, sizeof p);
-    if (p.state > UpgradeProgress::kFailed || p.percent > 100) {
-        VY_GUI_LOG("upgrade progress refused: state %u, %u%%\n", p.state, p.percent);
+    if (p->state > UpgradeProgress::kFailed || p->percent > 100) {
+        VY_GUI_LOG("upgrade progress refused: state %u, %u%%\n", p->state, p->percent);
         return std::nullopt;
     }
     return p;
@@ -90,25 +102,17 @@ std::optional<UpgradeProgress> MaintenanceReply::parseUpgradeProgress(const uint
 
 std::optional<FactoryDefaultsAnswer> MaintenanceReply::parseDefaultsAnswer(const uint8_t* body,
                                                                            size_t len) {
-    FactoryDefaultsAnswer a;
-    if (body == nullptr || len != sizeof a) {
-        VY_GUI_LOG("factory defaults answer of %zu bytes refused\n", len);
-        return std::nullopt;
-    }
-    std::memcpy(&a, body, sizeof a);
-    return a;
+    return wholeRecord<FactoryDefaultsAnswer>(body, len, "factory defaults answer");
 }
 
 std::optional<ConfigTransferAnswer> MaintenanceReply::parseConfigAnswer(const uint8_t* body,
                                                                         size_t len) {
-    ConfigTransferAnswer a;
-    if (body == nullptr || len != sizeof a) {
-        VY_GUI_LOG("configuration answer of %zu bytes refused\n", len);
+    const std::optional<ConfigTransferAnswer> a =
+        wholeRecord<ConfigTransferAnswer>(body, len, "configuration answer");
+    if (!a)
         return std::nullopt;
-    }
-    std::memcpy(&a, body, sizeof a);
-    if (a.result > ConfigTransferAnswer::kDamaged) {
-        VY_GUI_LOG("configuration answer refused: result %u\n", a.result);
+    if (a->result > ConfigTransferAnswer::kDamaged) {
+        VY_GUI_LOG("configuration answer refused: result %u\n", a->result);
         return std::nullopt;
     }
     return a;
