@@ -104,11 +104,7 @@ bool AdminPasswordPage::sendRequests() {
 }
 
 VyString AdminPasswordPage::message() const {
-    if (m_messageId == 0)
-        return VyString();
-    if (m_messageId == TextId::User::Locked)
-        return VyTranslation::tr(m_messageId).arg(m_lockSeconds);
-    return VyTranslation::tr(m_messageId);
+    return UserEditDialog::messageText(m_messageId, m_lockSeconds);
 }
 
 void AdminPasswordPage::paintEvent(VyPaintEvent* e) {

@@ -188,11 +188,15 @@ void UserEditDialog::showAnswer(const UserAccess::EditResult& result) {
 }
 
 VyString UserEditDialog::message() const {
-    if (m_messageId == 0)
+    return messageText(m_messageId, m_lockSeconds);
+}
+
+VyString UserEditDialog::messageText(uint32_t textId, int lockSeconds) {
+    if (textId == 0)
         return VyString();
-    if (m_messageId == TextId::User::Locked)
-        return VyTranslation::tr(m_messageId).arg(m_lockSeconds);
-    return VyTranslation::tr(m_messageId);
+    if (textId == TextId::User::Locked)
+        return VyTranslation::tr(textId).arg(lockSeconds);
+    return VyTranslation::tr(textId);
 }
 
 void UserEditDialog::retranslate() {

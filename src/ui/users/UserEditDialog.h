@@ -41,6 +41,8 @@ public:
     VyString message() const;
     // The text ID that tells an answer (Locked takes the seconds as %1).
     static uint32_t messageOf(const UserAccess::EditResult& result);
+    // That text, with the seconds when it is Locked; empty for 0.
+    static VyString messageText(uint32_t textId, int lockSeconds);
     // The rights a new user starts with: live view and playback of every channel.
     static UserRights newUserRights();
 
