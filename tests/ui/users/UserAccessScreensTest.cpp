@@ -1,5 +1,4 @@
-#include "../../model/UserLinkDouble.h"
-#include "../settings/SettingsUiTestApp.h"
+#include "UserScreensTestApp.h"
 
 #include "model/DeviceProfile.h"
 #include "model/KeyManagerLink.h"
@@ -32,35 +31,9 @@
 
 namespace {
 
-// The lock window, the user entry and what a user's rights grey out. VY_SHOT_DIR=dir
-// writes the locked screen as a PNG there, to look at it.
-class UserAccessScreensTest : public SettingsUiTest {
+// The lock window, the user entry and what a user's rights grey out.
+class UserAccessScreensTest : public UserScreensTest {
 protected:
-    const char* displayDevice() const override {
-        static std::string device;
-        const char* dir = std::getenv("VY_SHOT_DIR");
-        device = dir ? std::string("mem:960x540:") + dir + "/useraccess.raw" : "mem:960x540";
-        return device.c_str();
-    }
-    void SetUp() override {
-        SettingsUiTest::SetUp();
-        VyStyle::instance()->followScreen(app()->screen());
-        RecorderLink::setInstance(&link);
-        link.addEntry("admin", true, UserRights());
-        link.addEntry("oper", false, UserRights());
-        DeviceProfile& p = DeviceProfile::current();
-        p = DeviceProfile{};
-        p.channelCount = 2;
-        p.maxDiskNum = 1;
-        p.enableNormalRecord = true;
-    }
-    void TearDown() override {
-        UserAccess::setLoginPrompt(nullptr);
-        VyKeyManager::setKeyRestriction(false);
-        RecorderLink::setInstance(nullptr);
-        DeviceProfile::current() = DeviceProfile{};
-        SettingsUiTest::TearDown();
-    }
     void logIn(bool admin, uint32_t functions) {
         UserRights r;
         r.functions = functions;
@@ -69,14 +42,6 @@ protected:
         ASSERT_EQ(access.login(admin ? "admin" : "oper", "12345").outcome,
                   UserAccess::Outcome::LoggedIn);
     }
-    void shot(const char* name) {
-        if (const char* dir = std::getenv("VY_SHOT_DIR")) {
-            app()->screen()->flush();
-            VyFrameDump::fromRawFile(std::string(dir) + "/useraccess.raw", 960, 540)
-                .savePng(std::string(dir) + "/" + name);
-        }
-    }
-    UserLinkDouble link;
     UserAccess access;
 };
 

@@ -1,5 +1,4 @@
-#include "../../model/UserLinkDouble.h"
-#include "../settings/SettingsUiTestApp.h"
+#include "UserScreensTestApp.h"
 
 #include "model/DeviceProfile.h"
 #include "platform/display/VyFrameDump.h"
@@ -20,42 +19,8 @@
 
 namespace {
 
-// The login dialog, and the settings tiles asking through it. VY_SHOT_DIR=dir writes the
-// dialog's two forms as PNG files there, to look at them.
-class UserLoginDialogTest : public SettingsUiTest {
-protected:
-    const char* displayDevice() const override {
-        static std::string device;
-        const char* dir = std::getenv("VY_SHOT_DIR");
-        device = dir ? std::string("mem:960x540:") + dir + "/userlogin.raw" : "mem:960x540";
-        return device.c_str();
-    }
-    void SetUp() override {
-        SettingsUiTest::SetUp();
-        VyStyle::instance()->followScreen(app()->screen());
-        RecorderLink::setInstance(&link);
-        link.addEntry("admin", true, UserRights());
-        link.addEntry("oper", false, UserRights());
-        DeviceProfile& p = DeviceProfile::current();
-        p = DeviceProfile{};
-        p.channelCount = 2;
-        p.enableNormalRecord = true;
-    }
-    void shot(const char* name) {
-        if (const char* dir = std::getenv("VY_SHOT_DIR")) {
-            app()->screen()->flush();
-            VyFrameDump::fromRawFile(std::string(dir) + "/userlogin.raw", 960, 540)
-                .savePng(std::string(dir) + "/" + name);
-        }
-    }
-    void TearDown() override {
-        UserAccess::setLoginPrompt(nullptr);
-        RecorderLink::setInstance(nullptr);
-        DeviceProfile::current() = DeviceProfile{};
-        SettingsUiTest::TearDown();
-    }
-    UserLinkDouble link;
-};
+// The login dialog, and the settings tiles asking through it.
+using UserLoginDialogTest = UserScreensTest;
 
 } // namespace
 
